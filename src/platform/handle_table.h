@@ -1,0 +1,69 @@
+// Handles that cannot be misused: a handle is a number that names a slot and its generation, so that a deleted or
+// foreign one is recognised instead of followed. Inside the platform only.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <utility>
+#include <vector>
+
+template <typename Object> class HandleTable {
+public:
+    // `kind` (1 to 15) keeps the handles of different tables apart.
+    explicit HandleTable(unsigned kind) : kind_(kind) {}
+
+    // Takes the object and gives its handle as a value that is never 0.
+    std::uintptr_t insert(std::unique_ptr<Object> object) {
+        std::size_t index = 0;
+        if (freeSlots_.empty()) {
+            index = slots_.size();
+            slots_.emplace_back();
+        } else {
+            index = freeSlots_.back();
+            freeSlots_.pop_back();
+        }
+        slots_[index].object = std::move(object);
+        return encode(index, slots_[index].generation);
+    }
+
+    // The object, or null for a handle that is not (or no longer) of this table.
+    Object* find(std::uintptr_t handle) const {
+        const std::size_t index = indexOf(handle);
+        return index < slots_.size() && handle == encode(index, slots_[index].generation)
+                   ? slots_[index].object.get()
+                   : nullptr;
+    }
+
+    // Takes the object out; null for an unknown handle.
+    std::unique_ptr<Object> remove(std::uintptr_t handle) {
+        if (!find(handle)) {
+            return nullptr;
+        }
+        const std::size_t index = indexOf(handle);
+        slots_[index].generation = (slots_[index].generation + 1) & generationMask;
+        freeSlots_.push_back(index);
+        return std::move(slots_[index].object);
+    }
+
+    // Objects that live.
+    std::size_t size() const { return slots_.size() - freeSlots_.size(); }
+
+private:
+    struct Slot {
+        std::unique_ptr<Object> object;
+        std::uintptr_t generation = 0;
+    };
+
+    // Low to high: kind 4 bits, index 16 bits, generation 11 bits, so that a handle fits 32 bits.
+    static constexpr std::uintptr_t generationMask = 0x7FF;
+
+    std::uintptr_t encode(std::size_t index, std::uintptr_t generation) const {
+        return kind_ | (static_cast<std::uintptr_t>(index) << 4) | (generation << 20);
+    }
+    static std::size_t indexOf(std::uintptr_t handle) { return (handle >> 4) & 0xFFFF; }
+
+    std::uintptr_t kind_;
+    std::vector<Slot> slots_;
+    std::vector<std::size_t> freeSlots_;
+};
