@@ -1,0 +1,124 @@
+#include "cabinet.h"
+
+#include "games.h"
+
+#include <filesystem>
+#include <fstream>
+#include <system_error>
+
+namespace {
+
+namespace fs = std::filesystem;
+
+// A dark room with warm letters: ivory on midnight, a crimson bar, amber on plum at the foot. The numbers are
+// 0xBBGGRR, red in the low byte.
+constexpr std::string_view Settings = R"(; The demonstration cabinet. Delete this file to have it made anew.
+[Settings]
+Mame.exe=demo-mame
+Roms.dir=roms
+Snapshot.dir=snap
+Title.dir=titles
+Flyer.dir=flyers
+Marquee.dir=marquees
+Cabinet.dir=cabinets
+Attract.dir=attracts
+UseMameInfoDat=0
+Orientation=Normal
+MenuType=ListView
+PreviewPictures=ScreenShots
+Fontface=Arial
+Fontsize=26
+MenuFontSize=20
+; ivory letters
+Fontcolor=0xC8EEFF
+; midnight
+Backgroundcolor=0x220C0E
+; crimson bar
+HighlightBackcolor=0x5414BC
+HighlightForecolor=0xFFFFFF
+PreviewFontcolor=0xC8EEFF
+PreviewBackgroundcolor=0x220C0E
+PreviewHighlightForecolor=0xFFFFFF
+PreviewHighlightBackcolor=0x5414BC
+ShowStatusBar=1
+StatusBarFontFace=Arial
+StatusBarFontSize=16
+; amber on plum
+StatusBarForeColor=0x4CC2FF
+StatusBarBackColor=0x481A34
+
+[RomOptions]
+SortBy=Name
+DisplayMissingRoms=0
+)";
+
+constexpr std::string_view OptionsHead = R"(
+; What the emulator is told besides the name of a game. A clone without a line of its own has that of its parent.
+[Mameoptions]
+)";
+
+// The end record of a zip without entries: the shortest file that every tool takes for a zip.
+std::string emptyZip() {
+    return std::string("PK\5\6", 4) + std::string(18, '\0');
+}
+
+bool layOutRoms(const fs::path& roms, std::string& problem) {
+    std::error_code error;
+    for (const DemoGame& game : demoGames()) {
+        fs::path zip = roms / (std::string(game.name) + ".zip");
+        if (game.romPresent && !fs::exists(zip, error) && !writeTextFile(zip.string(), emptyZip(), problem))
+            return false;
+        if (!game.romPresent)
+            fs::remove(zip, error);
+    }
+    return true;
+}
+
+} // namespace
+
+bool layOutCabinet(const std::string& folder, std::string& problem) {
+    fs::path cabinet(folder);
+    std::error_code error;
+    fs::create_directories(cabinet / "roms", error);
+    if (error) {
+        problem = "cannot make the folder " + (cabinet / "roms").string() + ": " + error.message();
+        return false;
+    }
+    fs::path ini = cabinet / "kestravox.ini";
+    if (!fs::exists(fs::symlink_status(ini, error)) &&
+        !writeTextFile(ini.string(), cabinetSettings(), problem))
+        return false;
+    if (!layOutRoms(cabinet / "roms", problem))
+        return false;
+    // The front end trusts a list for ever; without one it asks the stand-in for the games of this build.
+    fs::remove(cabinet / "listinfo.dat", error);
+    fs::remove(cabinet / "listinfo.xml", error);
+    return true;
+}
+
+std::string cabinetSettings(const std::vector<SettingChange>& changes) {
+    std::string text(Settings);
+    for (const SettingChange& change : changes) {
+        std::string line = change.key + "=" + change.value + "\n";
+        std::size_t start = text.find("\n" + change.key + "=");
+        if (start == std::string::npos)
+            text.insert(text.find("[Settings]\n") + std::string_view("[Settings]\n").size(), line);
+        else
+            text.replace(start + 1, text.find('\n', start + 1) - start, line);
+    }
+    text += OptionsHead;
+    for (const DemoGame& game : demoGames()) {
+        if (!game.options.empty())
+            text += std::string(game.name) + "=" + std::string(game.options) + "\n";
+    }
+    return text;
+}
+
+bool writeTextFile(const std::string& path, const std::string& content, std::string& problem) {
+    std::ofstream file(path, std::ios::binary | std::ios::trunc);
+    file << content;
+    file.close();
+    if (!file)
+        problem = "cannot write " + path;
+    return static_cast<bool>(file);
+}

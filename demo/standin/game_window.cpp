@@ -1,0 +1,167 @@
+#include "standin/game_window.h"
+
+#include "standin/caption.h"
+#include "standin/scene.h"
+
+#include <SDL.h>
+#include <algorithm>
+#include <cstring>
+#include <memory>
+#include <string>
+
+namespace {
+
+constexpr int FrameMilliseconds = 33;
+
+struct SurfaceEnd {
+    void operator()(SDL_Surface* surface) const { SDL_FreeSurface(surface); }
+};
+struct WindowEnd {
+    void operator()(SDL_Window* window) const { SDL_DestroyWindow(window); }
+};
+
+// Ends SDL's video on every way out.
+struct VideoSession {
+    ~VideoSession() { SDL_Quit(); }
+};
+
+// What the keys have done so far.
+struct Play {
+    double playerX = 0;
+    double playerY = 0;
+    double flashUntil = -1; // seconds
+    int score = 0;
+    bool over = false;
+    bool terminated = false;
+};
+
+bool openVideo() {
+    if (SDL_Init(SDL_INIT_VIDEO) != 0)
+        return false;
+    const char* driver = SDL_GetCurrentVideoDriver();
+    bool seen =
+        driver != nullptr && std::strcmp(driver, "dummy") != 0 && std::strcmp(driver, "offscreen") != 0;
+    // A plain copy beats software OpenGL where there is no graphics card, and is as good where there is one.
+    if (seen && std::strcmp(driver, "x11") == 0)
+        SDL_SetHint(SDL_HINT_FRAMEBUFFER_ACCELERATION, "0");
+    if (!seen)
+        SDL_Quit();
+    return seen;
+}
+
+void handleEvent(const SDL_Event& event, double seconds, Play& play) {
+    if (event.type == SDL_QUIT) {
+        play.over = play.terminated = true;
+    } else if (event.type == SDL_KEYDOWN && event.key.repeat == 0) {
+        SDL_Keycode key = event.key.keysym.sym;
+        bool arrow = key == SDLK_LEFT || key == SDLK_RIGHT || key == SDLK_UP || key == SDLK_DOWN;
+        play.over = play.over || key == SDLK_ESCAPE;
+        if (!arrow) {
+            play.flashUntil = seconds + 0.25;
+            play.score += 150;
+        }
+    }
+}
+
+// Held arrows move the player; a second takes it from side to side.
+void movePlayer(Play& play, double elapsed) {
+    const Uint8* keys = SDL_GetKeyboardState(nullptr);
+    double reach = elapsed * 2;
+    play.playerX += reach * (keys[SDL_SCANCODE_RIGHT] - keys[SDL_SCANCODE_LEFT]);
+    play.playerY += reach * (keys[SDL_SCANCODE_DOWN] - keys[SDL_SCANCODE_UP]);
+    play.playerX = std::clamp(play.playerX, -1.0, 1.0);
+    play.playerY = std::clamp(play.playerY, -1.0, 1.0);
+}
+
+// The part of the screen that the game's tube covers: 4:3, or 3:4 when it stands upright.
+SDL_Rect tubeArea(const DemoGame& game, int width, int height) {
+    int across = game.display.portrait() ? 3 : 4;
+    int down = 7 - across;
+    int tubeWidth = std::min(width, height * across / down);
+    int tubeHeight = std::min(height, width * down / across);
+    return {(width - tubeWidth) / 2, (height - tubeHeight) / 2, tubeWidth, tubeHeight};
+}
+
+class GameScreen {
+public:
+    explicit GameScreen(const DemoGame& shownGame) : game(shownGame) {
+        SDL_Rect bounds{0, 0, 640, 480};
+        SDL_GetDisplayBounds(0, &bounds);
+        std::string title(game.description);
+        window.reset(SDL_CreateWindow(title.c_str(), bounds.x, bounds.y, bounds.w, bounds.h,
+                                      SDL_WINDOW_FULLSCREEN_DESKTOP | SDL_WINDOW_BORDERLESS));
+        if (window != nullptr)
+            SDL_ShowCursor(SDL_DISABLE);
+    }
+
+    bool open() const { return window != nullptr; }
+
+    // The window's own surface comes anew after each change of its size.
+    void show(double seconds, const Play& play) {
+        SDL_Surface* target = SDL_GetWindowSurface(window.get());
+        if (target == nullptr)
+            return;
+        if (frame == nullptr || frame->w != target->w || frame->h != target->h) {
+            frame.reset(SDL_CreateRGBSurfaceWithFormat(0, target->w, target->h, 32, SDL_PIXELFORMAT_RGB888));
+            if (frame == nullptr)
+                return;
+            tube = tubeArea(game, frame->w, frame->h);
+            caption.emplace(game, tube.w, tube.h);
+        }
+        compose(seconds, play);
+        SDL_BlitSurface(frame.get(), nullptr, target, nullptr);
+        SDL_UpdateWindowSurface(window.get());
+    }
+
+private:
+    void compose(double seconds, const Play& play) {
+        cairo_surface_t* surface = cairo_image_surface_create_for_data(
+            static_cast<unsigned char*>(frame->pixels), CAIRO_FORMAT_RGB24, frame->w, frame->h, frame->pitch);
+        cairo_t* context = cairo_create(surface);
+        cairo_rectangle(context, tube.x, tube.y, tube.w, tube.h);
+        cairo_clip(context);
+        cairo_translate(context, tube.x, tube.y);
+        drawScene(context, game, {seconds, play.playerX, play.playerY}, tube.w, tube.h);
+        if (seconds < play.flashUntil) {
+            cairo_set_source_rgba(context, 1, 1, 1, 0.55);
+            cairo_paint(context);
+        }
+        caption->draw(context, seconds, play.score);
+        cairo_destroy(context);
+        cairo_surface_destroy(surface);
+    }
+
+    const DemoGame& game;
+    std::unique_ptr<SDL_Window, WindowEnd> window;
+    std::unique_ptr<SDL_Surface, SurfaceEnd> frame;
+    SDL_Rect tube{};
+    std::optional<Caption> caption;
+};
+
+} // namespace
+
+GameEnd playInWindow(const DemoGame& game, std::optional<int> secondsLimit) {
+    if (!openVideo())
+        return GameEnd::NoDisplay;
+    VideoSession session;
+    GameScreen screen(game);
+    if (!screen.open())
+        return GameEnd::NoDisplay;
+    Play play;
+    Uint64 start = SDL_GetTicks64();
+    double seconds = 0;
+    while (!play.over && !(secondsLimit && seconds >= *secondsLimit)) {
+        screen.show(seconds, play);
+        SDL_Event event;
+        Uint64 frameEnd = start + static_cast<Uint64>(seconds * 1000) + FrameMilliseconds;
+        while (!play.over && SDL_GetTicks64() < frameEnd) {
+            if (SDL_WaitEventTimeout(&event,
+                                     static_cast<int>(frameEnd - std::min(frameEnd, SDL_GetTicks64()))) != 0)
+                handleEvent(event, seconds, play);
+        }
+        double now = static_cast<double>(SDL_GetTicks64() - start) / 1000;
+        movePlayer(play, now - seconds);
+        seconds = now;
+    }
+    return play.terminated ? GameEnd::Terminated : GameEnd::Finished;
+}

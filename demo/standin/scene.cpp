@@ -1,0 +1,184 @@
+#include "standin/scene.h"
+
+#include "standin/pixel_canvas.h"
+#include "standin/vector_scene.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+// What a raster scene needs to know, its hue included.
+struct Stage {
+    PixelCanvas& canvas;
+    std::uint32_t seed;
+    double hue;
+    const SceneMoment& moment;
+
+    int across(double share) const { return static_cast<int>(share * canvas.width); }
+    int down(double share) const { return static_cast<int>(share * canvas.height); }
+    int step(double rate) const { return static_cast<int>(moment.seconds * rate) & 1; }
+};
+
+// Where something that travels `speed` pixels a second stands on a side of that length.
+int wrapped(double start, double speed, double seconds, int side) {
+    double place = std::fmod(start + speed * seconds, side);
+    return static_cast<int>(place < 0 ? place + side : place);
+}
+
+void drawStars(const Stage& stage, int bottom, int count) {
+    for (int i = 0; i < count; ++i) {
+        std::uint32_t chance = mixed(stage.seed, 1000u + static_cast<std::uint32_t>(i));
+        int layer = 1 + static_cast<int>(chance >> 29);
+        int x = static_cast<int>(chance % static_cast<std::uint32_t>(stage.canvas.width));
+        int y = wrapped(static_cast<double>((chance >> 8) % 4096), layer * 6, stage.moment.seconds, bottom);
+        stage.canvas.fill(x, y, 1, 1, colourOf(stage.hue + 0.5, 0.2, 0.3 + layer * 0.08));
+    }
+}
+
+// Rows of creatures march across, a ship below answers with shots.
+void drawInvasion(const Stage& stage) {
+    stage.canvas.fill(0, 0, stage.canvas.width, stage.canvas.height, colourOf(stage.hue, 0.8, 0.08));
+    drawStars(stage, stage.canvas.height, 90);
+    int columns = (stage.canvas.width - 60) / 19;
+    int sway = static_cast<int>(std::sin(stage.moment.seconds * 0.8) * 22);
+    int left = (stage.canvas.width - columns * 19) / 2 + sway;
+    for (int row = 0; row < 4; ++row) {
+        Colour body = colourOf(stage.hue + 0.13 * row, 0.75, 1.0);
+        for (int column = 0; column < columns; ++column)
+            drawCreature(stage.canvas, left + column * 19, stage.down(0.47) + row * 15, 1,
+                         mixed(stage.seed, static_cast<std::uint32_t>(row)), stage.step(2.5), body, 0);
+    }
+    int ship = stage.across(0.5 + stage.moment.playerX * 0.42);
+    int deck = stage.down(0.9 + stage.moment.playerY * 0.06);
+    for (int shot = 0; shot < 3; ++shot)
+        stage.canvas.fill(ship, deck - wrapped(shot * 40, 130, stage.moment.seconds, 120), 1, 5, 0xFFFFFF);
+    drawCreature(stage.canvas, ship - 9, deck, 2, stage.seed ^ 0x5157u, 0,
+                 colourOf(stage.hue + 0.5, 0.5, 1.0), 0x202020);
+}
+
+// A road runs to the sunset, with signs beside it.
+void drawRoad(const Stage& stage) {
+    int horizon = stage.down(0.52);
+    for (int y = 0; y < horizon; ++y) {
+        double share = static_cast<double>(y / 4 * 4) / horizon;
+        stage.canvas.fill(0, y, stage.canvas.width, 1,
+                          colourOf(stage.hue + 0.1 * share, 0.85, 0.15 + 0.5 * share));
+    }
+    int radius = stage.down(0.16);
+    for (int y = -radius; y < 0; ++y) {
+        int half = static_cast<int>(std::sqrt(static_cast<double>(radius * radius - y * y)));
+        if (y > -radius / 2 && (-y) % 5 == 0)
+            continue;
+        stage.canvas.fill(stage.across(0.5) - half, horizon + y, half * 2, 1,
+                          colourOf(0.14 - 0.1 * (radius + y) / radius, 0.8, 1.0));
+    }
+    double bend = std::sin(stage.moment.seconds * 0.5 + stage.seed % 7) * 0.22;
+    for (int y = horizon; y < stage.canvas.height; ++y) {
+        double near = (y - horizon + 1.0) / (stage.canvas.height - horizon);
+        bool stripe = std::fmod(2.2 / near + stage.moment.seconds * 5, 2.0) < 1.0;
+        double middle = 0.5 + bend * (1 - near) * (1 - near) * 1.6 - stage.moment.playerX * near * 0.3;
+        int half = stage.across(0.03 + 0.42 * near);
+        int centre = stage.across(middle);
+        int kerb = 1 + half / 8;
+        stage.canvas.fill(0, y, stage.canvas.width, 1, colourOf(stage.hue + 0.35, 0.7, stripe ? 0.34 : 0.28));
+        stage.canvas.fill(centre - half - kerb, y, (half + kerb) * 2, 1, stripe ? 0xF0F0F0 : 0xC02030);
+        stage.canvas.fill(centre - half, y, half * 2, 1, stripe ? 0x3C3C46 : 0x36363F);
+        if (stripe)
+            stage.canvas.fill(centre - half / 24, y, 1 + half / 12, 1, 0xE8E0C0);
+    }
+    drawCreature(stage.canvas, stage.across(0.5) - 22, stage.down(0.98) - 40, 5, stage.seed, stage.step(8),
+                 colourOf(stage.hue + 0.6, 0.7, 1.0), 0x101010);
+}
+
+// Hills in three depths roll past a creature that hops after its fruit.
+void drawHills(const Stage& stage) {
+    for (int y = 0; y < stage.canvas.height; ++y) {
+        double share = static_cast<double>(y / 6 * 6) / stage.canvas.height;
+        stage.canvas.fill(0, y, stage.canvas.width, 1,
+                          colourOf(stage.hue, 0.75 - 0.35 * share, 0.2 + 0.45 * share));
+    }
+    for (int depth = 0; depth < 3; ++depth) {
+        double travel = stage.moment.seconds * (14 + 24 * depth) + stage.moment.playerX * 20;
+        Colour colour = colourOf(stage.hue + 0.3 + 0.05 * depth, 0.7, 0.22 + 0.14 * depth);
+        for (int x = 0; x < stage.canvas.width; ++x) {
+            double place = (x + travel) / (64 - 12 * depth);
+            double rise = std::sin(place + depth) * 0.05 + std::sin(place * 2.3 + stage.seed % 11) * 0.025;
+            int top = stage.down(0.6 + 0.12 * depth - rise);
+            stage.canvas.fill(x, top, 1, stage.canvas.height - top, colour);
+        }
+    }
+    for (int fruit = 0; fruit < 6; ++fruit) {
+        int x = stage.canvas.width -
+                wrapped(fruit * stage.canvas.width / 6.0, 62, stage.moment.seconds, stage.canvas.width + 20);
+        int y = stage.down(0.66) + static_cast<int>(std::sin(stage.moment.seconds * 3 + fruit) * 5);
+        drawCreature(stage.canvas, x, y, 1, stage.seed ^ 0xF00Du, 0, colourOf(stage.hue + 0.55, 0.6, 1.0),
+                     0x301010);
+    }
+    double hop = std::abs(std::sin(stage.moment.seconds * 4));
+    int x = stage.across(0.3 + stage.moment.playerX * 0.25);
+    int y = stage.down(0.9 - 0.14 * hop + 0.08 * stage.moment.playerY) - 24;
+    drawCreature(stage.canvas, x, y, 3, stage.seed, hop < 0.3 ? 0 : 1, colourOf(stage.hue + 0.55, 0.25, 1.0),
+                 0x101018);
+}
+
+// A hand-held's glass: every place where a figure can be is printed faintly, one at a time is dark.
+void drawGlass(const Stage& stage) {
+    constexpr Colour Glass = 0xB9C4A0;
+    constexpr Colour Faint = 0xA9B491;
+    constexpr Colour Dark = 0x23281F;
+    stage.canvas.fill(0, 0, stage.canvas.width, stage.canvas.height, Glass);
+    stage.canvas.fill(0, stage.down(0.93), stage.canvas.width, 2, Dark);
+    int beat = static_cast<int>(stage.moment.seconds * 3);
+    for (int column = 0; column < 6; ++column) {
+        int x = stage.across(0.07 + 0.15 * column);
+        for (int row = 0; row < 3; ++row) {
+            bool lit = (beat + column * 2) % 5 == row;
+            drawCreature(stage.canvas, x, stage.down(0.48 + 0.1 * row), 1, stage.seed, row & 1,
+                         lit ? Dark : Faint, Glass);
+        }
+        int place = static_cast<int>((stage.moment.playerX + 1) * 2.99);
+        drawCreature(stage.canvas, x - 4, stage.down(0.8), 2, stage.seed ^ 0xABu, 0,
+                     place == column ? Dark : Faint, Glass);
+    }
+}
+
+// Puts the canvas on the context, each canvas pixel as a sharp block.
+void paintEnlarged(cairo_t* context, PixelCanvas& canvas, double width, double height) {
+    cairo_surface_t* surface = cairo_image_surface_create_for_data(
+        reinterpret_cast<unsigned char*>(canvas.pixels.data()), CAIRO_FORMAT_RGB24, canvas.width,
+        canvas.height, canvas.width * static_cast<int>(sizeof(Colour)));
+    cairo_save(context);
+    cairo_scale(context, width / canvas.width, height / canvas.height);
+    cairo_set_source_surface(context, surface, 0, 0);
+    cairo_pattern_set_filter(cairo_get_source(context), CAIRO_FILTER_NEAREST);
+    cairo_paint(context);
+    cairo_restore(context);
+    cairo_surface_destroy(surface);
+}
+
+} // namespace
+
+void drawScene(cairo_t* context, const DemoGame& game, const SceneMoment& moment, double width,
+               double height) {
+    std::uint32_t seed = seedOfName(game.name);
+    double hue = seed % 360 / 360.0;
+    if (game.display.type == "vector") {
+        drawVectorScene(context, seed, colourOf(hue, 0.6, 1.0), moment, width, height);
+        return;
+    }
+    // The short side has 192 pixels in either position of the tube; they need not be square.
+    bool portrait = width < height;
+    PixelCanvas canvas(portrait ? 192 : 256, portrait ? 256 : 192);
+    Stage stage{canvas, seed, hue, moment};
+    bool wheel = game.control.type == "paddle" || game.control.type == "pedal" || game.control.type == "dial";
+    if (game.display.type == "lcd")
+        drawGlass(stage);
+    else if (wheel && !portrait)
+        drawRoad(stage);
+    else if (portrait || seed % 2 == 0)
+        drawInvasion(stage);
+    else
+        drawHills(stage);
+    paintEnlarged(context, canvas, width, height);
+}
