@@ -1,0 +1,56 @@
+#include "config/ini_values.h"
+
+#include "platform/profile.h"
+
+#include <algorithm>
+#include <cstdlib>
+#include <cstring>
+#include <limits>
+#include <string>
+
+namespace {
+
+// The number at the head of a text, kept within 32 bits.
+std::int32_t numberAtHead(const IniValue& value, int base) {
+    using Limits = std::numeric_limits<std::int32_t>;
+    const long long number = std::strtoll(value.data(), nullptr, base);
+    return static_cast<std::int32_t>(std::clamp<long long>(number, Limits::min(), Limits::max()));
+}
+
+} // namespace
+
+IniValue readIniValue(const char* section, const char* key, const char* defaultText, const char* file) {
+    IniValue value{};
+    GetPrivateProfileStringA(section, key, defaultText, value.data(), static_cast<DWORD>(value.size()), file);
+    return value;
+}
+
+char* readIniString(const char* section, const char* key, const char* defaultText, const char* file) {
+    return strdup(readIniValue(section, key, defaultText, file).data());
+}
+
+char* readIniStringOrNull(const char* section, const char* key, const char* file) {
+    char* text = readIniString(section, key, "", file);
+    if (text != nullptr && text[0] == '\0') {
+        std::free(text);
+        return nullptr;
+    }
+    return text;
+}
+
+COLORREF readIniHex(const char* section, const char* key, const char* defaultText, const char* file) {
+    return static_cast<COLORREF>(numberAtHead(readIniValue(section, key, defaultText, file), 16));
+}
+
+std::int32_t readIniBool(const char* section, const char* key, std::int32_t defaultFlag, const char* file) {
+    const IniValue value = readIniValue(section, key, defaultFlag != 0 ? "1" : "0", file);
+    return std::strcmp(value.data(), "0") == 0 ? 0 : 1;
+}
+
+std::int32_t readIniInt(const char* section, const char* key, const char* defaultText, const char* file) {
+    return numberAtHead(readIniValue(section, key, defaultText, file), 10);
+}
+
+void writeIniInt(const char* section, const char* key, std::int32_t number, const char* file) {
+    WritePrivateProfileStringA(section, key, std::to_string(number).c_str(), file);
+}

@@ -1,0 +1,143 @@
+#include "config/settings.h"
+
+#include "config/ini_values.h"
+#include "config/setting_table.h"
+#include "platform/profile.h"
+#include "state/shared_state.h"
+
+#include <algorithm>
+#include <cstdlib>
+#include <cstring>
+
+Settings settings;
+
+namespace {
+
+std::int32_t& int32Field(const SettingRow& row) {
+    return settings.*std::get<std::int32_t Settings::*>(row.field);
+}
+
+std::int16_t& int16Field(const SettingRow& row) {
+    return settings.*std::get<std::int16_t Settings::*>(row.field);
+}
+
+COLORREF& colourField(const SettingRow& row) {
+    return settings.*std::get<COLORREF Settings::*>(row.field);
+}
+
+char*& textField(const SettingRow& row) {
+    return settings.*std::get<char * Settings::*>(row.field);
+}
+
+bool isField(const SettingRow& row, SettingField field) {
+    return row.field == field;
+}
+
+const ChoiceWord* findWord(const SettingRow& row, const char* word) {
+    const auto found = std::ranges::find_if(
+        row.words, [word](const ChoiceWord& choice) { return std::strcmp(choice.word, word) == 0; });
+    return found == row.words.end() ? nullptr : &*found;
+}
+
+std::int32_t numberOfWord(const SettingRow& row, const char* word) {
+    const ChoiceWord* choice = findWord(row, word);
+    return choice != nullptr ? choice->number : findWord(row, row.defaultText)->number;
+}
+
+const char* wordOfNumber(const SettingRow& row, std::int32_t number) {
+    const auto found = std::ranges::find(row.words, number, &ChoiceWord::number);
+    return found == row.words.end() ? row.defaultText : found->word;
+}
+
+std::int32_t readNumber(const SettingRow& row) {
+    return static_cast<std::int32_t>(
+        GetPrivateProfileIntA(row.section, row.key, std::atoi(row.defaultText), iniPath));
+}
+
+void loadRow(const SettingRow& row) {
+    switch (row.kind) {
+    case SettingKind::flag:
+        int32Field(row) = readIniBool(row.section, row.key, std::atoi(row.defaultText), iniPath);
+        break;
+    case SettingKind::number:
+        int32Field(row) = readNumber(row);
+        break;
+    case SettingKind::shortNumber:
+        int16Field(row) = static_cast<std::int16_t>(readNumber(row));
+        break;
+    case SettingKind::code:
+        int32Field(row) = readIniInt(row.section, row.key, row.defaultText, iniPath);
+        break;
+    case SettingKind::colour:
+        colourField(row) = readIniHex(row.section, row.key, row.defaultText, iniPath);
+        break;
+    case SettingKind::text:
+        textField(row) = readIniString(row.section, row.key, row.defaultText, iniPath);
+        break;
+    case SettingKind::optionalText:
+        textField(row) = readIniStringOrNull(row.section, row.key, iniPath);
+        break;
+    case SettingKind::choice:
+        int32Field(row) =
+            numberOfWord(row, readIniValue(row.section, row.key, row.defaultText, iniPath).data());
+        break;
+    }
+}
+
+// The text to save for a text row, or null when the key must stay as it is in the file.
+const char* textToSave(const SettingRow& row) {
+    if (!isField(row, &Settings::selectedGame)) {
+        return textField(row);
+    }
+    const bool hasSelection = visibleGames != nullptr && selectedIndex >= 0 && selectedIndex < visibleCount;
+    return hasSelection ? visibleGames[selectedIndex]->name : nullptr;
+}
+
+void saveRow(const SettingRow& row) {
+    switch (row.kind) {
+    case SettingKind::flag:
+    case SettingKind::number:
+        writeIniInt(row.section, row.key, int32Field(row), iniPath);
+        break;
+    case SettingKind::shortNumber:
+        writeIniInt(row.section, row.key, int16Field(row), iniPath);
+        break;
+    case SettingKind::choice: {
+        // The rotation in force may be player 2's.
+        const std::int32_t number =
+            isField(row, &Settings::orientation) ? settings.baseOrientation : int32Field(row);
+        WritePrivateProfileStringA(row.section, row.key, wordOfNumber(row, number), iniPath);
+        break;
+    }
+    case SettingKind::text:
+        if (const char* text = textToSave(row)) {
+            WritePrivateProfileStringA(row.section, row.key, text, iniPath);
+        }
+        break;
+    case SettingKind::code:
+    case SettingKind::colour:
+    case SettingKind::optionalText:
+        break; // no row of these kinds is saved
+    }
+}
+
+} // namespace
+
+void loadSettings() {
+    std::ranges::for_each(settingTable, loadRow);
+}
+
+void saveSettings() {
+    for (int place = 1; place <= savedSettingCount; ++place) {
+        saveRow(*std::ranges::find(settingTable, place, &SettingRow::savePlace));
+    }
+}
+
+void freeSettings() {
+    for (const SettingRow& row : settingTable) {
+        if (std::holds_alternative<char * Settings::*>(row.field)) {
+            std::free(textField(row));
+            textField(row) = nullptr;
+        }
+    }
+}

@@ -1,0 +1,41 @@
+// The table must be sound in itself, since nothing checks it at run time.
+#include "config/setting_table.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cstring>
+#include <set>
+#include <string>
+
+TEST(SettingTable, keysFieldsAndSavePlacesOccurOnce) {
+    std::set<std::string> keys;
+    std::set<int> savePlaces;
+    for (const SettingRow& row : settingTable) {
+        SCOPED_TRACE(row.key);
+        EXPECT_TRUE(keys.insert(std::string(row.section) + "/" + row.key).second);
+        EXPECT_EQ(std::ranges::count(settingTable, row.field, &SettingRow::field), 1);
+        if (row.savePlace != notSaved) {
+            EXPECT_TRUE(savePlaces.insert(row.savePlace).second);
+        }
+    }
+    EXPECT_EQ(savePlaces.size(), static_cast<std::size_t>(savedSettingCount));
+    EXPECT_EQ(*savePlaces.begin(), 1);
+    EXPECT_EQ(*savePlaces.rbegin(), savedSettingCount);
+}
+
+TEST(SettingTable, kindsFitTheirFieldsAndDefaults) {
+    for (const SettingRow& row : settingTable) {
+        SCOPED_TRACE(row.key);
+        const bool isText = row.kind == SettingKind::text || row.kind == SettingKind::optionalText;
+        EXPECT_EQ(isText, std::holds_alternative<char * Settings::*>(row.field));
+        EXPECT_EQ(row.kind == SettingKind::colour, std::holds_alternative<COLORREF Settings::*>(row.field));
+        EXPECT_EQ(row.kind == SettingKind::shortNumber,
+                  std::holds_alternative<std::int16_t Settings::*>(row.field));
+        EXPECT_EQ(row.kind == SettingKind::optionalText, row.defaultText == nullptr);
+        const bool hasDefaultWord = std::ranges::any_of(row.words, [&row](const ChoiceWord& choice) {
+            return std::strcmp(choice.word, row.defaultText) == 0;
+        });
+        EXPECT_EQ(row.kind == SettingKind::choice, hasDefaultWord);
+    }
+}

@@ -1,0 +1,14 @@
+#include "config/settings_document.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+
+TEST(SettingsDocument, isWhatTheManualHolds) {
+    const auto manual = std::filesystem::path(__FILE__).parent_path() / "../../docs/settings.md";
+    std::ifstream file(manual);
+    const std::string text{std::istreambuf_iterator<char>(file), {}};
+    EXPECT_EQ(text, settingsDocument()) << "run settings_doc > docs/settings.md";
+}

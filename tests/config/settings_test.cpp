@@ -1,0 +1,217 @@
+#include "config/settings.h"
+
+#include "state/shared_state.h"
+#include "support/temporary_folder.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+namespace {
+
+class SettingsTest : public ::testing::Test {
+protected:
+    SettingsTest() {
+        iniPath = path.c_str();
+        game.name = gameName;
+    }
+    ~SettingsTest() override {
+        freeSettings();
+        visibleGames = nullptr;
+        visibleCount = 0;
+    }
+
+    void load() {
+        freeSettings();
+        loadSettings();
+        settings.baseOrientation = settings.orientation;
+    }
+
+    void loadText(const std::string& text) {
+        folder.write("front.ini", text);
+        load();
+    }
+
+    TemporaryFolder folder;
+    std::string path = folder.pathOf("front.ini");
+    char gameName[8] = "pong2";
+    GameRecord game{};
+    GameRecord* games[1] = {&game};
+};
+
+void expectDefaults() {
+    EXPECT_EQ(settings.allowMenu, 1);
+    EXPECT_EQ(settings.invertPlayer2Screen, 0);
+    EXPECT_EQ(settings.scrollBorderPct, 20);
+    EXPECT_STREQ(settings.selectedGame, "0");
+    EXPECT_STREQ(settings.mameExe, "c:\\fix_the_ini_file.exe");
+    EXPECT_EQ(settings.orientation, 0);
+    EXPECT_EQ(settings.menuType, menuTypeListView);
+    EXPECT_EQ(settings.previewPictures, previewScreenShots);
+    EXPECT_EQ(settings.fontColor, 0x000000U);
+    EXPECT_EQ(settings.statusBarBackColor, 0xFFFFFFU);
+    EXPECT_EQ(settings.maxCoins, 8);
+    EXPECT_EQ(settings.controllerTypes, 127);
+    EXPECT_EQ(settings.keyExit, 27);
+    EXPECT_EQ(settings.joyExit, 128);
+    EXPECT_EQ(settings.soundError, nullptr);
+}
+
+std::vector<std::string> keysOf(const std::string& ini) {
+    std::vector<std::string> keys;
+    std::size_t start = 0;
+    while (start < ini.size()) {
+        const std::size_t end = std::min(ini.find('\n', start), ini.size());
+        if (const std::size_t sign = ini.find('=', start); sign < end) {
+            keys.push_back(ini.substr(start, sign - start));
+        }
+        start = end + 1;
+    }
+    return keys;
+}
+
+TEST_F(SettingsTest, defaultsApplyWithoutAUsableFile) {
+    load();
+    expectDefaults();
+    for (const std::string& junk :
+         {std::string(), std::string("[[[=\n]=\n=1\n\r\r"), std::string(100000, '\0'),
+          std::string("[Settings]\n") + std::string(70000, '\xff')}) {
+        loadText(junk);
+        expectDefaults();
+    }
+    std::filesystem::remove(path);
+    std::filesystem::create_directory(path);
+    load();
+    expectDefaults();
+    saveSettings();
+    EXPECT_TRUE(std::filesystem::is_directory(path));
+}
+
+TEST_F(SettingsTest, flagsAreFalseOnlyForTheDigitZero) {
+    const std::pair<const char*, int> cases[] = {{"0", 0}, {"1", 1},  {"no", 1},
+                                                 {"", 1},  {"00", 1}, {"-0", 1}};
+    for (const auto& [value, expected] : cases) {
+        loadText("[Settings]\nAllowMenu=" + std::string(value) + "\nInvertPlayer2Screen=" + value);
+        EXPECT_EQ(settings.allowMenu, expected) << value;
+        EXPECT_EQ(settings.invertPlayer2Screen, expected) << value;
+    }
+}
+
+TEST_F(SettingsTest, numbersColoursAndCodesAreTakenAsTheyStand) {
+    loadText("[Settings]\r\nScrollBorderPct = "
+             "-7\r\nFontcolor=FF\r\nBackgroundcolor=0xff8000\r\nHighlightForecolor=red\r\n"
+             "HighlightBackcolor=\r\n[RomOptions]\r\nMaxCoins=65535\r\nMinCoins=x\r\n[keymappings]"
+             "\r\nSELECTUP=65\r\n"
+             "SelectDown=up\r\nExit=99999999999999999999\r\n[JoystickMappings]\r\nSelectUp=203");
+    EXPECT_EQ(settings.scrollBorderPct, -7);
+    EXPECT_EQ(settings.fontColor, 0xFFU);
+    EXPECT_EQ(settings.backgroundColor, 0xFF8000U);
+    EXPECT_EQ(settings.highlightForeColor, 0U);
+    EXPECT_EQ(settings.highlightBackColor, 0U);
+    EXPECT_EQ(settings.maxCoins, -1);
+    EXPECT_EQ(settings.minCoins, 0);
+    EXPECT_EQ(settings.keySelectUp, 65);
+    EXPECT_EQ(settings.keySelectDown, 0);
+    EXPECT_EQ(settings.keyExit, 0x7FFFFFFF);
+    EXPECT_EQ(settings.joySelectUp, 203);
+}
+
+TEST_F(SettingsTest, choicesMatchWholeWordsInTheirOwnSpelling) {
+    struct Case {
+        const char* key;
+        std::int32_t Settings::*field;
+        const char* word;
+        std::int32_t expected;
+    };
+    const Case cases[] = {
+        {"Orientation", &Settings::orientation, "ROR", 90},
+        {"Orientation", &Settings::orientation, "ROL", -90},
+        {"Orientation", &Settings::orientation, "Inverted", 180},
+        {"Orientation", &Settings::orientation, "ror", 0},
+        {"MenuType", &Settings::menuType, "ImageBrowser", 2},
+        {"MenuType", &Settings::menuType, "imagebrowser", 1},
+        {"PreviewPictures", &Settings::previewPictures, "Cabinets", 0},
+        {"PreviewPictures", &Settings::previewPictures, "Marquees", 4},
+        {"PreviewPictures", &Settings::previewPictures, "Titles2", 1},
+        {"PreviewPictures", &Settings::previewPictures, "", 1},
+    };
+    for (const Case& row : cases) {
+        loadText("[Settings]\n" + std::string(row.key) + "=" + row.word);
+        EXPECT_EQ(settings.*row.field, row.expected) << row.key << "=" << row.word;
+    }
+    loadText("[RomOptions]\nSortBy=Manufacturer\n");
+    EXPECT_EQ(settings.sortBy, sortByManufacturer);
+}
+
+TEST_F(SettingsTest, textsAreCutAt254CharactersAndSavedCut) {
+    const std::string longText(10000, 'a');
+    loadText("[Settings]\nFontface=" + longText + "\n[Sounds]\nStartup=" + longText +
+             "\nSelect=\nError=beep.wav\n");
+    EXPECT_EQ(std::string(settings.fontFace), longText.substr(0, 254));
+    EXPECT_EQ(std::string(settings.soundStartup), longText.substr(0, 254));
+    EXPECT_EQ(settings.soundSelect, nullptr);
+    EXPECT_STREQ(settings.soundError, "beep.wav");
+    saveSettings();
+    EXPECT_NE(folder.read("front.ini").find("Fontface=" + longText.substr(0, 254) + "\n"), std::string::npos);
+}
+
+TEST_F(SettingsTest, savesTheMenuKeysInOrderAndTheSelectionIfThereIsOne) {
+    load();
+    saveSettings();
+    std::vector<std::string> expected = {
+        "MenuType",          "PreviewPictures",   "Fontface",      "Fontsize",      "MenuFontSize",
+        "StatusBarFontFace", "StatusBarFontSize", "ShowStatusBar", "Orientation",   "DisplayMissingRoms",
+        "DisplayVertical",   "DisplayHorizontal", "DisplayClones", "DisplayNeoGeo", "DisplayNonNeoGeo",
+        "DisplayVector",     "DisplayRaster",     "MinPlayers",    "MaxPlayers",    "MinButtons",
+        "MaxButtons",        "MinCoins",          "MaxCoins"};
+    EXPECT_EQ(keysOf(folder.read("front.ini")), expected);
+
+    std::filesystem::remove(path);
+    visibleGames = games;
+    visibleCount = 1;
+    saveSettings();
+    expected.insert(expected.begin() + 9, "SelectedGame");
+    EXPECT_EQ(keysOf(folder.read("front.ini")), expected);
+    load();
+    EXPECT_STREQ(settings.selectedGame, "pong2");
+}
+
+TEST_F(SettingsTest, aSelectionOutsideTheViewLeavesItsKeyAlone) {
+    loadText("[System]\nSelectedGame=kept\n");
+    visibleGames = games;
+    visibleCount = 1;
+    for (const std::int32_t index : {-1, 1}) {
+        selectedIndex = index;
+        saveSettings();
+        EXPECT_NE(folder.read("front.ini").find("SelectedGame=kept"), std::string::npos) << index;
+    }
+    selectedIndex = 0;
+}
+
+TEST_F(SettingsTest, aSavedFileReadsBackToTheSameStateAndKeepsItsOtherLines) {
+    const std::string others =
+        "; mine\r\n[Mameoptions]\r\npong2=-nosound\r\n\r\n[Settings]\r\nUnknown=5\r\nSortBy=Name\r\n";
+    loadText(others +
+             "PreviewPictures=Marquees\r\nMenuType=ImageBrowser\r\nOrientation=ROL\r\nFontsize=31\r\n"
+             "[RomOptions]\r\nMaxCoins=65535\r\nDisplayClones=0\r\nSortBy=Year\r\n");
+    settings.orientation = 90; // turned for player 2
+    settings.sortBy = sortByManufacturer;
+    settings.useMameInfoDat = 0;
+    settings.displayRaster = 0;
+    saveSettings();
+    EXPECT_EQ(folder.read("front.ini").find(others), 0U);
+    EXPECT_NE(folder.read("front.ini").find("MaxCoins=-1\r\n"), std::string::npos);
+    load();
+    EXPECT_EQ(settings.previewPictures, previewMarquees);
+    EXPECT_EQ(settings.menuType, menuTypeImageBrowser);
+    EXPECT_EQ(settings.orientation, -90);
+    EXPECT_EQ(settings.fontSize, 31);
+    EXPECT_EQ(settings.maxCoins, -1);
+    EXPECT_EQ(settings.displayClones, 0);
+    EXPECT_EQ(settings.displayRaster, 0);
+    EXPECT_EQ(settings.sortBy, sortByYear);
+    EXPECT_EQ(settings.useMameInfoDat, 1);
+}
+
+} // namespace
