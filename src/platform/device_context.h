@@ -1,4 +1,5 @@
-// The inside of a device context, for the drawing and text operations. Inside the platform only.
+// The inside of a device context, for the drawing and text operations: what is selected in it and its text
+// state. Inside the platform only. The selected objects themselves belong to gdi_objects.h.
 #pragma once
 
 #include "platform/drawing.h"
@@ -22,6 +23,3 @@ DeviceContext* findDeviceContext(HDC dc);
 
 // The font selected in a context: the system font when none was, null when the machine has no font.
 FontObject* selectedFont(const DeviceContext& context);
-
-// Makes a font an object that SelectObject and DeleteObject know; the handle owns it.
-HFONT adoptFont(std::unique_ptr<FontObject> font);

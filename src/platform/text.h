@@ -7,7 +7,7 @@
 struct LOGFONTA {
     LONG lfHeight;      // negative: the em height in pixels; positive: the cell height; 0: a default size
     LONG lfWidth;       // not used
-    LONG lfEscapement;  // tenths of a degree, counter-clockwise
+    LONG lfEscapement;  // tenths of a degree, counter-clockwise; rounded to a quarter turn
     LONG lfOrientation; // not used: glyphs always follow the escapement
     LONG lfWeight;      // 0 for any, 400 regular, 700 bold, 800 extra bold
     BYTE lfItalic;
@@ -22,8 +22,8 @@ struct LOGFONTA {
 };
 static_assert(sizeof(LOGFONTA) == 60);
 
-// The documented record; tmHeight, tmAscent, tmDescent, tmInternalLeading, tmExternalLeading and tmWeight are filled,
-// the rest is 0.
+// The documented record; tmHeight, tmAscent, tmDescent, tmInternalLeading, tmExternalLeading and tmWeight are
+// filled, the rest is 0.
 struct TEXTMETRICA {
     LONG tmHeight;
     LONG tmAscent;
@@ -47,19 +47,21 @@ struct TEXTMETRICA {
     BYTE tmCharSet;
 };
 
-// A font, owned by the caller. The face name is matched as family or full name, without regard to case; a face that is
-// not installed gets a metric-compatible one. A weight or slant that the face lacks is made from it. Null when the
-// machine has no usable font at all or the height is absurd (above 4096 pixels).
+// A font, owned by the caller. The face name is matched as family or full name, without regard to case; a
+// face that is not installed gets a metric-compatible one. A weight or slant that the face lacks is made from
+// it. Null when the machine has no usable font at all or the height is absurd (above 4096 pixels).
 HFONT CreateFontIndirectA(const LOGFONTA* description);
 
-// Metrics of the selected font along its own axes, the same at every escapement: the height is ascent plus descent of
-// the font's OS/2 table, the external leading what its hhea table asks for beyond that. FALSE on a bad handle.
+// Metrics of the selected font along its own axes, the same at every escapement: the height is ascent plus
+// descent of the font's OS/2 table, the external leading what its hhea table asks for beyond that. FALSE on a
+// bad handle.
 BOOL GetTextMetricsA(HDC dc, TEXTMETRICA* metrics);
 
-// Width (sum of the advances) and height of `length` bytes of text in the selected font, along its own axes. FALSE on a
-// bad handle or a negative length.
+// Width (sum of the advances) and height of `length` bytes of text in the selected font, along its own axes.
+// FALSE on a bad handle or a negative length.
 BOOL GetTextExtentPoint32A(HDC dc, LPCSTR text, int length, SIZE* size);
 
-// Draws `length` bytes of text in the text colour. (x, y) is the top left corner of the text cell along the text's own
-// axes, at every escapement. With OPAQUE the cell is filled with the background colour first. Cut to the surface.
+// Draws `length` bytes of text in the text colour. (x, y) is the top left corner of the text cell along the
+// text's own axes, at every escapement. With OPAQUE the cell is filled with the background colour first. Cut
+// to the surface.
 BOOL TextOutA(HDC dc, int x, int y, LPCSTR text, int length);
