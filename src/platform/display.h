@@ -1,6 +1,6 @@
-// The one seam to SDL: a full-screen window, its pixels, its events, its focus. Inside the platform only, and its tests.
-// The compositor draws into the pixels and presents them; events become key states, key messages and focus changes. Every
-// function starts the display when it is not running yet.
+// The one seam to SDL's video: a full-screen window, its pixels, its events, its focus. Inside the platform only, and its
+// tests. The windows above it draw into the pixels and present them; events become key states, and go to the listener.
+// The functions that give a size or pixels start the display when it is not running yet; the others do nothing then.
 #pragma once
 
 #include <cstdint>
@@ -12,8 +12,19 @@ struct DisplayPixels {
     int stride; // pixels from one row to the next
 };
 
-// Size of the screen in pixels. 640x480 when no display can be had at all.
-void displaySize(int& width, int& height);
+// What the windows are told. A null function is not called.
+struct DisplayListener {
+    void (*keyChanged)(int code, bool down, bool repeat); // a virtual-key code, left and right told apart
+    void (*focusChanged)(bool focused);
+    void (*pictureLost)();    // the display has to be drawn and presented anew
+    void (*closeRequested)(); // closed from outside, SIGTERM, SIGINT or SIGHUP
+    void (*refresh)();        // the moment to show what has changed
+};
+
+void displaySetListener(const DisplayListener& listener);
+
+// Size of the screen in pixels. False, and 0, when no display can be had at all.
+bool displaySize(int& width, int& height);
 
 // The pixels of the next picture, valid until the next call of any function here; null pixels without a display.
 DisplayPixels displayPixels();
@@ -21,12 +32,11 @@ DisplayPixels displayPixels();
 // Shows the pixels. The window itself comes up with the first picture.
 void displayPresent();
 
-// True when a person can see and answer this display; false on SDL's drivers without a screen.
+// True when a person can see and answer this display; false on SDL's drivers without a screen, and without a display.
 bool displayIsReal();
 
-// Handles waiting events and shows what has changed. Costs next to nothing when called often: the event queue is looked
-// at every few milliseconds at most. Nothing is dispatched to windows but focus changes, which are kept until the next
-// message look-up.
+// Handles waiting events and has the listener show what has changed. Costs next to nothing when called often: the event
+// queue is looked at every few milliseconds at most.
 void displayKeepAlive();
 
 // Gives the display up for a child that draws by itself (a console without a window system has one owner only) and
@@ -34,10 +44,16 @@ void displayKeepAlive();
 void displayGiveUp();
 void displayTakeBack();
 
-// The program was asked to end (window closed from outside, SIGTERM, SIGINT, SIGHUP) since it was last asked.
+// The program was asked to end since this was last called.
 bool displayCloseRequested();
 
-// Shown while the count of ShowCursor is not negative.
+// A mouse button was pressed since this was last called.
+bool displayMousePressed();
+
+// Presses or releases a key of the window system for whatever window has the focus there; a symbol of 0 and a display
+// other than X11 have no effect.
+void displaySendKey(std::uint32_t keySymbol, bool down);
+
 void displayShowCursor(bool shown);
 
 void displayAllowScreenSaver(bool allowed);
@@ -45,9 +61,9 @@ void displayAllowScreenSaver(bool allowed);
 // The title of the window.
 void displaySetTitle(const char* title);
 
-// Fixes the size of the screen on drivers that have none of their own (dummy, offscreen). For tests, before or after
-// the display has started.
+// Fixes the size of the screen on drivers that have none of their own (dummy, offscreen), before the display starts or
+// while it runs. For tests.
 void displaySetSize(int width, int height);
 
-// Ends the display and forgets everything. At the end of the process.
+// Ends the display. At the end of the process.
 void displayQuit();

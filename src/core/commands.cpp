@@ -1,0 +1,232 @@
+#include "core/commands.h"
+
+#include "catalogue/game_filter.h"
+#include "catalogue/game_sort.h"
+#include "config/settings.h"
+#include "core/start_game.h"
+#include "input/controls.h"
+#include "overlays/message_window.h"
+#include "platform/keys.h"
+#include "platform/window.h"
+#include "render/composition.h"
+#include "render/primitives.h"
+#include "state/shared_state.h"
+
+#include <algorithm>
+#include <array>
+#include <cstddef>
+#include <cstdlib>
+
+namespace {
+
+using Mapping = std::int32_t Settings::*;
+
+// A command whose controls stand in the ini file. The joystick counts as player 1.
+struct MappedCommand {
+    Mapping key;
+    Mapping joystick;
+    Mapping player2Key;
+};
+
+enum CommandIndex : std::size_t {
+    selectUp,
+    selectDown,
+    selectPageDown,
+    selectPageUp,
+    exitProgram,
+    startGame,
+};
+
+// In the order in which they are polled. The last two only show who touched the controls.
+constexpr std::array<MappedCommand, 8> mappedCommands = {{
+    {&Settings::keySelectUp, &Settings::joySelectUp, &Settings::keyP2SelectUp},
+    {&Settings::keySelectDown, &Settings::joySelectDown, &Settings::keyP2SelectDown},
+    {&Settings::keySelectPageDown, &Settings::joySelectPageDown, &Settings::keyP2SelectPageDown},
+    {&Settings::keySelectPageUp, &Settings::joySelectPageUp, &Settings::keyP2SelectPageUp},
+    {&Settings::keyExit, &Settings::joyExit, &Settings::keyP2Exit},
+    {&Settings::keyStartGame, &Settings::joyStartGame, &Settings::keyP2StartGame},
+    {&Settings::keyGameInfo, &Settings::joyGameInfo, &Settings::keyP2GameInfo},
+    {&Settings::keyShowMenu, &Settings::joyShowMenu, &Settings::keyP2ShowMenu},
+}};
+
+// A command with the same controls on every cabinet.
+struct FixedCommand {
+    int key;
+    int joystick;
+};
+
+constexpr FixedCommand jumpBack = {VK_SPACE, 32};
+constexpr FixedCommand jumpForward = {'X', 4};
+constexpr FixedCommand randomPick = {VK_MENU, 2};
+constexpr FixedCommand sortCycle = {'Z', 16};
+constexpr FixedCommand pictureCycle = {VK_SHIFT, 128};
+
+constexpr std::int32_t jumpLength = 100;
+constexpr std::int32_t lastSortOrder = sortByManufacturer;
+constexpr std::int32_t lastCycledPicture = previewTitles;
+
+// What the players ask for in one tick.
+struct PolledControls {
+    std::array<bool, mappedCommands.size()> player1{};
+    std::array<bool, mappedCommands.size()> player2{};
+
+    bool asksFor(CommandIndex command) const { return player1[command] || player2[command]; }
+};
+
+bool touched(const std::array<bool, mappedCommands.size()>& flags) {
+    return std::find(flags.begin(), flags.end(), true) != flags.end();
+}
+
+PolledControls pollControls() {
+    PolledControls controls;
+    for (std::size_t index = 0; index < mappedCommands.size(); ++index) {
+        const MappedCommand& command = mappedCommands[index];
+        controls.player1[index] = keyPressed(settings.*command.key) || joyPressed(settings.*command.joystick);
+    }
+    for (std::size_t index = 0; index < mappedCommands.size(); ++index) {
+        controls.player2[index] = keyPressed(settings.*mappedCommands[index].player2Key) != 0;
+    }
+    return controls;
+}
+
+bool fires(const FixedCommand& command) {
+    return keyPressed(command.key) || joyPressed(command.joystick);
+}
+
+// The picture upside down.
+std::int32_t oppositeOf(std::int32_t rotation) {
+    switch (rotation) {
+    case 90:
+        return -90;
+    case -90:
+        return 90;
+    case 180:
+        return 0;
+    default:
+        return 180;
+    }
+}
+
+// Turns the screen to the player who touched the controls, player 1 when both did. The new rotation shows with the next
+// frame, which the command of the same tick usually brings.
+void turnToPlayer(const PolledControls& controls) {
+    if (!settings.invertPlayer2Screen) {
+        return;
+    }
+    std::int32_t wanted = settings.orientation;
+    if (touched(controls.player1)) {
+        wanted = settings.baseOrientation;
+    } else if (touched(controls.player2)) {
+        wanted = oppositeOf(settings.baseOrientation);
+    }
+    if (wanted != settings.orientation) {
+        settings.orientation = wanted;
+        browserDirty = 1;
+    }
+}
+
+void redraw(HWND window) {
+    drawScreen(backDC, backBitmap);
+    InvalidateRect(window, nullptr, FALSE);
+}
+
+void redrawNow(HWND window) {
+    redraw(window);
+    UpdateWindow(window);
+}
+
+std::int32_t pageStep(HWND window) {
+    RECT client{};
+    GetClientRect(window, &client);
+    const std::int32_t step = settings.menuType == menuTypeListView
+                                  ? linesThatFit(backDC, client.right, 2 * client.bottom, statusBarHeight)
+                                  : tileRows(client.right, client.bottom, statusBarHeight);
+    return std::max(step, 0);
+}
+
+// False when the selection stands at the edge of the list already.
+bool moveUp(std::int32_t distance) {
+    if (selectedIndex <= 0) {
+        return false;
+    }
+    selectedIndex = std::max(selectedIndex - distance, 0);
+    return true;
+}
+
+bool moveDown(std::int32_t distance) {
+    if (selectedIndex >= visibleCount - 1) {
+        return false;
+    }
+    selectedIndex = std::min(selectedIndex + distance, visibleCount - 1);
+    return true;
+}
+
+void carryOutMoves(HWND window, const PolledControls& controls) {
+    if (controls.asksFor(selectUp) && moveUp(1)) {
+        redraw(window);
+    }
+    if (controls.asksFor(selectDown) && moveDown(1)) {
+        redraw(window);
+    }
+    if (controls.asksFor(selectPageUp) && moveUp(pageStep(window))) {
+        redrawNow(window);
+    }
+    if (controls.asksFor(selectPageDown) && moveDown(pageStep(window))) {
+        redrawNow(window);
+    }
+    if (fires(jumpBack) && moveUp(jumpLength)) {
+        redrawNow(window);
+    }
+    if (fires(jumpForward) && moveDown(jumpLength)) {
+        redrawNow(window);
+    }
+}
+
+void selectRandomGame() {
+    // Fifteen bits of chance, whatever the library's own generator gives.
+    constexpr int randomMask = 0x7FFF;
+    constexpr float scale = 3.0517578125e-05F;
+    const std::int64_t product = std::int64_t{std::rand() & randomMask} * visibleCount;
+    selectedIndex = static_cast<std::int32_t>(static_cast<float>(product) * scale);
+}
+
+void changeSortOrder(HWND window) {
+    selectRandomGame();
+    settings.sortBy = settings.sortBy >= lastSortOrder ? 0 : settings.sortBy + 1;
+    showMessage("Filtering And Sorting Roms...");
+    sortGames();
+    filterGames();
+    hideMessage();
+    browserDirty = 1;
+    redrawNow(window);
+}
+
+void carryOutFixedCommands(HWND window) {
+    if (fires(randomPick)) {
+        selectRandomGame();
+        redrawNow(window);
+    }
+    if (fires(sortCycle)) {
+        changeSortOrder(window);
+    }
+    if (fires(pictureCycle)) {
+        settings.previewPictures =
+            settings.previewPictures >= lastCycledPicture ? 0 : settings.previewPictures + 1;
+        redrawNow(window);
+    }
+}
+
+} // namespace
+
+void handleTick(HWND window) {
+    const PolledControls controls = pollControls();
+    turnToPlayer(controls);
+    carryOutMoves(window, controls);
+    carryOutFixedCommands(window);
+    if (controls.asksFor(exitProgram)) {
+        PostQuitMessage(0);
+    }
+    if (controls.asksFor(startGame)) {
+        startSelectedGame(window);
+    }
+}

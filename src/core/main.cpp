@@ -1,0 +1,105 @@
+// The road from process entry to the loop and out again.
+#include "catalogue/game_catalogue.h"
+#include "catalogue/game_filter.h"
+#include "catalogue/game_sort.h"
+#include "catalogue/rom_scan.h"
+#include "config/settings.h"
+#include "core/catalogue_loader.h"
+#include "core/main_loop.h"
+#include "core/main_window.h"
+#include "input/controls.h"
+#include "overlays/message_window.h"
+#include "platform/entry.h"
+#include "platform/module.h"
+#include "platform/window.h"
+#include "render/composition.h"
+#include "state/shared_state.h"
+
+#include <algorithm>
+#include <cstdlib>
+#include <ctime>
+
+namespace {
+
+void showError(HWND owner, const char* text) {
+    MessageBoxA(owner, text, "Error", MB_OK);
+}
+
+// 1 when the catalogue is ready, 0 after a message box has told the failure.
+int initGames() {
+    showMessage("Loading Game Information...");
+    if (!loadGameList()) {
+        showError(mainWindow, "Error loading game list!");
+        return 0;
+    }
+    showMessage("Filtering And Sorting...");
+    scanRoms();
+    sortGames();
+    filterGames();
+    flushKeys();
+    std::srand(static_cast<unsigned>(std::time(nullptr)));
+    topIndex = 0;
+    selectedIndex = std::max(findVisibleGame(settings.selectedGame), 0);
+    browserDirty = 1;
+    hideMessage();
+    initJoystick();
+    if (gameCount == 0) {
+        showError(mainWindow, "No games found!");
+        return 0;
+    }
+    return 1;
+}
+
+int openMainWindow() {
+    if (!registerMainWindowClass()) {
+        showError(nullptr, "Failed to register window class!");
+        return 0;
+    }
+    mainWindow = createMainWindow();
+    if (!mainWindow) {
+        showError(nullptr, "Failed to create window!");
+        return 0;
+    }
+    return 1;
+}
+
+void showFirstFrame() {
+    if (selectedIndex >= visibleCount) {
+        selectedIndex = 0;
+    }
+    ShowWindow(mainWindow, SW_MAXIMIZE);
+    drawScreen(backDC, backBitmap);
+    UpdateWindow(mainWindow);
+}
+
+void freeResources() {
+    freeGameList();
+    freeSettings();
+    releaseFrameBuffer();
+}
+
+} // namespace
+
+int WinMain(HINSTANCE instance, HINSTANCE, LPSTR commandTail, int) {
+    SetConsoleTitleA("KESTRAVOX");
+    iniPath = *commandTail != '\0' ? commandTail : ".\\kestravox.ini";
+    appInstance = instance;
+    mainWindow = nullptr;
+    if (!openMainWindow()) {
+        return 0;
+    }
+    loadSettings();
+    settings.baseOrientation = settings.orientation;
+    if (!initGames()) {
+        showError(mainWindow, "Initialization failed");
+        return 1;
+    }
+    showFirstFrame();
+    hideMouseCursor();
+    const int result = runMainLoop();
+    saveSettings();
+    freeResources();
+    showMouseCursor();
+    DestroyWindow(mainWindow);
+    return result;
+}

@@ -1,0 +1,88 @@
+#include "input/controls.h"
+
+#include "config/settings.h"
+#include "platform/joystick.h"
+#include "platform/keys.h"
+#include "state/shared_state.h"
+
+#include <cstdint>
+#include <cstdio>
+
+namespace {
+
+// Set by initJoystick.
+std::int32_t joystickPresent = 0;
+std::uint32_t joyXMin = 0;
+std::uint32_t joyXMax = 0;
+std::uint32_t joyYMin = 0;
+std::uint32_t joyYMax = 0;
+
+// How far from its end an axis counts as pushed, in parts of its maximum.
+constexpr double axisMargin = 0.2;
+
+bool axisHigh(double position, double max) {
+    return position >= max - axisMargin * max;
+}
+
+bool axisLow(double position, double min, double max) {
+    return position <= min + axisMargin * max;
+}
+
+bool isButtonCode(int code) {
+    constexpr int lastButton = 512;
+    return code > 0 && code <= lastButton && (code & (code - 1)) == 0;
+}
+
+bool readsAsPressed(int code, const JOYINFO& info) {
+    switch (code) {
+    case 200:
+        return axisHigh(info.wXpos, joyXMax);
+    case 201:
+        return axisLow(info.wXpos, joyXMin, joyXMax);
+    case 202:
+        return axisHigh(info.wYpos, joyYMax);
+    case 203:
+        return axisLow(info.wYpos, joyYMin, joyYMax);
+    default:
+        return isButtonCode(code) && info.wButtons == static_cast<UINT>(code);
+    }
+}
+
+} // namespace
+
+int keyPressed(int code) {
+    if (!appActive) {
+        return 0;
+    }
+    return GetAsyncKeyState(code) != 0 ? 1 : 0;
+}
+
+int joyPressed(int code) {
+    if (!settings.useJoystick || !joystickPresent) {
+        return 0;
+    }
+    JOYINFO info{};
+    if (joyGetPos(0, &info) != JOYERR_NOERROR) {
+        std::puts("Error reading joystick!");
+        return 0;
+    }
+    return readsAsPressed(code, info) ? 1 : 0;
+}
+
+void initJoystick() {
+    JOYINFOEX probe{};
+    probe.dwSize = sizeof(probe);
+    joystickPresent = joyGetPosEx(0, &probe) == JOYERR_NOERROR ? 1 : 0;
+    JOYCAPSA capabilities{};
+    joyGetDevCapsA(0, &capabilities, sizeof(capabilities));
+    joyXMin = capabilities.wXmin;
+    joyXMax = capabilities.wXmax;
+    joyYMin = capabilities.wYmin;
+    joyYMax = capabilities.wYmax;
+}
+
+void flushKeys() {
+    for (int code = 0; code < 255; ++code) {
+        GetAsyncKeyState(code);
+    }
+}

@@ -1,0 +1,34 @@
+#include "platform/clock.h"
+
+#include "platform/clock_source.h"
+#include "platform/display.h"
+
+#include <algorithm>
+
+namespace {
+
+constexpr std::int64_t countsPerSecond = 1'000'000'000;
+constexpr std::int64_t nanosecondsPerMillisecond = 1'000'000;
+
+// How long a sleep leaves the display to itself.
+constexpr std::int64_t longestNap = 10 * nanosecondsPerMillisecond;
+
+} // namespace
+
+BOOL QueryPerformanceFrequency(LARGE_INTEGER* frequency) {
+    frequency->QuadPart = countsPerSecond;
+    return clockNow() >= 0 ? TRUE : FALSE;
+}
+
+BOOL QueryPerformanceCounter(LARGE_INTEGER* counter) {
+    counter->QuadPart = clockNow();
+    return counter->QuadPart >= 0 ? TRUE : FALSE;
+}
+
+void Sleep(DWORD milliseconds) {
+    const std::int64_t end = clockNow() + milliseconds * nanosecondsPerMillisecond;
+    do {
+        clockWait(std::min(end - clockNow(), longestNap));
+        displayKeepAlive();
+    } while (clockNow() < end);
+}

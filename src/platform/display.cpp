@@ -1,0 +1,333 @@
+#include "platform/display.h"
+
+#include "platform/clock_source.h"
+#include "platform/display_signals.h"
+#include "platform/key_map.h"
+#include "platform/key_state.h"
+#include "platform/synthesised_keys.h"
+
+#include <SDL.h>
+
+#include <algorithm>
+#include <array>
+#include <cstdlib>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+namespace {
+
+// How often the event queue is looked at. The controls are polled ten times a second, so this is never felt, and an
+// idle front end stays far below a hundredth of a processor.
+constexpr std::int64_t pumpInterval = 4'000'000;
+
+struct Display {
+    bool failed = false; // no display could be had; not tried again
+    bool real = false;   // not one of SDL's drivers without a screen
+    bool ownsConsole = false;
+    bool shown = false;
+    bool mousePressed = false;
+    bool closeRequested = false;
+    bool cursorShown = true;
+    SDL_Window* window = nullptr;
+    int width = 0;
+    int height = 0;
+    int fixedWidth = 0;
+    int fixedHeight = 0;
+    std::int64_t lastPump = -pumpInterval;
+    std::string title;
+    std::vector<std::uint32_t> converted; // for screens whose pixels have another format
+    DisplayListener listener{};
+};
+
+Display display;
+
+bool driverHasNoScreen(std::string_view driver) {
+    constexpr std::array<std::string_view, 3> names = {"dummy", "offscreen", "evdev"};
+    return std::find(names.begin(), names.end(), driver) != names.end();
+}
+
+void setHints() {
+    // The window of a program that is behind a running game must not be taken off the screen.
+    SDL_SetHint(SDL_HINT_VIDEO_MINIMIZE_ON_FOCUS_LOSS, "0");
+    SDL_SetHint(SDL_HINT_VIDEO_ALLOW_SCREENSAVER, "1");
+    SDL_SetHint(SDL_HINT_NO_SIGNAL_HANDLERS, "1");
+}
+
+bool initVideo() {
+    setHints();
+    if (SDL_InitSubSystem(SDL_INIT_VIDEO) != 0) {
+        return false;
+    }
+    const std::string_view driver = SDL_GetCurrentVideoDriver();
+    if (driverHasNoScreen(driver) && !std::getenv("SDL_VIDEODRIVER")) {
+        SDL_QuitSubSystem(SDL_INIT_VIDEO); // SDL fell back to it: nobody would ever see anything
+        return false;
+    }
+    display.real = !driverHasNoScreen(driver);
+    display.ownsConsole = driver == "kmsdrm";
+    if (driver == "x11") {
+        SDL_SetHint(SDL_HINT_FRAMEBUFFER_ACCELERATION, "0"); // shared memory is faster there, and far smaller
+    }
+    return true;
+}
+
+bool openWindow() {
+    SDL_DisplayMode mode{};
+    if (SDL_GetDesktopDisplayMode(0, &mode) != 0 || mode.w <= 0 || mode.h <= 0) {
+        return false;
+    }
+    const bool fixed = !display.real && display.fixedWidth > 0;
+    display.width = fixed ? display.fixedWidth : mode.w;
+    display.height = fixed ? display.fixedHeight : mode.h;
+    const Uint32 fullScreen = display.real ? SDL_WINDOW_FULLSCREEN_DESKTOP : 0;
+    display.window = SDL_CreateWindow(display.title.c_str(), 0, 0, display.width, display.height,
+                                      SDL_WINDOW_HIDDEN | SDL_WINDOW_BORDERLESS | fullScreen);
+    display.shown = false;
+    SDL_ShowCursor(display.cursorShown ? SDL_ENABLE : SDL_DISABLE);
+    return display.window != nullptr;
+}
+
+bool startDisplay() {
+    if (display.window) {
+        return true;
+    }
+    if (display.failed) {
+        return false;
+    }
+    if (!initVideo()) {
+        display.failed = true;
+        return false;
+    }
+    if (!openWindow()) {
+        SDL_QuitSubSystem(SDL_INIT_VIDEO);
+        display.failed = true;
+        return false;
+    }
+    installCloseSignals();
+    static const int registered = std::atexit(displayQuit);
+    static_cast<void>(registered);
+    return true;
+}
+
+bool hasOwnFormat(const SDL_Surface& surface) {
+    return surface.format->format == SDL_PIXELFORMAT_RGB888 || surface.format->format == SDL_PIXELFORMAT_ARGB8888;
+}
+
+void handleWindowEvent(const SDL_WindowEvent& event) {
+    switch (event.event) {
+    case SDL_WINDOWEVENT_FOCUS_GAINED:
+    case SDL_WINDOWEVENT_FOCUS_LOST: {
+        const bool focused = event.event == SDL_WINDOWEVENT_FOCUS_GAINED;
+        if (!focused) {
+            allKeysUp();
+        }
+        if (display.listener.focusChanged) {
+            display.listener.focusChanged(focused);
+        }
+        break;
+    }
+    case SDL_WINDOWEVENT_EXPOSED:
+    case SDL_WINDOWEVENT_SIZE_CHANGED:
+        if (display.listener.pictureLost) {
+            display.listener.pictureLost();
+        }
+        break;
+    case SDL_WINDOWEVENT_CLOSE:
+        noteCloseRequest();
+        break;
+    default:
+        break;
+    }
+}
+
+void handleKeyEvent(const SDL_KeyboardEvent& event) {
+    const int code = virtualKeyOf(event.keysym);
+    const bool down = event.type == SDL_KEYDOWN;
+    if (code == 0) {
+        return;
+    }
+    if (event.repeat == 0) {
+        keyChanged(code, down);
+    }
+    if (display.listener.keyChanged) {
+        display.listener.keyChanged(code, down, event.repeat != 0);
+    }
+}
+
+void handleEvent(const SDL_Event& event) {
+    switch (event.type) {
+    case SDL_KEYDOWN:
+    case SDL_KEYUP:
+        handleKeyEvent(event.key);
+        break;
+    case SDL_WINDOWEVENT:
+        handleWindowEvent(event.window);
+        break;
+    case SDL_MOUSEBUTTONDOWN:
+        display.mousePressed = true;
+        break;
+    case SDL_QUIT:
+        noteCloseRequest();
+        break;
+    default:
+        break;
+    }
+}
+
+void pumpEvents() {
+    SDL_Event event{};
+    while (SDL_PollEvent(&event) != 0) {
+        handleEvent(event);
+    }
+    if (takeCloseRequest()) {
+        display.closeRequested = true;
+        if (display.listener.closeRequested) {
+            display.listener.closeRequested();
+        }
+    }
+}
+
+} // namespace
+
+void displaySetListener(const DisplayListener& listener) {
+    display.listener = listener;
+}
+
+bool displaySize(int& width, int& height) {
+    const bool started = startDisplay();
+    width = started ? display.width : 0;
+    height = started ? display.height : 0;
+    return started;
+}
+
+DisplayPixels displayPixels() {
+    SDL_Surface* surface = startDisplay() ? SDL_GetWindowSurface(display.window) : nullptr;
+    if (!surface) {
+        return {};
+    }
+    if (hasOwnFormat(*surface)) {
+        return {static_cast<std::uint32_t*>(surface->pixels), surface->w, surface->h, surface->pitch / 4};
+    }
+    display.converted.resize(static_cast<std::size_t>(surface->w) * static_cast<std::size_t>(surface->h));
+    return {display.converted.data(), surface->w, surface->h, surface->w};
+}
+
+void displayPresent() {
+    SDL_Surface* surface = display.window ? SDL_GetWindowSurface(display.window) : nullptr;
+    if (!surface) {
+        return;
+    }
+    if (!hasOwnFormat(*surface) && !display.converted.empty()) {
+        SDL_ConvertPixels(surface->w, surface->h, SDL_PIXELFORMAT_RGB888, display.converted.data(), surface->w * 4,
+                          surface->format->format, surface->pixels, surface->pitch);
+    }
+    if (!display.shown) {
+        display.shown = true;
+        SDL_ShowWindow(display.window);
+        SDL_RaiseWindow(display.window);
+    }
+    SDL_UpdateWindowSurface(display.window);
+}
+
+bool displayIsReal() {
+    return startDisplay() && display.real;
+}
+
+void displayKeepAlive() {
+    if (!display.window) {
+        return;
+    }
+    const std::int64_t now = clockNow();
+    if (now - display.lastPump >= pumpInterval) {
+        display.lastPump = now;
+        pumpEvents();
+    }
+    if (display.listener.refresh) {
+        display.listener.refresh();
+    }
+}
+
+void displayGiveUp() {
+    if (display.window && display.ownsConsole) {
+        SDL_DestroyWindow(display.window);
+        display.window = nullptr;
+        SDL_QuitSubSystem(SDL_INIT_VIDEO);
+    }
+}
+
+void displayTakeBack() {
+    if (display.ownsConsole && !display.window && !startDisplay()) {
+        return;
+    }
+    if (!display.window) {
+        return;
+    }
+    pumpEvents();
+    SDL_RaiseWindow(display.window);
+    SDL_SetWindowInputFocus(display.window);
+    if (display.listener.pictureLost) {
+        display.listener.pictureLost();
+    }
+    if (display.listener.refresh) {
+        display.listener.refresh();
+    }
+}
+
+bool displayCloseRequested() {
+    return std::exchange(display.closeRequested, false);
+}
+
+bool displayMousePressed() {
+    return std::exchange(display.mousePressed, false);
+}
+
+void displaySendKey(std::uint32_t keySymbol, bool down) {
+    if (display.window && keySymbol != 0 && std::string_view(SDL_GetCurrentVideoDriver()) == "x11") {
+        sendKeyToFocus(keySymbol, down);
+    }
+}
+
+void displayShowCursor(bool shown) {
+    display.cursorShown = shown;
+    if (display.window) {
+        SDL_ShowCursor(shown ? SDL_ENABLE : SDL_DISABLE);
+    }
+}
+
+void displayAllowScreenSaver(bool allowed) {
+    if (!display.window) {
+        return;
+    }
+    if (allowed) {
+        SDL_EnableScreenSaver();
+    } else {
+        SDL_DisableScreenSaver();
+    }
+}
+
+void displaySetTitle(const char* title) {
+    display.title = title;
+    if (display.window) {
+        SDL_SetWindowTitle(display.window, title);
+    }
+}
+
+void displaySetSize(int width, int height) {
+    display.fixedWidth = width;
+    display.fixedHeight = height;
+    if (display.window && !display.real) {
+        display.width = width;
+        display.height = height;
+        SDL_SetWindowSize(display.window, width, height);
+    }
+}
+
+void displayQuit() {
+    if (display.window) {
+        SDL_DestroyWindow(display.window);
+        display.window = nullptr;
+    }
+    SDL_Quit();
+}

@@ -1,0 +1,123 @@
+#include "platform/clock_source.h"
+#include "platform/display.h"
+#include "platform/key_state.h"
+#include "platform/window_internal.h"
+
+#include <algorithm>
+#include <deque>
+#include <optional>
+
+namespace {
+
+// Presses that nobody takes during a long game must not pile up.
+constexpr std::size_t mostInputMessages = 256;
+
+constexpr std::int64_t waitForMessage = 1'000'000;
+
+std::deque<MSG> posted;
+std::deque<MSG> input;
+std::optional<int> quitCode;
+
+MSG makeMessage(HWND handle, UINT message, WPARAM wParam, LPARAM lParam) {
+    constexpr std::int64_t nanosecondsPerMillisecond = 1'000'000;
+    return {handle, message, wParam, lParam, static_cast<DWORD>(clockNow() / nanosecondsPerMillisecond), {0, 0}};
+}
+
+HWND windowToPaint() {
+    const auto found = std::find_if(windowOrder().rbegin(), windowOrder().rend(), [](HWND handle) {
+        const Window* window = findWindow(handle);
+        return window->visible && window->invalid;
+    });
+    return found != windowOrder().rend() ? *found : nullptr;
+}
+
+// The next message, taken out of its queue or left there.
+std::optional<MSG> nextMessage(bool take) {
+    for (std::deque<MSG>* queue : {&posted, &input}) {
+        if (queue == &input && quitCode) {
+            break; // a quit goes before presses, or the key that asked for it would act again
+        }
+        if (!queue->empty()) {
+            const MSG message = queue->front();
+            if (take) {
+                queue->pop_front();
+            }
+            return message;
+        }
+    }
+    if (quitCode) {
+        const MSG message = makeMessage(nullptr, WM_QUIT, static_cast<WPARAM>(*quitCode), 0);
+        if (take) {
+            quitCode.reset();
+        }
+        return message;
+    }
+    if (const HWND handle = windowToPaint()) {
+        return makeMessage(handle, WM_PAINT, 0, 0);
+    }
+    return std::nullopt;
+}
+
+void prepareLookUp() {
+    displayKeepAlive();
+    tellFocus();
+}
+
+} // namespace
+
+void queuePosted(HWND handle, UINT message, WPARAM wParam, LPARAM lParam) {
+    posted.push_back(makeMessage(handle, message, wParam, lParam));
+}
+
+void queueKey(int code, bool down, bool repeat) {
+    const HWND target = focusWindow();
+    if (!target) {
+        return;
+    }
+    if (input.size() == mostInputMessages) {
+        input.pop_front();
+    }
+    constexpr LPARAM wasDownBit = LPARAM{1} << 30;
+    constexpr LPARAM releasedBit = LPARAM{1} << 31;
+    const LPARAM state = 1 | (repeat || !down ? wasDownBit : 0) | (down ? 0 : releasedBit);
+    input.push_back(
+        makeMessage(target, down ? WM_KEYDOWN : WM_KEYUP, static_cast<WPARAM>(commonKeyCode(code)), state));
+}
+
+void dropMessagesOf(HWND handle) {
+    const auto isOfWindow = [&](const MSG& message) { return message.hwnd == handle; };
+    std::erase_if(posted, isOfWindow);
+    std::erase_if(input, isOfWindow);
+}
+
+BOOL PeekMessageA(MSG* message, HWND, UINT, UINT, UINT) {
+    prepareLookUp();
+    const std::optional<MSG> next = nextMessage(false);
+    if (next) {
+        *message = *next;
+    }
+    return next ? TRUE : FALSE;
+}
+
+BOOL GetMessageA(MSG* message, HWND, UINT, UINT) {
+    for (;;) {
+        prepareLookUp();
+        if (const std::optional<MSG> next = nextMessage(true)) {
+            *message = *next;
+            return next->message == WM_QUIT ? FALSE : TRUE;
+        }
+        clockWait(waitForMessage);
+    }
+}
+
+BOOL TranslateMessage(const MSG*) {
+    return FALSE;
+}
+
+LRESULT DispatchMessageA(const MSG* message) {
+    return sendMessage(message->hwnd, message->message, message->wParam, message->lParam);
+}
+
+void PostQuitMessage(int exitCode) {
+    quitCode = exitCode;
+}

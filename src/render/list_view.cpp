@@ -1,0 +1,88 @@
+#include "render/list_view.h"
+
+#include "config/settings.h"
+#include "platform/drawing.h"
+#include "render/primitives.h"
+#include "state/shared_state.h"
+
+#include <algorithm>
+
+namespace {
+
+constexpr std::int32_t textMargin = 6;
+
+// Title lines on the screen: the titles take half of the frame. Never below 1, or the selection could not be brought in.
+std::int32_t linesOnPage(HDC dc, const RECT& area) {
+    return std::max(linesThatFit(dc, area.right - area.left, area.bottom - area.top, 0) / 2, 1);
+}
+
+// The place of a line of the page, from the middle of the frame to its edge along the text. The lines fill the lower left
+// quarter in reading order; turned by 90 degrees they start at the middle and run towards the status bar on the left, and
+// start a little further out when a full page would touch it.
+RECT lineRect(const RECT& area, std::int32_t lineHeight, std::int32_t page, std::int32_t line) {
+    const LONG start = lineHeight * line;
+    const LONG middleX = area.right / 2;
+    const LONG middleY = area.bottom / 2;
+    switch (settings.orientation) {
+    case 90: {
+        const LONG first = std::max(middleX, statusBarHeight + page * lineHeight);
+        return {first - start - lineHeight, middleY, first - start, area.bottom};
+    }
+    case 180:
+        return {0, area.bottom - start - lineHeight, middleX, area.bottom - start};
+    case -90:
+        return {start, middleY, start + lineHeight, area.bottom};
+    default:
+        return {area.left, middleY + start, middleX, middleY + start + lineHeight};
+    }
+}
+
+// Whole pages, so that a jump lands on the same grid as stepping.
+void bringSelectionToPage(std::int32_t page) {
+    while (selectedIndex < topIndex) {
+        topIndex = std::max(topIndex - page, 0);
+    }
+    while (selectedIndex > topIndex + page - 1) {
+        topIndex = std::min(topIndex + page, visibleCount - page);
+    }
+}
+
+void selectListFont(HDC dc, int emphasis) {
+    selectFont(dc, settings.fontFace, settings.fontSize, settings.orientation, emphasis);
+    SetTextColor(dc, settings.fontColor);
+}
+
+} // namespace
+
+int drawHighlightBar(HDC dc, std::int32_t selected, const RECT* area, std::int32_t lineHeight) {
+    const std::int32_t page = linesOnPage(dc, *area);
+    fillRect(dc, lineRect(*area, lineHeight, page, selected - topIndex), settings.highlightBackColor);
+    return 1;
+}
+
+int drawListLines(HDC dc, std::int32_t selected, const RECT* area, std::int32_t lineHeight, std::int32_t page) {
+    for (std::int32_t line = 0; line < page && topIndex + line < visibleCount; ++line) {
+        const std::int32_t index = topIndex + line;
+        const bool isSelected = index == selected;
+        if (isSelected) {
+            selectListFont(dc, 1);
+        }
+        drawText(dc, textOrigin(lineRect(*area, lineHeight, page, line), textMargin, 0),
+                 visibleGames[index]->description);
+        if (isSelected) {
+            selectListFont(dc, 0);
+        }
+    }
+    return 1;
+}
+
+int drawListView(HDC dc, RECT* area) {
+    selectListFont(dc, 0);
+    SetBkMode(dc, TRANSPARENT);
+    const std::int32_t lineHeight = textHeight(dc);
+    const std::int32_t page = linesOnPage(dc, *area);
+    bringSelectionToPage(page);
+    drawHighlightBar(dc, selectedIndex, area, lineHeight);
+    drawListLines(dc, selectedIndex, area, lineHeight, page);
+    return 1;
+}

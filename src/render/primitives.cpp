@@ -1,0 +1,120 @@
+#include "render/primitives.h"
+
+#include "config/settings.h"
+#include "platform/drawing.h"
+#include "platform/text.h"
+#include "platform/window.h"
+#include "state/shared_state.h"
+
+#include <algorithm>
+#include <cstdio>
+#include <cstring>
+
+namespace {
+
+constexpr LONG emphasisWeight = 800;
+constexpr int pointsPerInch = 72;
+
+// Escapement counts tenths of a degree counter-clockwise, a rotation whole degrees clockwise.
+constexpr LONG escapementPerDegree = -10;
+
+void showError(const char* text) {
+    MessageBoxA(mainWindow, text, "Error", MB_OK);
+}
+
+std::int32_t measuredSide(std::int32_t width, std::int32_t height) {
+    return isQuarterTurn(settings.orientation) ? width : height;
+}
+
+} // namespace
+
+bool isQuarterTurn(std::int32_t rotation) {
+    return rotation == 90 || rotation == -90;
+}
+
+int selectFont(HDC dc, const char* faceName, std::int32_t points, std::int32_t rotation, int emphasis) {
+    LOGFONTA description{};
+    description.lfHeight = -MulDiv(points, GetDeviceCaps(dc, LOGPIXELSY), pointsPerInch);
+    description.lfEscapement = rotation * escapementPerDegree;
+    if (emphasis) {
+        description.lfWeight = emphasisWeight;
+        description.lfItalic = 1;
+    }
+    std::snprintf(description.lfFaceName, sizeof(description.lfFaceName), "%s", faceName);
+    const HFONT font = CreateFontIndirectA(&description);
+    if (!font) {
+        return 0;
+    }
+    DeleteObject(SelectObject(dc, font));
+    return 1;
+}
+
+std::int32_t textHeight(HDC dc) {
+    TEXTMETRICA metrics{};
+    if (!GetTextMetricsA(dc, &metrics)) {
+        showError("GetTextMetrics failed!");
+        return 0;
+    }
+    return metrics.tmHeight - metrics.tmExternalLeading;
+}
+
+std::int32_t textWidth(HDC dc, const char* text) {
+    SIZE size{};
+    if (!GetTextExtentPoint32A(dc, text, static_cast<int>(std::strlen(text)), &size)) {
+        showError("GetTextExtentPoint32 failed!");
+        return 0;
+    }
+    return size.cx;
+}
+
+std::int32_t linesThatFit(HDC dc, std::int32_t width, std::int32_t height, std::int32_t reserved) {
+    return (measuredSide(width, height) - reserved) / std::max(textHeight(dc), 1);
+}
+
+std::int32_t tileRows(std::int32_t width, std::int32_t height, std::int32_t reserved) {
+    const std::int32_t spacer = settings.previewModeSpacer;
+    return (measuredSide(width, height) - spacer - reserved) / std::max(spacer + settings.previewModeHeight, 1);
+}
+
+void rotatePoint(std::int32_t& x, std::int32_t& y, std::int32_t width, std::int32_t height) {
+    const std::int32_t oldX = x;
+    switch (settings.orientation) {
+    case 90:
+        x = width - y;
+        y = oldX;
+        break;
+    case -90:
+        x = y;
+        y = height - oldX;
+        break;
+    case 180:
+        x = width - x;
+        y = height - y;
+        break;
+    default:
+        break;
+    }
+}
+
+POINT textOrigin(const RECT& rect, std::int32_t along, std::int32_t across) {
+    switch (settings.orientation) {
+    case 90:
+        return {rect.right - across, rect.top + along};
+    case 180:
+        return {rect.right - along, rect.bottom - across};
+    case -90:
+        return {rect.left + across, rect.bottom - along};
+    default:
+        return {rect.left + along, rect.top + across};
+    }
+}
+
+void fillRect(HDC dc, const RECT& rect, COLORREF color) {
+    const HBRUSH brush = CreateSolidBrush(color);
+    FillRect(dc, &rect, brush);
+    DeleteObject(brush);
+}
+
+void drawText(HDC dc, POINT origin, const char* text) {
+    TextOutA(dc, origin.x, origin.y, text, static_cast<int>(std::strlen(text)));
+}

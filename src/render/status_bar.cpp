@@ -1,0 +1,102 @@
+#include "render/status_bar.h"
+
+#include "config/settings.h"
+#include "platform/drawing.h"
+#include "render/primitives.h"
+#include "state/shared_state.h"
+
+#include <array>
+#include <cstddef>
+#include <cstdio>
+#include <cstring>
+
+namespace {
+
+constexpr std::int32_t textMargin = 6;
+
+// The words for each value of sortBy and previewPictures.
+constexpr std::array<const char*, 3> sortWords = {"Title", "Year", "Manufacturer"};
+constexpr std::array<const char*, 5> shotWords = {"Cabinets", "Screenshots", "Flyers", "Titles", "Marquees"};
+
+// Each side of the bar holds at most 255 characters; the rest of a longer text is left out.
+using BarText = std::array<char, 256>;
+
+template <std::size_t Count> const char* wordFor(const std::array<const char*, Count>& words, std::int32_t value) {
+    const auto index = static_cast<std::size_t>(value);
+    return value >= 0 && index < Count ? words[index] : words[0];
+}
+
+BarText positionText(std::int32_t index) {
+    BarText text{};
+    const char* sortWord = wordFor(sortWords, settings.sortBy);
+    if (settings.menuType == menuTypeListView) {
+        std::snprintf(text.data(), text.size(), "  Sort: %s - Shot: %s  %i/%i", sortWord,
+                      wordFor(shotWords, settings.previewPictures), index + 1, visibleCount);
+    } else {
+        std::snprintf(text.data(), text.size(), "  Sort: %s  %i/%i", sortWord, index + 1, visibleCount);
+    }
+    return text;
+}
+
+BarText gameText(const GameRecord& game) {
+    BarText text{};
+    const VideoInfo& video = *game.video;
+    const bool raster = !video.screen || std::strcmp(video.screen, "raster") == 0;
+    const char* display = raster ? "Raster" : "Vector";
+    const char* rotation = video.orientation == orientationVertical ? "Vertical" : "Horizontal";
+    if (settings.menuType == menuTypeListView) {
+        std::snprintf(text.data(), text.size(), "  \xA9%i %s - %s, %s", game.year, game.manufacturer, display,
+                      rotation);
+    } else {
+        std::snprintf(text.data(), text.size(), "  %s / \xA9%i %s - %s, %s", game.description, game.year,
+                      game.manufacturer, display, rotation);
+    }
+    return text;
+}
+
+RECT barRect(std::int32_t width, std::int32_t height) {
+    switch (settings.orientation) {
+    case 90:
+        return {0, 0, statusBarHeight, height};
+    case 180:
+        return {0, 0, width, statusBarHeight};
+    case -90:
+        return {width - statusBarHeight, 0, width, height};
+    default:
+        return {0, height - statusBarHeight, width, height};
+    }
+}
+
+} // namespace
+
+RECT areaBesideStatusBar(std::int32_t width, std::int32_t height) {
+    switch (settings.orientation) {
+    case 90:
+        return {statusBarHeight, 0, width, height};
+    case 180:
+        return {0, statusBarHeight, width, height};
+    case -90:
+        return {0, 0, width - statusBarHeight, height};
+    default:
+        return {0, 0, width, height - statusBarHeight};
+    }
+}
+
+int drawStatusBar(HDC dc, std::int32_t index, std::int32_t width, std::int32_t height) {
+    if (!settings.showStatusBar) {
+        statusBarHeight = 0;
+        return 1;
+    }
+    selectFont(dc, settings.statusBarFontFace, settings.statusBarFontSize, settings.orientation, 0);
+    SetTextColor(dc, settings.statusBarForeColor);
+    SetBkColor(dc, settings.statusBarBackColor);
+    SetBkMode(dc, OPAQUE);
+    statusBarHeight = textHeight(dc);
+    const BarText position = positionText(index);
+    const RECT bar = barRect(width, height);
+    const std::int32_t length = isQuarterTurn(settings.orientation) ? height : width;
+    fillRect(dc, bar, settings.statusBarBackColor);
+    drawText(dc, textOrigin(bar, textMargin, 0), gameText(*visibleGames[index]).data());
+    drawText(dc, textOrigin(bar, length - textWidth(dc, position.data()) - textMargin, 0), position.data());
+    return 1;
+}

@@ -1,0 +1,142 @@
+#include "platform/clock.h"
+#include "platform/display.h"
+#include "platform/keys.h"
+#include "platform/virtual_clock.h"
+#include "platform/window.h"
+#include "support/recording_window.h"
+#include "support/sdl_events.h"
+
+#include <gtest/gtest.h>
+
+#include <csignal>
+
+namespace {
+
+using Messages = std::vector<std::string>;
+
+class MessagesTest : public ::testing::Test {
+protected:
+    void SetUp() override {
+        displaySetSize(320, 240);
+        registerRecordingClass();
+        window = makeRecordingWindow(0, 0, 320, 240);
+        ShowWindow(window, SW_SHOW);
+        UpdateWindow(window);
+        takeMessages();
+    }
+
+    // Dispatches what waits, at most `limit` messages, and names it in order.
+    static Messages drain(int limit = 50) {
+        Messages order;
+        MSG message{};
+        while (limit-- > 0 && PeekMessageA(&message, nullptr, 0, 0, PM_NOREMOVE)) {
+            if (!GetMessageA(&message, nullptr, 0, 0)) {
+                order.push_back("QUIT " + std::to_string(message.wParam));
+                continue;
+            }
+            order.push_back(messageName(message.message, 0));
+            DispatchMessageA(&message);
+        }
+        return order;
+    }
+
+    HWND window = nullptr;
+};
+
+TEST_F(MessagesTest, PaintIsAFlagThatComesLastAndOnce) {
+    InvalidateRect(window, nullptr, FALSE);
+    InvalidateRect(window, nullptr, FALSE);
+    pressKey(SDL_SCANCODE_UP);
+    Sleep(10);
+    EXPECT_EQ(drain(), (Messages{"KEYDOWN", "PAINT"}));
+    EXPECT_EQ(takeMessages(), (Messages{"KEYDOWN", "PAINT"})) << "without erase the background stays";
+    InvalidateRect(window, nullptr, TRUE);
+    drain();
+    EXPECT_EQ(takeMessages(), (Messages{"PAINT", "ERASE"}));
+    ShowWindow(window, SW_HIDE);
+    takeMessages();
+    InvalidateRect(window, nullptr, FALSE);
+    EXPECT_EQ(drain(), Messages{}) << "a hidden window is not painted";
+}
+
+TEST_F(MessagesTest, LooksWithoutTaking) {
+    InvalidateRect(window, nullptr, FALSE);
+    MSG message{};
+    for (int look = 0; look < 3; ++look) {
+        EXPECT_TRUE(PeekMessageA(&message, nullptr, 0, 0, PM_NOREMOVE));
+        EXPECT_EQ(message.message, WM_PAINT);
+        EXPECT_EQ(message.hwnd, window);
+    }
+}
+
+TEST_F(MessagesTest, AQuitGoesBeforeKeysAndPaintsAndComesOnce) {
+    InvalidateRect(window, nullptr, FALSE);
+    pressKey(SDL_SCANCODE_ESCAPE);
+    Sleep(10);
+    PostQuitMessage(3);
+    EXPECT_EQ(drain(), (Messages{"QUIT 3", "KEYDOWN", "PAINT"}));
+}
+
+TEST_F(MessagesTest, CloseRequestsAndSignalsCloseTheMainWindow) {
+    const auto requests = {+[] { pushEvent(SDL_QUIT); }, +[] { pushWindowEvent(SDL_WINDOWEVENT_CLOSE); },
+                           +[] { std::raise(SIGTERM); }, +[] { std::raise(SIGINT); }, +[] { std::raise(SIGHUP); }};
+    const HWND popup = makeRecordingWindow(0, 0, 10, 10, window);
+    ShowWindow(popup, SW_SHOW);
+    drain();
+    for (const auto request : requests) {
+        takeMessages();
+        messageHooks[WM_CLOSE] = [&](HWND target, WPARAM, LPARAM) { EXPECT_EQ(target, window); };
+        request();
+        Sleep(10);
+        EXPECT_EQ(takeMessages(), Messages{}) << "nothing is dispatched inside a sleep";
+        MSG message{};
+        ASSERT_TRUE(GetMessageA(&message, nullptr, 0, 0));
+        EXPECT_EQ(message.message, WM_CLOSE);
+        EXPECT_EQ(message.hwnd, window);
+    }
+    DefWindowProcA(window, WM_CLOSE, 0, 0);
+    RECT rect{};
+    EXPECT_FALSE(GetClientRect(window, &rect)) << "the default is the end of the window";
+}
+
+TEST_F(MessagesTest, TellsTheFocusOfTheDisplayAtTheNextLookUp) {
+    pressKey(SDL_SCANCODE_UP);
+    pushWindowEvent(SDL_WINDOWEVENT_FOCUS_LOST);
+    Sleep(10);
+    EXPECT_EQ(takeMessages(), Messages{});
+    EXPECT_EQ(GetAsyncKeyState(VK_UP), 1) << "the press is kept, the key is no longer known to be down";
+    drain();
+    EXPECT_EQ(takeMessages(), (Messages{"KILLFOCUS", "KEYDOWN"}));
+    const HWND popup = makeRecordingWindow(0, 0, 10, 10, window);
+    ShowWindow(popup, SW_SHOW);
+    EXPECT_EQ(takeMessages(), (Messages{"NCCREATE", "CREATE", "SIZE 10x10"})) << "no focus without the display's";
+    DestroyWindow(popup);
+    takeMessages();
+    pushWindowEvent(SDL_WINDOWEVENT_FOCUS_GAINED);
+    Sleep(10);
+    drain();
+    EXPECT_EQ(takeMessages(), Messages{"SETFOCUS"});
+}
+
+TEST_F(MessagesTest, SleepTakesItsTimeAndKeepsTheScreenAlive) {
+    const std::int64_t start = virtualClockMilliseconds();
+    virtualClockAt(start + 100, [] { pressKey(SDL_SCANCODE_X); });
+    Sleep(1500);
+    EXPECT_EQ(virtualClockMilliseconds() - start, 1500);
+    EXPECT_NE(GetAsyncKeyState('X'), 0);
+    Sleep(0);
+    EXPECT_EQ(virtualClockMilliseconds() - start, 1500);
+}
+
+TEST_F(MessagesTest, ForgetsTheOldestPressesOfALongBlockade) {
+    for (int press = 0; press < 2000; ++press) {
+        pressKey(SDL_SCANCODE_UP);
+        releaseKey(SDL_SCANCODE_UP);
+        if (press % 100 == 99) {
+            Sleep(10);
+        }
+    }
+    EXPECT_EQ(drain(10000).size(), 256U);
+}
+
+} // namespace

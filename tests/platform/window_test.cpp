@@ -1,0 +1,193 @@
+#include "platform/window.h"
+
+#include "platform/display.h"
+#include "support/recording_window.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using Messages = std::vector<std::string>;
+
+class WindowTest : public ::testing::Test {
+protected:
+    void SetUp() override {
+        displaySetSize(640, 480);
+        registerRecordingClass();
+    }
+
+    static COLORREF screenPixel(int x, int y) {
+        const DisplayPixels pixels = displayPixels();
+        return pixels.pixels[y * pixels.stride + x];
+    }
+
+    // Shows a window that fills itself with one colour at each paint.
+    static HWND showFilled(int x, int y, int width, int height, COLORREF color, HWND owner = nullptr,
+                           DWORD style = WS_POPUP) {
+        messageHooks[WM_PAINT] = [](HWND window, WPARAM, LPARAM) {
+            PAINTSTRUCT paint{};
+            const HDC dc = BeginPaint(window, &paint);
+            const HBRUSH brush = CreateSolidBrush(colors[window]);
+            FillRect(dc, &paint.rcPaint, brush);
+            DeleteObject(brush);
+            EndPaint(window, &paint);
+        };
+        const HWND window = makeRecordingWindow(x, y, width, height, owner, style);
+        colors[window] = color;
+        ShowWindow(window, SW_SHOW);
+        UpdateWindow(window);
+        return window;
+    }
+
+    static inline std::map<HWND, COLORREF> colors;
+};
+
+TEST_F(WindowTest, TellsAWindowOfItsLifeInOrder) {
+    const HWND window = makeRecordingWindow(10, 10, 100, 50, nullptr, WS_POPUP | WS_THICKFRAME);
+    EXPECT_EQ(takeMessages(), (Messages{"NCCREATE", "CREATE"}));
+
+    EXPECT_FALSE(ShowWindow(window, SW_SHOW));
+    EXPECT_EQ(takeMessages(), (Messages{"SIZE 94x44", "SETFOCUS"})) << "the frame is not part of the client area";
+
+    MoveWindow(window, 20, 20, 100, 50, FALSE);
+    EXPECT_EQ(takeMessages(), Messages{}) << "a move without a new size is no size message";
+    MoveWindow(window, 20, 20, 60, 40, FALSE);
+    EXPECT_EQ(takeMessages(), Messages{"SIZE 54x34"});
+
+    UpdateWindow(window);
+    EXPECT_EQ(takeMessages(), (Messages{"PAINT", "ERASE"}));
+    UpdateWindow(window);
+    EXPECT_EQ(takeMessages(), Messages{}) << "a valid window is not painted";
+
+    EXPECT_TRUE(DestroyWindow(window));
+    EXPECT_EQ(takeMessages(), (Messages{"KILLFOCUS", "DESTROY"}));
+    EXPECT_FALSE(DestroyWindow(window));
+}
+
+TEST_F(WindowTest, MaximizesAPopupOverTheWholeScreenBeforeTheCallReturns) {
+    const HWND window = makeRecordingWindow(CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT);
+    takeMessages();
+    ShowWindow(window, SW_MAXIMIZE);
+    EXPECT_EQ(takeMessages(), (Messages{"SIZE 640x480", "SETFOCUS"}));
+    RECT client{};
+    EXPECT_TRUE(GetClientRect(window, &client));
+    EXPECT_EQ(client.right, 640);
+    EXPECT_EQ(client.bottom, 480);
+}
+
+TEST_F(WindowTest, RefusesCreationWhereTheWindowSaysNo) {
+    for (const UINT message : {WM_NCCREATE, WM_CREATE}) {
+        WNDCLASSA windowClass{};
+        static UINT refused = 0;
+        refused = message;
+        windowClass.lpszClassName = "Refusing";
+        windowClass.lpfnWndProc = [](HWND window, UINT which, WPARAM wParam, LPARAM lParam) -> LRESULT {
+            if (which == refused) {
+                return which == WM_NCCREATE ? 0 : -1;
+            }
+            return DefWindowProcA(window, which, wParam, lParam);
+        };
+        ASSERT_TRUE(RegisterClassA(&windowClass));
+        EXPECT_EQ(RegisterClassA(&windowClass), 0) << "the name is taken";
+        EXPECT_EQ(CreateWindowExA(0, "Refusing", "", WS_POPUP, 0, 0, 9, 9, nullptr, nullptr, nullptr, nullptr),
+                  nullptr);
+        EXPECT_TRUE(UnregisterClassA("Refusing", nullptr)) << "no window may be left";
+        EXPECT_FALSE(UnregisterClassA("Refusing", nullptr));
+    }
+    EXPECT_EQ(CreateWindowExA(0, "Unknown", "", WS_POPUP, 0, 0, 9, 9, nullptr, nullptr, nullptr, nullptr), nullptr);
+}
+
+TEST_F(WindowTest, HandsTheFocusToAPopupAndBackToItsOwner) {
+    const HWND owner = makeRecordingWindow(0, 0, 640, 480);
+    windowNames[owner] = "owner";
+    ShowWindow(owner, SW_SHOW);
+    const HWND popup = makeRecordingWindow(0, 0, 40, 40, owner);
+    windowNames[popup] = "popup";
+    takeMessages();
+
+    ShowWindow(popup, SW_SHOW);
+    EXPECT_EQ(takeMessages(), (Messages{"popup:SIZE 40x40", "owner:KILLFOCUS", "popup:SETFOCUS"}));
+    ShowWindow(popup, SW_HIDE);
+    EXPECT_EQ(takeMessages(), (Messages{"popup:KILLFOCUS", "owner:SETFOCUS"}));
+    ShowWindow(popup, SW_SHOW);
+    takeMessages();
+    DestroyWindow(popup);
+    EXPECT_EQ(takeMessages(), (Messages{"popup:KILLFOCUS", "owner:SETFOCUS", "popup:DESTROY"}));
+
+    const HWND second = makeRecordingWindow(0, 0, 40, 40, owner);
+    windowNames[second] = "second";
+    takeMessages();
+    DestroyWindow(owner);
+    EXPECT_EQ(takeMessages(), (Messages{"owner:KILLFOCUS", "second:DESTROY", "owner:DESTROY"}))
+        << "what a window owns ends before it";
+}
+
+TEST_F(WindowTest, LeavesTheFocusOfAHiddenOwnerAlone) {
+    const HWND owner = makeRecordingWindow(0, 0, 640, 480);
+    const HWND popup = makeRecordingWindow(0, 0, 40, 40, owner);
+    ShowWindow(popup, SW_SHOW);
+    takeMessages();
+    DestroyWindow(popup);
+    EXPECT_EQ(takeMessages(), (Messages{"KILLFOCUS", "DESTROY"}));
+}
+
+TEST_F(WindowTest, ComposesWindowsByTheirOrderWithFrames) {
+    const HWND main = showFilled(0, 0, 640, 480, 0x0000FF);
+    const HWND popup = showFilled(100, 100, 50, 40, 0x00FF00, main, WS_POPUP | WS_THICKFRAME);
+    EXPECT_EQ(screenPixel(99, 99), 0xFF0000U) << "a COLORREF holds red in its low byte";
+    EXPECT_NE(screenPixel(100, 100), 0xFF0000U);
+    EXPECT_NE(screenPixel(100, 100), 0x00FF00U) << "the frame";
+    EXPECT_EQ(screenPixel(103, 103), 0x00FF00U);
+    EXPECT_EQ(screenPixel(146, 136), 0x00FF00U);
+    EXPECT_EQ(screenPixel(150, 140), 0xFF0000U);
+
+    ShowWindow(main, SW_SHOW);
+    UpdateWindow(main);
+    EXPECT_EQ(screenPixel(110, 110), 0x00FF00U) << "a popup stays above its owner";
+
+    MoveWindow(popup, 600, 460, 80, 80, TRUE);
+    UpdateWindow(popup);
+    EXPECT_EQ(screenPixel(639, 479), 0x00FF00U) << "half outside the screen";
+    EXPECT_EQ(screenPixel(110, 110), 0xFF0000U);
+    DestroyWindow(popup);
+    MSG message{};
+    PeekMessageA(&message, nullptr, 0, 0, PM_NOREMOVE);
+    EXPECT_EQ(screenPixel(639, 479), 0xFF0000U) << "what lay below needs no new paint";
+}
+
+TEST_F(WindowTest, KeepsTheFormerPictureUntilANewWindowIsPainted) {
+    const HWND main = showFilled(0, 0, 640, 480, 0x0000FF);
+    const HWND popup = makeRecordingWindow(0, 0, 640, 480, main);
+    colors[popup] = 0x00FF00;
+    ShowWindow(popup, SW_SHOW);
+    MSG message{};
+    EXPECT_TRUE(PeekMessageA(&message, nullptr, 0, 0, PM_NOREMOVE));
+    EXPECT_EQ(screenPixel(5, 5), 0xFF0000U) << "never a black frame between two pictures";
+    UpdateWindow(popup);
+    EXPECT_EQ(screenPixel(5, 5), 0x00FF00U);
+}
+
+TEST_F(WindowTest, TreatsStaleHandlesAndStrangeSizesAsFailures) {
+    const HWND window = makeRecordingWindow(0, 0, 40, 40);
+    const HDC dc = GetDC(window);
+    MoveWindow(window, 0, 0, -5, 0, TRUE);
+    RECT client{1, 1, 1, 1};
+    EXPECT_TRUE(GetClientRect(window, &client));
+    EXPECT_EQ(client.right, 0);
+    const RECT rect{0, 0, 10, 10};
+    FillRect(dc, &rect, static_cast<HBRUSH>(GetStockObject(BLACK_BRUSH)));
+    MoveWindow(window, INT32_MAX, INT32_MAX, INT32_MAX, 2, TRUE);
+    ShowWindow(window, SW_SHOW);
+    UpdateWindow(window);
+    DestroyWindow(window);
+    EXPECT_FALSE(GetClientRect(window, &client));
+    EXPECT_FALSE(MoveWindow(window, 0, 0, 1, 1, TRUE));
+    EXPECT_FALSE(InvalidateRect(window, nullptr, FALSE));
+    EXPECT_FALSE(ShowWindow(window, SW_SHOW));
+    EXPECT_EQ(GetDC(window), nullptr);
+    EXPECT_EQ(ReleaseDC(window, dc), 0);
+    EXPECT_EQ(FillRect(dc, &rect, static_cast<HBRUSH>(GetStockObject(BLACK_BRUSH))), 0);
+    EXPECT_EQ(DefWindowProcA(window, WM_PAINT, 0, 0), 0);
+}
+
+} // namespace
