@@ -1,5 +1,5 @@
-// Files and folders: search, raw files for redirected streams, and text files. Called by the catalogue and the process
-// runner. In a path `\` and `/` both separate; otherwise a file name keeps its bytes and case.
+// Files and folders: search, raw files for redirected streams, and text files. Called by the catalogue and
+// the process runner. In a path `\` and `/` both separate; otherwise a file name keeps its bytes and case.
 #pragma once
 
 #include "platform/types.h"
@@ -24,21 +24,23 @@ struct WIN32_FIND_DATAA {
     char cFileName[260];
 };
 
-// Finds the first file or folder of a path whose last part may hold the wildcards * and ?. Gives a search handle, to be
-// closed with FindClose, or INVALID_HANDLE_VALUE when there is none. A path without wildcards costs one look-up.
+// Finds the first file or folder of a path whose last part may hold the wildcards * and ?. Gives a search
+// handle, to be closed with FindClose, or INVALID_HANDLE_VALUE when there is none. A path without wildcards
+// costs one look-up.
 HANDLE FindFirstFileA(LPCSTR path, WIN32_FIND_DATAA* found);
 BOOL FindClose(HANDLE search);
 
-// Opens a file: GENERIC_WRITE with CREATE_ALWAYS makes it anew and empty, GENERIC_READ with OPEN_EXISTING opens what is
-// there. Any other pair, a directory, a missing or forbidden file gives INVALID_HANDLE_VALUE. The share mode, attributes
-// and security record are not used: only a child's redirected streams are ever inherited. templateFile must be null.
-HANDLE CreateFileA(LPCSTR path, DWORD access, DWORD shareMode, SECURITY_ATTRIBUTES* security, DWORD disposition,
-                   DWORD attributes, HANDLE templateFile);
+// Opens a file: GENERIC_WRITE with CREATE_ALWAYS makes it anew and empty, GENERIC_READ with OPEN_EXISTING
+// opens what is there. Any other pair, a directory, a missing or forbidden file gives INVALID_HANDLE_VALUE.
+// The share mode, attributes and security record are not used: only a child's redirected streams are ever
+// inherited. templateFile must be null.
+HANDLE CreateFileA(LPCSTR path, DWORD access, DWORD shareMode, SECURITY_ATTRIBUTES* security,
+                   DWORD disposition, DWORD attributes, HANDLE templateFile);
 
 // Closes a file, process or thread handle. FALSE when there is no such handle.
 BOOL CloseHandle(HANDLE handle);
 
-// Opens a text file for reading: each line end, CR LF or LF, is read as one new-line; a file that starts with a UTF-8
-// byte order mark is UTF-8 and is converted to code page 1252, without the mark. For fgets, feof and fclose only. Null when
-// it cannot be opened or is a directory.
+// Opens a text file for reading: each line end, CR LF or LF, is read as one new-line; a file that starts with
+// a UTF-8 byte order mark is UTF-8 and is converted to code page 1252, without the mark. For fgets, feof and
+// fclose only. Null when it cannot be opened or is a directory.
 FILE* openTextFile(LPCSTR path);

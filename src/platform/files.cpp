@@ -1,0 +1,123 @@
+#include "platform/files.h"
+
+#include "platform/file_io.h"
+#include "platform/paths.h"
+#include "platform/system_object.h"
+
+#include <climits>
+#include <dirent.h>
+#include <fcntl.h>
+#include <fnmatch.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <array>
+#include <cstring>
+#include <memory>
+#include <string>
+#include <string_view>
+
+namespace {
+
+// A search gives its one result at once and keeps nothing, so all searches share a handle and are only
+// counted.
+char searchToken;
+unsigned openSearches = 0;
+
+HANDLE openSearch(const struct stat& status, std::string_view name, WIN32_FIND_DATAA* found) {
+    found->dwFileAttributes = S_ISDIR(status.st_mode) ? FILE_ATTRIBUTE_DIRECTORY : FILE_ATTRIBUTE_NORMAL;
+    const std::size_t length = std::min(name.size(), sizeof(found->cFileName) - 1);
+    std::memcpy(found->cFileName, name.data(), length);
+    found->cFileName[length] = '\0';
+    ++openSearches;
+    return &searchToken;
+}
+
+// The machine's own patterns know brackets too, which are plain letters here.
+std::string nativePattern(std::string_view pattern) {
+    if (pattern == "*.*") {
+        return "*";
+    }
+    std::string native;
+    for (const char letter : pattern) {
+        if (letter == '[') {
+            native += '\\';
+        }
+        native += letter;
+    }
+    return native;
+}
+
+HANDLE searchFolder(const std::string& folder, std::string_view pattern, WIN32_FIND_DATAA* found) {
+    const std::unique_ptr<DIR, int (*)(DIR*)> entries(opendir(folder.empty() ? "." : folder.c_str()),
+                                                      closedir);
+    const std::string native = nativePattern(pattern);
+    while (const dirent* entry = entries ? readdir(entries.get()) : nullptr) {
+        const std::string_view name = entry->d_name;
+        struct stat status {};
+        if (name != "." && name != ".." && fnmatch(native.c_str(), entry->d_name, 0) == 0 &&
+            fstatat(dirfd(entries.get()), entry->d_name, &status, 0) == 0) {
+            return openSearch(status, name, found);
+        }
+    }
+    return INVALID_HANDLE_VALUE;
+}
+
+} // namespace
+
+HANDLE FindFirstFileA(LPCSTR path, WIN32_FIND_DATAA* found) {
+    // The start asks this for every game, so the path without wildcards costs one system call and no
+    // allocation.
+    std::array<char, PATH_MAX> native;
+    const std::size_t length = path ? strnlen(path, native.size()) : 0;
+    if (length == 0 || length == native.size()) {
+        return INVALID_HANDLE_VALUE;
+    }
+    std::replace_copy(path, path + length + 1, native.begin(), '\\', '/');
+    const std::string_view whole(native.data(), length);
+    const std::size_t nameBegin = whole.find_last_of('/') + 1;
+    const std::string_view name = whole.substr(nameBegin);
+    if (name.find_first_of("*?") != std::string_view::npos) {
+        return searchFolder(std::string(whole.substr(0, nameBegin)), name, found);
+    }
+    struct stat status {};
+    if (name.empty() || stat(native.data(), &status) != 0) {
+        return INVALID_HANDLE_VALUE;
+    }
+    return openSearch(status, name, found);
+}
+
+BOOL FindClose(HANDLE search) {
+    if (search != &searchToken || openSearches == 0) {
+        return FALSE;
+    }
+    --openSearches;
+    return TRUE;
+}
+
+HANDLE CreateFileA(LPCSTR path, DWORD access, DWORD, SECURITY_ATTRIBUTES*, DWORD disposition, DWORD, HANDLE) {
+    int flags = O_NONBLOCK | O_NOCTTY | O_CLOEXEC;
+    if (access == GENERIC_WRITE && disposition == CREATE_ALWAYS) {
+        flags |= O_WRONLY | O_CREAT | O_TRUNC;
+    } else if (access == GENERIC_READ && disposition == OPEN_EXISTING) {
+        flags |= O_RDONLY;
+    } else {
+        return INVALID_HANDLE_VALUE;
+    }
+    auto file = std::make_unique<OpenFile>();
+    file->descriptor = FileDescriptor(open(nativePath(path ? path : "").c_str(), flags, 0666));
+    const int number = file->descriptor.number();
+    struct stat status {};
+    if (!file->descriptor.isOpen() || fstat(number, &status) != 0 || S_ISDIR(status.st_mode)) {
+        return INVALID_HANDLE_VALUE;
+    }
+    // Only the opening must not wait for the other end of a pipe; the child that gets the file expects to
+    // wait.
+    fcntl(number, F_SETFL, fcntl(number, F_GETFL) & ~O_NONBLOCK);
+    return insertSystemObject(std::move(file));
+}
+
+BOOL CloseHandle(HANDLE handle) {
+    return systemObjects().remove(reinterpret_cast<std::uintptr_t>(handle)) ? TRUE : FALSE;
+}

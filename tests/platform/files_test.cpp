@@ -1,0 +1,148 @@
+#include "platform/files.h"
+
+#include "support/temporary_folder.h"
+
+#include <gtest/gtest.h>
+
+#include <sys/stat.h>
+
+namespace {
+
+class Files : public ::testing::Test {
+protected:
+    // What a search finds: the name, with a separator behind a folder's; "-" for nothing.
+    std::string find(const std::string& pattern) const {
+        WIN32_FIND_DATAA found;
+        const HANDLE search = FindFirstFileA(pattern.c_str(), &found);
+        if (search == INVALID_HANDLE_VALUE) {
+            return "-";
+        }
+        EXPECT_TRUE(FindClose(search));
+        return std::string(found.cFileName) + (found.dwFileAttributes == FILE_ATTRIBUTE_DIRECTORY ? "/" : "");
+    }
+
+    // The lines that fgets gives, each in angle brackets, so that the pieces show too.
+    std::string readText(std::string_view text, int pieceSize = 1024) const {
+        FILE* const file = openTextFile(folder.write("text", text).c_str());
+        std::string all;
+        std::string piece(static_cast<std::size_t>(pieceSize), '\0');
+        while (std::fgets(piece.data(), pieceSize, file)) {
+            all += piece.c_str();
+        }
+        EXPECT_TRUE(std::feof(file));
+        EXPECT_EQ(std::fclose(file), 0);
+        return all;
+    }
+
+    TemporaryFolder folder;
+};
+
+TEST_F(Files, FindsByNameAndPattern) {
+    folder.write("Game.zip", "");
+    folder.write("odd[1].txt", "");
+    std::filesystem::create_directories(folder.pathOf("sub/empty"));
+    std::filesystem::create_symlink("nowhere", folder.pathOf("sub/dangling"));
+    const struct {
+        const char* pattern;
+        const char* found;
+    } cases[] = {
+        {"Game.zip", "Game.zip"},
+        {"game.zip", "-"},
+        {"sub", "sub/"},
+        {"sub\\empty", "empty/"},
+        {"sub\\", "-"},
+        {"none/Game.zip", "-"},
+        {"*.zip", "Game.zip"},
+        {"G?me.z*p", "Game.zip"},
+        {"g*", "-"},
+        {"?", "-"},
+        {"odd[1].*", "odd[1].txt"},
+        {"odd[1]*?", "odd[1].txt"},
+        {"s*", "sub/"},
+        {"sub\\*.*", "empty/"},
+        {"sub/empty/*", "-"},
+        {"sub/dangling", "-"},
+        {"none/*", "-"},
+        {"Game.zip/*", "-"},
+    };
+    for (const auto& [pattern, found] : cases) {
+        EXPECT_EQ(find(pattern), found) << pattern;
+    }
+    EXPECT_EQ(find(std::string(10'000, 'x')), "-");
+    WIN32_FIND_DATAA found;
+    EXPECT_EQ(FindFirstFileA("", &found), INVALID_HANDLE_VALUE);
+    EXPECT_FALSE(FindClose(INVALID_HANDLE_VALUE));
+    EXPECT_FALSE(FindClose(nullptr));
+}
+
+TEST_F(Files, OpensWhatCanBeOpened) {
+    const auto opened = [](const std::string& file, DWORD access, DWORD disposition) {
+        return CloseHandle(CreateFileA(file.c_str(), access, FILE_SHARE_READ, nullptr, disposition,
+                                       FILE_ATTRIBUTE_NORMAL, nullptr)) == TRUE;
+    };
+    folder.write("old", "text");
+    std::filesystem::create_directory(folder.pathOf("sub"));
+    ASSERT_EQ(mkfifo(folder.pathOf("pipe").c_str(), 0600), 0);
+    EXPECT_TRUE(opened(folder.pathOf("old"), GENERIC_READ, OPEN_EXISTING));
+    EXPECT_EQ(folder.read("old"), "text");
+    EXPECT_FALSE(opened(folder.pathOf("old"), GENERIC_WRITE, OPEN_EXISTING));
+    EXPECT_EQ(folder.read("old"), "text");
+    EXPECT_TRUE(opened(".\\old", GENERIC_WRITE, CREATE_ALWAYS));
+    EXPECT_EQ(folder.read("old"), "");
+    EXPECT_FALSE(opened(folder.pathOf("none"), GENERIC_READ, OPEN_EXISTING));
+    EXPECT_FALSE(opened(folder.pathOf("sub"), GENERIC_READ, OPEN_EXISTING));
+    EXPECT_FALSE(opened(folder.pathOf("sub"), GENERIC_WRITE, CREATE_ALWAYS));
+    EXPECT_FALSE(opened(folder.pathOf("none/new"), GENERIC_WRITE, CREATE_ALWAYS));
+    EXPECT_FALSE(opened(folder.pathOf("pipe"), GENERIC_WRITE, CREATE_ALWAYS));
+}
+
+TEST_F(Files, ClosesAHandleOnce) {
+    const HANDLE file =
+        CreateFileA(folder.pathOf("new").c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, 0, nullptr);
+    EXPECT_TRUE(CloseHandle(file));
+    EXPECT_FALSE(CloseHandle(file));
+    EXPECT_FALSE(CloseHandle(nullptr));
+}
+
+TEST_F(Files, TextLineEnds) {
+    using namespace std::string_view_literals;
+    const struct {
+        std::string_view text;
+        std::string_view shown;
+    } cases[] = {
+        {"", ""},
+        {"a\r\nb\nc", "a\nb\nc"},
+        {"a\rb\r\r\nc\r", "a\rb\r\nc\r"},
+        {"\r\n\r\n", "\n\n"},
+        {"\r", "\r"},
+        {"\xEF\xBB\xBF", ""},
+        {"\xEF\xBB\xBFPok\xC3\xA9\r\n\xE2\x82\xAC", "Pok\xE9\n\x80"},
+        {"\xEF\xBB\xBFx\xC3", "x\xC3"},
+        {"Pok\xC3\xA9", "Pok\xC3\xA9"},
+        {"\xEF\xBB", "\xEF\xBB"},
+    };
+    for (const auto& [text, shown] : cases) {
+        EXPECT_EQ(readText(text), shown) << text;
+    }
+}
+
+TEST_F(Files, TextAcrossBufferBorders) {
+    // Each shift puts another byte of the line end and of the three-byte letter on the border of the buffer.
+    for (std::size_t shift = 0; shift < 12; ++shift) {
+        const std::string lead(64 * 1024 - shift, 'x');
+        EXPECT_EQ(readText(lead + "\r\n\r\r\n\rb", 700), lead + "\n\r\n\rb") << shift;
+        EXPECT_EQ(readText("\xEF\xBB\xBF" + lead + "\r\n\xE2\x82\xAC\xC3\xA9z", 700), lead + "\n\x80\xE9z")
+            << shift;
+    }
+}
+
+TEST_F(Files, TextOfNoPlainFile) {
+    std::filesystem::create_directory(folder.pathOf("sub"));
+    ASSERT_EQ(mkfifo(folder.pathOf("pipe").c_str(), 0600), 0);
+    for (const std::string& file : {folder.pathOf("sub"), folder.pathOf("pipe"), folder.pathOf("none"),
+                                    std::string("/dev/zero"), std::string()}) {
+        EXPECT_EQ(openTextFile(file.c_str()), nullptr) << file;
+    }
+}
+
+} // namespace
