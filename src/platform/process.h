@@ -1,5 +1,6 @@
-// Starting an outside program, waiting for it, its exit code, and the streams it is given. Called by the process runner.
-// No shell is ever involved: a command line is split into words by the documented rules and started directly.
+// Starting an outside program, waiting for it, its exit code, and the streams it is given. Called by the
+// process runner. No shell is ever involved: a command line is split into words by the documented rules and
+// started directly.
 #pragma once
 
 #include "platform/types.h"
@@ -45,26 +46,28 @@ constexpr DWORD INFINITE = 0xFFFFFFFF;
 constexpr DWORD WAIT_OBJECT_0 = 0;
 constexpr DWORD WAIT_FAILED = 0xFFFFFFFF;
 
-
-// Starts a program. The first word of commandLine names it: a name without a separator is looked for beside the running
-// program, in workingDirectory, in the current directory and on PATH, a path is taken from the current directory; each
-// under the name given, then without a trailing ".exe". The child gets the working directory (the current one when null),
-// the environment, the three standard streams (those of startup with STARTF_USESTDHANDLES) and no other open file; the
-// request to hide its window is the child's own affair. FALSE when it cannot be started: no such program, a directory, not
-// executable, no such working directory. Both handles of `process` must be closed. applicationName and environment must be
-// null; the attributes and flags are not used.
+// Starts a program. The first word of commandLine names it: a name without a separator is looked for beside
+// the running program, in workingDirectory, in the current directory and on PATH, a path is taken from the
+// current directory; each under the name given, then without a trailing ".exe". The child gets the working
+// directory (the current one when null), the environment, the three standard streams (those of startup with
+// STARTF_USESTDHANDLES) and no other open file; the request to hide its window is the child's own affair.
+// FALSE when it cannot be started: no such program, a directory, not executable, no such working directory.
+// Both handles of `process` must be closed. applicationName and environment must be null; the attributes and
+// flags are not used.
 BOOL CreateProcessA(LPCSTR applicationName, LPSTR commandLine, SECURITY_ATTRIBUTES* processAttributes,
-                    SECURITY_ATTRIBUTES* threadAttributes, BOOL inheritHandles, DWORD flags, LPVOID environment,
-                    LPCSTR workingDirectory, const STARTUPINFOA* startup, PROCESS_INFORMATION* process);
+                    SECURITY_ATTRIBUTES* threadAttributes, BOOL inheritHandles, DWORD flags,
+                    LPVOID environment, LPCSTR workingDirectory, const STARTUPINFOA* startup,
+                    PROCESS_INFORMATION* process);
 
-// Waits for the end of a process; timeout must be INFINITE. Meanwhile the last picture stays on the screen, the display's
-// events are drained, no message is dispatched, and a request to close the program is passed on to the child. After the
-// end the display is taken back: in front, with the keyboard focus, shown again. WAIT_OBJECT_0, or WAIT_FAILED at once
-// on a handle that is no process.
+// Waits for the end of a process; timeout must be INFINITE. Meanwhile the last picture stays on the screen,
+// the display's events are drained, no message is dispatched, and a request to close the program is passed on
+// to the child. A child without redirected streams may draw by itself, so the display is given up for its
+// start and taken back after its end: in front, with the keyboard focus, shown again. WAIT_OBJECT_0, or
+// WAIT_FAILED at once on a handle that is no process.
 DWORD WaitForSingleObject(HANDLE process, DWORD timeout);
 
-// The exit code of a process that has ended: 0 to 255, or 128 plus the number of the signal that ended it. FALSE on a
-// handle that is no process or one that has not ended.
+// The exit code of a process that has ended: 0 to 255, or 128 plus the number of the signal that ended it.
+// FALSE on a handle that is no process or one that has not ended.
 BOOL GetExitCodeProcess(HANDLE process, DWORD* exitCode);
 
 // The standard input of this program; the handle need not be closed. Null for any other number.

@@ -1,0 +1,29 @@
+#include "platform/entry.h"
+
+#include "platform/command_line.h"
+#include "platform/module.h"
+#include "platform/window.h"
+
+#include <fcntl.h>
+#include <unistd.h>
+
+namespace {
+
+// A program started with a standard stream closed would give that number to the first file it opens, and a
+// stray message would end up in the settings.
+void fillStandardStreams() {
+    int descriptor = open("/dev/null", O_RDWR);
+    while (descriptor >= 0 && descriptor <= STDERR_FILENO) {
+        descriptor = open("/dev/null", O_RDWR);
+    }
+    if (descriptor >= 0) {
+        close(descriptor);
+    }
+}
+
+} // namespace
+
+int main() {
+    fillStandardStreams();
+    return WinMain(GetModuleHandleA(nullptr), nullptr, commandTail(GetCommandLineA()), SW_SHOW);
+}

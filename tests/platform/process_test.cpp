@@ -1,0 +1,195 @@
+#include "platform/process.h"
+
+#include "platform/display.h"
+#include "platform/files.h"
+#include "platform/paths.h"
+#include "support/temporary_folder.h"
+
+#include <gtest/gtest.h>
+
+#include <signal.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <cstring>
+
+namespace {
+
+class Process : public ::testing::Test {
+protected:
+    void writeScript(std::string_view name, std::string_view commands) const {
+        std::filesystem::permissions(folder.write(name, "#!/bin/sh\n" + std::string(commands) + '\n'),
+                                     std::filesystem::perms::owner_all);
+    }
+
+    static HANDLE output(const char* name) {
+        return CreateFileA(name, GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, 0, nullptr);
+    }
+
+    static bool start(std::string commandLine, PROCESS_INFORMATION& process,
+                      const char* workingDirectory = nullptr, HANDLE input = nullptr,
+                      HANDLE outputs = nullptr) {
+        STARTUPINFOA startup{};
+        startup.dwFlags = outputs ? STARTF_USESTDHANDLES : 0;
+        startup.hStdInput = input;
+        startup.hStdOutput = outputs;
+        startup.hStdError = outputs;
+        return CreateProcessA(nullptr, commandLine.data(), nullptr, nullptr, TRUE, 0, nullptr,
+                              workingDirectory, &startup, &process) == TRUE;
+    }
+
+    // Runs to the end with all output in a file "out"; the exit code, or -1 when nothing was started.
+    static int run(const std::string& commandLine, const char* workingDirectory = nullptr,
+                   HANDLE input = nullptr) {
+        const HANDLE outputs = output("out");
+        PROCESS_INFORMATION process{};
+        const bool started = start(commandLine, process, workingDirectory, input, outputs);
+        CloseHandle(outputs);
+        DWORD code = 0;
+        if (started) {
+            EXPECT_EQ(WaitForSingleObject(process.hProcess, INFINITE), WAIT_OBJECT_0);
+            EXPECT_TRUE(GetExitCodeProcess(process.hProcess, &code));
+            EXPECT_TRUE(CloseHandle(process.hProcess));
+            EXPECT_TRUE(CloseHandle(process.hThread));
+        }
+        return started ? static_cast<int>(code) : -1;
+    }
+
+    TemporaryFolder folder;
+};
+
+TEST_F(Process, RedirectsAllStreams) {
+    writeScript("child", "cat; echo error >&2; echo \"$2\"");
+    folder.write("in", "input\n");
+    const HANDLE input = CreateFileA("in", GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0, nullptr);
+    EXPECT_EQ(run(R"(.\child a "b  $(c) ;")", nullptr, input), 0);
+    EXPECT_EQ(folder.read("out"), "input\nerror\nb  $(c) ;\n");
+    CloseHandle(input);
+    EXPECT_EQ(run("./child"), 0);
+    EXPECT_EQ(folder.read("out"), "error\n\n");
+}
+
+TEST_F(Process, GivesItsOwnInputAndNothingElse) {
+    const HANDLE other = output("other");
+    const int leak = dup(STDERR_FILENO); // open across an exec
+    signal(SIGPIPE, SIG_IGN);
+    sigset_t blocked;
+    sigemptyset(&blocked);
+    sigaddset(&blocked, SIGTERM);
+    sigprocmask(SIG_BLOCK, &blocked, nullptr);
+    writeScript("child", "ls /proc/$$/fd; sed -nE 's/^Sig(Blk|Ign).*(.{7})$/\\2/p' /proc/$$/status");
+    EXPECT_EQ(run("./child", nullptr, GetStdHandle(STD_INPUT_HANDLE)), 0);
+    // The shell keeps its own script open as 10.
+    EXPECT_EQ(folder.read("out"), "0\n1\n10\n2\n0000000\n0000000\n");
+    EXPECT_EQ(GetStdHandle(0), nullptr);
+    sigprocmask(SIG_UNBLOCK, &blocked, nullptr);
+    close(leak);
+    CloseHandle(other);
+}
+
+TEST_F(Process, FindsTheProgram) {
+    std::filesystem::create_directories("work/inner");
+    writeScript("work/tool", "pwd");
+    writeScript("work/both", "echo plain");
+    writeScript("work/both.exe", "echo exe");
+    writeScript("work/own name", "echo blank");
+    folder.write("work/broken.exe", "no program");
+    std::filesystem::permissions("work/broken.exe", std::filesystem::perms::owner_all);
+    writeScript("work/broken", "echo whole");
+    folder.write("plain.txt", "echo no");
+    writeScript("lost", "");
+    folder.write("lost", "#!/no/such/interpreter\n");
+    writeScript("here", "echo here");
+    const struct {
+        const char* commandLine;
+        const char* workingDirectory;
+        int code;
+        std::string output;
+    } cases[] = {
+        {"tool", "work", 0, folder.pathOf("work") + "\n"},
+        {"TOOL.EXE", "work", -1, ""},
+        {"tool.EXE", "work", 0, folder.pathOf("work") + "\n"},
+        {"both", "work", 0, "plain\n"},
+        {"both.exe", "work", 0, "exe\n"},
+        {"broken.exe", "work", 0, "whole\n"},
+        {"here", "work", 0, "here\n"},
+        {".\\here x", "work", 0, "here\n"},
+        {"\"work\\own name\" x", nullptr, 0, "blank\n"},
+        {"./tool", "work", -1, ""},
+        {"sh -c \"exit 7\"", nullptr, 7, ""},
+        {"sh -c \"kill -9 $$\"", nullptr, 128 + SIGKILL, ""},
+        {"true", "none", -1, ""},
+        {"true", "plain.txt", -1, ""},
+        {"", nullptr, -1, ""},
+        {"\"\"", nullptr, -1, ""},
+        {"none", nullptr, -1, ""},
+        {"./work", nullptr, -1, ""},
+        {"inner", "work", -1, ""},
+        {"./plain.txt", nullptr, -1, ""},
+        {"./work/broken.exe/", nullptr, -1, ""},
+        {"./lost", nullptr, -1, ""},
+        {"here;true", nullptr, -1, ""},
+    };
+    for (const auto& [commandLine, workingDirectory, code, expected] : cases) {
+        EXPECT_EQ(run(commandLine, workingDirectory), code) << commandLine;
+        EXPECT_EQ(folder.read("out"), expected) << commandLine;
+    }
+    std::filesystem::remove("work/broken");
+    EXPECT_EQ(run("broken.exe", "work"), -1) << "no shell runs a text";
+}
+
+TEST_F(Process, PassesLongLinesAndMuchOutput) {
+    const std::string word(100'000, 'w');
+    EXPECT_EQ(run("printf %s%s " + word + ' ' + word), 0);
+    EXPECT_EQ(folder.read("out"), word + word);
+    EXPECT_EQ(run("printf " + std::string(3'000'000, 'w')), -1);
+    EXPECT_EQ(run("head -c 20000000 /dev/zero"), 0);
+    EXPECT_EQ(std::filesystem::file_size("out"), 20'000'000u);
+}
+
+TEST_F(Process, HandlesAnswerOnlyWhenTheyCan) {
+    signal(SIGCHLD, SIG_IGN);
+    writeScript("child", "read line; exit 3");
+    int ends[2];
+    ASSERT_EQ(pipe(ends), 0);
+    const HANDLE input = CreateFileA(("/proc/self/fd/" + std::to_string(ends[0])).c_str(), GENERIC_READ, 0,
+                                     nullptr, OPEN_EXISTING, 0, nullptr);
+    const HANDLE outputs = output("out");
+    PROCESS_INFORMATION process{};
+    ASSERT_TRUE(start("./child", process, nullptr, input, outputs));
+    DWORD code = 99;
+    EXPECT_FALSE(GetExitCodeProcess(process.hProcess, &code));
+    EXPECT_FALSE(GetExitCodeProcess(process.hThread, &code));
+    EXPECT_EQ(WaitForSingleObject(process.hThread, INFINITE), WAIT_FAILED);
+    EXPECT_EQ(WaitForSingleObject(nullptr, INFINITE), WAIT_FAILED);
+    EXPECT_EQ(code, 99u);
+    ASSERT_EQ(::write(ends[1], "\n", 1), 1);
+    EXPECT_EQ(WaitForSingleObject(process.hProcess, INFINITE), WAIT_OBJECT_0);
+    EXPECT_EQ(WaitForSingleObject(process.hProcess, INFINITE), WAIT_OBJECT_0);
+    EXPECT_TRUE(GetExitCodeProcess(process.hProcess, &code));
+    EXPECT_EQ(code, 3u);
+    EXPECT_TRUE(CloseHandle(process.hProcess));
+    EXPECT_FALSE(CloseHandle(process.hProcess));
+    EXPECT_FALSE(GetExitCodeProcess(process.hProcess, &code));
+}
+
+TEST_F(Process, AnAbandonedChildIsReapedLater) {
+    PROCESS_INFORMATION process{};
+    ASSERT_TRUE(start("sleep 0.05", process));
+    const auto child = static_cast<pid_t>(process.dwProcessId);
+    CloseHandle(process.hProcess);
+    siginfo_t ended{};
+    ASSERT_EQ(waitid(P_PID, static_cast<id_t>(child), &ended, WEXITED | WNOWAIT), 0);
+    EXPECT_EQ(run("true"), 0);
+    EXPECT_NE(kill(child, 0), 0);
+}
+
+TEST_F(Process, ARequestToCloseIsPassedOnToTheChild) {
+    int width = 0;
+    int height = 0;
+    displaySize(width, height); // the display takes the signals of a shutdown from its start on
+    raise(SIGTERM);
+    EXPECT_EQ(run("sleep 1000"), 128 + SIGTERM);
+}
+
+} // namespace
