@@ -5,6 +5,7 @@
 #include <strings.h>
 
 #include <algorithm>
+#include <cmath>
 #include <memory>
 #include <utility>
 
@@ -14,6 +15,11 @@ struct DestroyPattern {
     void operator()(FcPattern* pattern) const { FcPatternDestroy(pattern); }
 };
 using Pattern = std::unique_ptr<FcPattern, DestroyPattern>;
+
+// Gives the list of installed fonts back when the program ends, which else counts as leaked.
+struct FontconfigUse {
+    ~FontconfigUse() { FcFini(); }
+};
 
 // From this weight on a face counts as bold.
 constexpr int boldFrom = 600;
@@ -46,7 +52,7 @@ bool flagOf(FcPattern* pattern, const char* property) {
 int weightOf(FcPattern* pattern) {
     double weight = FC_WEIGHT_REGULAR;
     return FcPatternGetDouble(pattern, FC_WEIGHT, 0, &weight) == FcResultMatch
-               ? static_cast<int>(FcWeightToOpenTypeDouble(weight) + 0.5)
+               ? static_cast<int>(std::lround(FcWeightToOpenTypeDouble(weight)))
                : 400;
 }
 
@@ -177,6 +183,7 @@ std::optional<FontChoice> chooseLike(FcPattern* face, const FontRequest& request
 } // namespace
 
 std::optional<FontChoice> chooseFont(FontRequest request) {
+    static const FontconfigUse use;
     InstalledName installed = findInstalled(request, false);
     if (!installed.isFamily && !installed.face && request.nameIsCut) {
         installed = findInstalled(request, true);

@@ -1,0 +1,161 @@
+#include "platform/fonts.h"
+
+#include "platform/font_match.h"
+
+#include <fontconfig/fontconfig.h>
+#include <gtest/gtest.h>
+
+#include <climits>
+#include <cstring>
+#include <optional>
+#include <string>
+
+namespace {
+
+LOGFONTA described(const char* face, LONG height, LONG weight = 0, bool italic = false) {
+    LOGFONTA description{};
+    description.lfHeight = height;
+    description.lfWeight = weight;
+    description.lfItalic = italic ? 1 : 0;
+    std::strncpy(description.lfFaceName, face, sizeof(description.lfFaceName) - 1);
+    return description;
+}
+
+std::string fileFor(const char* name, bool emphasised) {
+    const bool cut = std::strlen(name) == sizeof(LOGFONTA::lfFaceName) - 1;
+    const std::optional<FontChoice> choice = chooseFont({name, cut, emphasised ? 800 : 400, emphasised});
+    return choice ? choice->file.substr(choice->file.rfind('/') + 1) : "";
+}
+
+// Lets the machine have no font but the given ones, for the life of the object.
+class OnlyFonts {
+public:
+    explicit OnlyFonts(std::initializer_list<std::string> files) : former_(FcConfigReference(nullptr)) {
+        FcConfig* config = FcConfigCreate();
+        for (const std::string& file : files) {
+            FcConfigAppFontAddFile(config, reinterpret_cast<const FcChar8*>(file.c_str()));
+        }
+        FcConfigSetCurrent(config);
+        FcConfigDestroy(config);
+    }
+    ~OnlyFonts() {
+        FcConfigSetCurrent(former_);
+        FcConfigDestroy(former_);
+    }
+
+private:
+    FcConfig* former_;
+};
+
+} // namespace
+
+TEST(Fonts, NamesFindFamiliesFullNamesAndSubstitutes) {
+    const struct {
+        const char* name;
+        const char* regular;
+        const char* emphasised;
+    } cases[] = {
+        {"Liberation Sans", "LiberationSans-Regular.ttf", "LiberationSans-BoldItalic.ttf"},
+        {"lIBERATION sERIF", "LiberationSerif-Regular.ttf", "LiberationSerif-BoldItalic.ttf"},
+        {"liberation sans bold italic", "LiberationSans-BoldItalic.ttf", "LiberationSans-BoldItalic.ttf"},
+        {"Liberation Sans Bold", "LiberationSans-Bold.ttf", "LiberationSans-BoldItalic.ttf"},
+        {"Liberation Sans Italic", "LiberationSans-Italic.ttf", "LiberationSans-BoldItalic.ttf"},
+        {"Liberation Sans Narrow Bold Ita", "LiberationSansNarrow-BoldItalic.ttf",
+         "LiberationSansNarrow-BoldItalic.ttf"},
+        {"Arial", "LiberationSans-Regular.ttf", "LiberationSans-BoldItalic.ttf"},
+        {"Arial Bold", "LiberationSans-Bold.ttf", "LiberationSans-BoldItalic.ttf"},
+        {"Courier New Italic", "LiberationMono-Italic.ttf", "LiberationMono-BoldItalic.ttf"},
+        {"DejaVu Sans Bold", "DejaVuSans-Bold.ttf", nullptr},
+    };
+    for (const auto& one : cases) {
+        EXPECT_EQ(fileFor(one.name, false), one.regular) << one.name;
+        if (one.emphasised) {
+            EXPECT_EQ(fileFor(one.name, true), one.emphasised) << one.name;
+        }
+    }
+    for (const char* name : {"", " Bold", "No Such Face At All", "\xC3\xA9t\xC3\xA9"}) {
+        EXPECT_NE(fileFor(name, false), "") << name;
+    }
+}
+
+TEST(Fonts, AWeightOrSlantThatTheFaceLacksIsMadeFromIt) {
+    const std::string regular = chooseFont({"Liberation Sans"})->file;
+    const std::string bold = chooseFont({"Liberation Sans Bold"})->file;
+    {
+        const OnlyFonts one{regular};
+        std::optional<FontChoice> choice = chooseFont({"Liberation Sans", false, 800, true});
+        ASSERT_TRUE(choice);
+        EXPECT_TRUE(choice->embolden && choice->slant);
+        choice = chooseFont({"Liberation Sans"});
+        ASSERT_TRUE(choice);
+        EXPECT_FALSE(choice->embolden || choice->slant);
+
+        // A key that nothing else uses, so that the face is not one loaded earlier.
+        const LOGFONTA plain = described("Sole Face", -20, 401);
+        const LOGFONTA emphasised = described("Sole Face", -20, 801, true);
+        const std::unique_ptr<FontObject> light = loadFont(plain);
+        const std::unique_ptr<FontObject> heavy = loadFont(emphasised);
+        ASSERT_TRUE(light && heavy);
+        EXPECT_EQ(light->boldness, 0);
+        EXPECT_EQ(heavy->boldness, 1);
+        EXPECT_EQ(heavy->advance('n'), light->advance('n') + 1);
+    }
+    const OnlyFonts two{regular, bold};
+    const std::optional<FontChoice> choice = chooseFont({"Liberation Sans", false, 800, true});
+    ASSERT_TRUE(choice);
+    EXPECT_EQ(choice->file, bold);
+    EXPECT_TRUE(!choice->embolden && choice->slant);
+}
+
+TEST(Fonts, AMachineWithoutFontsHasNone) {
+    const OnlyFonts none{};
+    const LOGFONTA description = described("Face Of No Machine", -20);
+    EXPECT_EQ(loadFont(description), nullptr);
+    EXPECT_EQ(CreateFontIndirectA(&description), nullptr);
+    EXPECT_EQ(CreateFontIndirectA(nullptr), nullptr);
+}
+
+TEST(Fonts, MetricsComeFromTheTablesOfTheFont) {
+    // Units of the em of 2048: Liberation 1854, 434 and a gap of 67; DejaVu 1901, 483 and none.
+    const struct {
+        const char* face;
+        LONG height;
+        int ascent;
+        int descent;
+        int externalLeading;
+    } cases[] = {{"Liberation Sans", -16, 14, 3, 1}, {"Liberation Sans", -20, 18, 4, 1},
+                 {"Liberation Sans", -8, 7, 2, 0},   {"Liberation Sans", -48, 43, 10, 2},
+                 {"DejaVu Sans", -16, 15, 4, 0},     {"DejaVu Sans", -48, 45, 11, 0}};
+    for (const auto& one : cases) {
+        const std::unique_ptr<FontObject> font = loadFont(described(one.face, one.height));
+        ASSERT_TRUE(font);
+        EXPECT_EQ(font->pixels(font->face->ascent), one.ascent) << one.face << one.height;
+        EXPECT_EQ(font->pixels(font->face->descent), one.descent) << one.face << one.height;
+        EXPECT_EQ(font->pixels(font->face->externalLeading), one.externalLeading) << one.face << one.height;
+    }
+}
+
+TEST(Fonts, HeightsAreOfTheEmTheCellOrTheDefault) {
+    for (int height = 2; height < 100; ++height) {
+        const std::unique_ptr<FontObject> cell = loadFont(described("Liberation Sans", height));
+        ASSERT_TRUE(cell);
+        EXPECT_LE(cell->height(), height);
+        EXPECT_GE(cell->height(), height - 1);
+        EXPECT_EQ(loadFont(described("Liberation Sans", -height))->emHeight, height);
+    }
+    EXPECT_GT(loadFont(described("Liberation Sans", 0))->emHeight, 8);
+    EXPECT_TRUE(loadFont(described("Liberation Sans", -4096)));
+    for (const LONG absurd : {-4097, 4097, INT_MIN, INT_MAX}) {
+        EXPECT_FALSE(loadFont(described("Liberation Sans", absurd))) << absurd;
+    }
+}
+
+TEST(Fonts, OddDescriptionsStillMakeAFont) {
+    LOGFONTA description{};
+    std::memset(&description, 0xFF, sizeof(description));
+    description.lfHeight = -12;
+    description.lfEscapement = INT_MIN;
+    const std::unique_ptr<FontObject> font = loadFont(description);
+    ASSERT_TRUE(font);
+    EXPECT_EQ(font->directionX * font->directionX + font->directionY * font->directionY, 1);
+}
