@@ -1,0 +1,83 @@
+#include "catalogue/game_filter.h"
+
+#include "catalogue/game_catalogue.h"
+#include "config/settings.h"
+#include "state/shared_state.h"
+
+#include <cstdlib>
+#include <cstring>
+
+namespace {
+
+bool isWithin(std::int16_t value, std::int16_t lowest, std::int16_t highest) {
+    return value >= lowest && value <= highest;
+}
+
+// A clone needs the zip of its parent too; one whose parent is not in the list goes by its own.
+bool hasRoms(const GameRecord& game) {
+    return game.romPresent != 0 &&
+           (game.cloneOf == nullptr || game.parent == nullptr || game.parent->romPresent != 0);
+}
+
+bool passesVideoFilters(const GameRecord& game) {
+    const VideoInfo& video = *game.video;
+    const char* screen = video.screen != nullptr ? video.screen : "";
+    return (settings.displayVertical != 0 || video.orientation != orientationVertical) &&
+           (settings.displayHorizontal != 0 || video.orientation != orientationHorizontal) &&
+           (settings.displayVector != 0 || std::strcmp(screen, "vector") != 0) &&
+           (settings.displayRaster != 0 || std::strcmp(screen, "raster") != 0);
+}
+
+bool passesInputFilters(const InputInfo& input) {
+    return isWithin(input.players, settings.minPlayers, settings.maxPlayers) &&
+           isWithin(input.buttons, settings.minButtons, settings.maxButtons) &&
+           isWithin(input.coins, settings.minCoins, settings.maxCoins) &&
+           (input.control & settings.controllerTypes) != 0;
+}
+
+bool passesSetFilters(const GameRecord& game) {
+    const bool isNeoGeo = game.romOf != nullptr && std::strcmp(game.romOf, "neogeo") == 0;
+    return (settings.displayClones != 0 || game.cloneOf == nullptr) &&
+           (isNeoGeo ? settings.displayNeoGeo : settings.displayNonNeoGeo) != 0;
+}
+
+// A resource may lack video and input, so its test stands first.
+bool isVisible(const GameRecord& game) {
+    return game.isResource == 0 && (settings.displayMissingRoms != 0 || hasRoms(game)) &&
+           passesVideoFilters(game) && passesInputFilters(*game.input) && passesSetFilters(game);
+}
+
+} // namespace
+
+void filterGames() {
+    std::free(static_cast<void*>(visibleGames));
+    visibleGames = nullptr;
+    visibleCount = 0;
+    // Room for all at first: growing by one would copy the whole array again and again.
+    auto** visible =
+        static_cast<GameRecord**>(std::malloc(static_cast<std::size_t>(gameCount) * sizeof(GameRecord*)));
+    if (visible == nullptr) {
+        return;
+    }
+    for (std::int32_t game = 0; game < gameCount; ++game) {
+        if (isVisible(*allGames[game])) {
+            visible[visibleCount++] = allGames[game];
+        }
+    }
+    if (visibleCount == 0) {
+        std::free(static_cast<void*>(visible));
+        return;
+    }
+    void* fitted = std::realloc(static_cast<void*>(visible),
+                                static_cast<std::size_t>(visibleCount) * sizeof(GameRecord*));
+    visibleGames = fitted != nullptr ? static_cast<GameRecord**>(fitted) : visible;
+}
+
+std::int32_t findVisibleGame(const char* name) {
+    for (std::int32_t game = 0; game < visibleCount; ++game) {
+        if (std::strcmp(visibleGames[game]->name, name) == 0) {
+            return game;
+        }
+    }
+    return -1;
+}
