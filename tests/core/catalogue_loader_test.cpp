@@ -1,0 +1,102 @@
+#include "core/catalogue_loader.h"
+
+#include "catalogue/game_catalogue.h"
+#include "config/settings.h"
+#include "overlays/message_window.h"
+#include "platform/display.h"
+#include "platform/virtual_clock.h"
+#include "support/game_list.h"
+#include "support/sdl_events.h"
+#include "support/temporary_folder.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+class CatalogueLoaderTest : public ::testing::Test {
+protected:
+    CatalogueLoaderTest() {
+        displaySetSize(640, 480);
+        static char face[] = "Arial";
+        settings.fontFace = face;
+        settings.fontSize = 12;
+        settings.mameExe = emulator.data();
+    }
+    ~CatalogueLoaderTest() override {
+        hideMessage();
+        freeGameList();
+    }
+
+    void writeProgram(const char* name, const std::string& script) const {
+        folder.write(name, "#!/bin/sh\n" + script);
+        std::filesystem::permissions(folder.pathOf(name), std::filesystem::perms::all);
+    }
+
+    // Leaves each message box with a key, a second after the one before.
+    static void dismissBoxes(int count) {
+        for (int box = 1; box <= count; ++box) {
+            virtualClockAt(virtualClockMilliseconds() + 1000 * box, [] { pressKey(SDL_SCANCODE_RETURN); });
+            virtualClockAt(virtualClockMilliseconds() + 1000 * box + 100,
+                           [] { releaseKey(SDL_SCANCODE_RETURN); });
+        }
+    }
+
+    TemporaryFolder folder;
+    std::string emulator = folder.pathOf("emulator");
+};
+
+TEST_F(CatalogueLoaderTest, readsAListThatIsThereAndRunsNothing) {
+    for (const auto& [list, names] : {std::pair{"game (\r\nname a\r\n)\r\ngame (\r\nname b\r\n)", "a b "},
+                                      {"\xEF\xBB\xBFgame (\nname a\n)\n", "a "},
+                                      {"", ""}}) {
+        folder.write("listinfo.dat", list);
+        EXPECT_EQ(loadGameList(), 1);
+        EXPECT_EQ(namesOf(allGames, gameCount), names);
+        EXPECT_EQ(gameIndex == nullptr, gameCount == 0);
+    }
+    EXPECT_FALSE(folder.has("listinfo.xml"));
+}
+
+// The converter beside the test program goes before the stand-in, which makes the same of the emulator's
+// answer.
+TEST_F(CatalogueLoaderTest, hasAMissingListMade) {
+    const std::string xml = R"(<mame><machine name="alpha"><description>Alpha</description>)"
+                            R"(<manufacturer>M</manufacturer></machine></mame>)";
+    writeProgram("emulator", "[ \"$*\" = -listxml ] && echo '" + xml + "'\n");
+    writeProgram("xml2info", "grep -q alpha && printf 'game (\\nname alpha\\n)\\n'\n");
+    EXPECT_EQ(loadGameList(), 1);
+    EXPECT_EQ(namesOf(allGames, gameCount), "alpha ");
+    EXPECT_EQ(folder.read("listinfo.xml"), xml + "\n");
+
+    writeProgram("emulator", "echo changed\n");
+    EXPECT_EQ(loadGameList(), 1);
+    EXPECT_EQ(namesOf(allGames, gameCount), "alpha ") << "a list that is there is trusted";
+}
+
+TEST_F(CatalogueLoaderTest, anEmulatorThatGivesNoListLeavesAnEmptyOne) {
+    const std::pair<const char*, int> emulators[] = {{"kill -9 $$\n", 0}, {"", 0}, {nullptr, 1}};
+    for (const auto& [script, boxes] : emulators) {
+        std::filesystem::remove("listinfo.dat");
+        std::filesystem::remove("emulator");
+        if (script != nullptr) {
+            writeProgram("emulator", script);
+        }
+        writeProgram("xml2info", "cat > /dev/null\n");
+        dismissBoxes(boxes);
+        EXPECT_EQ(loadGameList(), 1) << boxes;
+        EXPECT_EQ(gameCount, 0);
+        EXPECT_TRUE(folder.has("listinfo.dat"));
+    }
+}
+
+TEST_F(CatalogueLoaderTest, tellsForSevenAndAHalfSecondsThatThereIsNoList) {
+    writeProgram("emulator", "echo list\n");
+    std::filesystem::create_directory("listinfo.dat");
+    dismissBoxes(1);
+    const std::int64_t start = virtualClockMilliseconds();
+    EXPECT_EQ(loadGameList(), 0);
+    EXPECT_GE(virtualClockMilliseconds() - start, 7500);
+    EXPECT_EQ(gameCount, 0);
+}
+
+} // namespace
