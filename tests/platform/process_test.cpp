@@ -77,7 +77,7 @@ TEST_F(Process, GivesItsOwnInputAndNothingElse) {
     sigemptyset(&blocked);
     sigaddset(&blocked, SIGTERM);
     sigprocmask(SIG_BLOCK, &blocked, nullptr);
-    writeScript("child", "ls /proc/$$/fd; sed -nE 's/^Sig(Blk|Ign).*(.{7})$/\\2/p' /proc/$$/status");
+    writeScript("child", "ls /proc/$$/fd; sed -nE 's/^Sig(Blk|Ign).*(.{7})$/\\2/p' /proc/self/status");
     EXPECT_EQ(run("./child", nullptr, GetStdHandle(STD_INPUT_HANDLE)), 0);
     // The shell keeps its own script open as 10.
     EXPECT_EQ(folder.read("out"), "0\n1\n10\n2\n0000000\n0000000\n");
