@@ -27,7 +27,7 @@ Orientation=Normal
 MenuType=ListView
 PreviewPictures=ScreenShots
 Fontface=Arial
-Fontsize=26
+Fontsize=24
 MenuFontSize=20
 ; ivory letters
 Fontcolor=0xC8EEFF
@@ -42,10 +42,13 @@ PreviewHighlightForecolor=0xFFFFFF
 PreviewHighlightBackcolor=0x5414BC
 ShowStatusBar=1
 StatusBarFontFace=Arial
-StatusBarFontSize=16
+StatusBarFontSize=18
 ; amber on plum
 StatusBarForeColor=0x4CC2FF
 StatusBarBackColor=0x481A34
+
+[System]
+SelectedGame=barnacle
 
 [RomOptions]
 SortBy=Name

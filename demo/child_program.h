@@ -8,12 +8,12 @@
 #include <vector>
 
 struct ChildOptions {
-    std::vector<std::string> words;       // the program (with a slash, or sought on PATH) and its arguments
-    std::string folder;                   // working directory; empty for that of this program
-    std::vector<std::string> environment; // "NAME=value", added to that of this program
-    std::string outputPath;               // standard output and error go there; empty leaves them alone
-    int passedDescriptor = -1;            // stays open in the child
-    std::optional<unsigned long> fileSizeLimit; // bytes; a longer write fails, as on a full disk
+    std::vector<std::string> words{};       // the program (with a slash, or sought on PATH) and its arguments
+    std::string folder{};                   // working directory; empty for that of this program
+    std::vector<std::string> environment{}; // "NAME=value", added to that of this program
+    std::string outputPath{};               // standard output and error go there; empty leaves them alone
+    int passedDescriptor = -1;              // stays open in the child
+    std::optional<unsigned long> fileSizeLimit{}; // bytes; a longer write fails, as on a full disk
 };
 
 class ChildProgram {

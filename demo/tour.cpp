@@ -18,7 +18,7 @@ namespace fs = std::filesystem;
 constexpr int ScreenWidth = 1280;
 constexpr int ScreenHeight = 1024;
 constexpr const char* FrontEndTitle = "KESTRAVOX";
-constexpr std::string_view PlayedGame = "tbeekeep";
+constexpr std::string_view PlayedGame = "ueberkff";
 
 constexpr int StartLimit = 15000; // milliseconds, the game list is made within them
 constexpr int StepLimit = 4000;

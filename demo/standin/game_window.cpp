@@ -5,7 +5,9 @@
 
 #include <SDL.h>
 #include <algorithm>
+#include <cstdio>
 #include <cstring>
+#include <fontconfig/fontconfig.h>
 #include <memory>
 #include <string>
 
@@ -20,9 +22,13 @@ struct WindowEnd {
     void operator()(SDL_Window* window) const { SDL_DestroyWindow(window); }
 };
 
-// Ends SDL's video on every way out.
+// Ends SDL's video, and the stores of cairo and fontconfig, on every way out.
 struct VideoSession {
-    ~VideoSession() { SDL_Quit(); }
+    ~VideoSession() {
+        cairo_debug_reset_static_data();
+        FcFini();
+        SDL_Quit();
+    }
 };
 
 // What the keys have done so far.
@@ -49,13 +55,17 @@ bool openVideo() {
     return seen;
 }
 
-void handleEvent(const SDL_Event& event, double seconds, Play& play) {
+void handleEvent(const SDL_Event& event, double seconds, bool verbose, Play& play) {
     if (event.type == SDL_QUIT) {
         play.over = play.terminated = true;
     } else if (event.type == SDL_KEYDOWN && event.key.repeat == 0) {
         SDL_Keycode key = event.key.keysym.sym;
         bool arrow = key == SDLK_LEFT || key == SDLK_RIGHT || key == SDLK_UP || key == SDLK_DOWN;
         play.over = play.over || key == SDLK_ESCAPE;
+        if (verbose) {
+            std::printf("key %s\n", SDL_GetKeyName(key));
+            std::fflush(stdout);
+        }
         if (!arrow) {
             play.flashUntil = seconds + 0.25;
             play.score += 150;
@@ -140,7 +150,7 @@ private:
 
 } // namespace
 
-GameEnd playInWindow(const DemoGame& game, std::optional<int> secondsLimit) {
+GameEnd playInWindow(const DemoGame& game, const StandinOptions& options) {
     if (!openVideo())
         return GameEnd::NoDisplay;
     VideoSession session;
@@ -150,14 +160,14 @@ GameEnd playInWindow(const DemoGame& game, std::optional<int> secondsLimit) {
     Play play;
     Uint64 start = SDL_GetTicks64();
     double seconds = 0;
-    while (!play.over && !(secondsLimit && seconds >= *secondsLimit)) {
+    while (!play.over && !(options.seconds && seconds >= *options.seconds)) {
         screen.show(seconds, play);
         SDL_Event event;
         Uint64 frameEnd = start + static_cast<Uint64>(seconds * 1000) + FrameMilliseconds;
         while (!play.over && SDL_GetTicks64() < frameEnd) {
             if (SDL_WaitEventTimeout(&event,
                                      static_cast<int>(frameEnd - std::min(frameEnd, SDL_GetTicks64()))) != 0)
-                handleEvent(event, seconds, play);
+                handleEvent(event, seconds, options.verbose, play);
         }
         double now = static_cast<double>(SDL_GetTicks64() - start) / 1000;
         movePlayer(play, now - seconds);

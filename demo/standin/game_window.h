@@ -3,10 +3,10 @@
 #pragma once
 
 #include "games.h"
-
-#include <optional>
+#include "standin/options.h"
 
 enum class GameEnd { Finished, Terminated, NoDisplay };
 
-// Blocks until the game is over; without `seconds` that is up to the player. NoDisplay comes back at once.
-GameEnd playInWindow(const DemoGame& game, std::optional<int> seconds);
+// Blocks until the game is over; without a time in the options that is up to the player. NoDisplay comes back
+// at once.
+GameEnd playInWindow(const DemoGame& game, const StandinOptions& options);

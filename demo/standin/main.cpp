@@ -1,5 +1,6 @@
 // demo-mame, the stand-in emulator of the demonstration cabinet. `-listxml` writes the list of its games; a
-// game's name shows that game until Escape, or for `-seconds N`, and the program ends with `-exitcode N`.
+// game's name shows that game until Escape, or for `-seconds N`, and the program ends with `-exitcode N`;
+// `-verbose` names each key that arrives.
 
 #include "games.h"
 #include "standin/game_list_xml.h"
@@ -24,7 +25,7 @@ int main(int argc, char** argv) {
     if (options.listXml)
         return writeGameListXml(stdout) ? Good : WriteFailed;
     if (options.gameName.empty()) {
-        std::fputs("usage: demo-mame -listxml | GAME [-seconds N] [-exitcode N]\n", stderr);
+        std::fputs("usage: demo-mame -listxml | GAME [-seconds N] [-exitcode N] [-verbose]\n", stderr);
         return Usage;
     }
     const DemoGame* game = findDemoGame(options.gameName);
@@ -32,7 +33,7 @@ int main(int argc, char** argv) {
         std::fprintf(stderr, "demo-mame: unknown game \"%s\"\n", options.gameName.c_str());
         return UnknownGame;
     }
-    GameEnd end = playInWindow(*game, options.seconds);
+    GameEnd end = playInWindow(*game, options);
     if (end == GameEnd::NoDisplay)
         std::this_thread::sleep_for(std::chrono::seconds(options.seconds.value_or(DefaultSecondsUnseen)));
     return end == GameEnd::Terminated ? static_cast<int>(Terminated) : options.exitCode;

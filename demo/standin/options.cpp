@@ -26,6 +26,8 @@ StandinOptions readStandinOptions(int argc, char** argv) {
             options.seconds = wholeNumber(next);
         else if (word == "-exitcode")
             options.exitCode = wholeNumber(next).value_or(0);
+        else if (word == "-verbose")
+            options.verbose = true;
         else if (!word.starts_with('-') && options.gameName.empty())
             options.gameName = word;
         if (word == "-seconds" || word == "-exitcode")

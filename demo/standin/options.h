@@ -10,6 +10,7 @@ struct StandinOptions {
     std::string gameName;       // empty when none was given
     std::optional<int> seconds; // how long the game lasts; without it, until Escape
     int exitCode = 0;
+    bool verbose = false; // names each key on standard output
 };
 
 StandinOptions readStandinOptions(int argc, char** argv);

@@ -1,0 +1,146 @@
+#include "e2e/cabinet_fixture.h"
+
+#include "games.h"
+
+#include <algorithm>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr int ScreenWidth = 1280;
+constexpr int ScreenHeight = 1024;
+constexpr std::uint32_t Bar = 0xBC1454; // the highlight of the cabinet's settings
+
+bool shown(const DemoGame& game) {
+    bool playable = game.kind == DemoKind::Game || game.kind == DemoKind::Mechanical;
+    const DemoGame* original = findDemoGame(game.cloneOf);
+    return playable && (original != nullptr ? original->romPresent : game.romPresent);
+}
+
+} // namespace
+
+std::string settingIn(const std::string& ini, const std::string& key) {
+    std::istringstream lines(ini);
+    for (std::string line; std::getline(lines, line);) {
+        if (line.starts_with(key + "="))
+            return line.substr(key.size() + 1);
+    }
+    return "";
+}
+
+std::vector<std::string> shownGames() {
+    std::vector<const DemoGame*> games;
+    for (const DemoGame& game : demoGames()) {
+        if (shown(game))
+            games.push_back(&game);
+    }
+    std::ranges::sort(games, {}, [](const DemoGame* game) { return game->description; });
+    std::vector<std::string> names;
+    for (const DemoGame* game : games)
+        names.emplace_back(game->name);
+    return names;
+}
+
+void CabinetTest::SetUp() {
+    std::string pattern = testing::TempDir() + "cabinet-XXXXXX";
+    ASSERT_NE(mkdtemp(pattern.data()), nullptr);
+    folder = pattern;
+    std::string problem;
+    ASSERT_TRUE(layOutCabinet(folder, problem)) << problem;
+    screen = VirtualScreen::start(ScreenWidth, ScreenHeight, problem);
+    ASSERT_NE(screen, nullptr) << problem;
+}
+
+void CabinetTest::TearDown() {
+    if (HasFailure() && screen != nullptr) {
+        std::string picture =
+            testing::TempDir() + testing::UnitTest::GetInstance()->current_test_info()->name() + ".png";
+        screen->capture().writePng(picture);
+        ADD_FAILURE() << "the screen at the end: " << picture << "\noutput: " << output().substr(0, 4000);
+    }
+    frontEnd.reset();
+    screen.reset();
+    std::error_code error;
+    fs::remove_all(folder, error);
+}
+
+std::string CabinetTest::readFile(const std::string& name) const {
+    std::ifstream file(path(name), std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
+}
+
+void CabinetTest::writeFile(const std::string& name, const std::string& content) const {
+    std::string problem;
+    ASSERT_TRUE(writeTextFile(path(name), content, problem)) << problem;
+}
+
+void CabinetTest::writeScript(const std::string& name, const std::string& lines) const {
+    writeFile(name, "#!/bin/sh\n" + lines + "\n");
+    fs::permissions(path(name), fs::perms::owner_all);
+}
+
+void CabinetTest::writeSettings(const std::vector<SettingChange>& changes) const {
+    writeFile("kestravox.ini", cabinetSettings(changes));
+}
+
+void CabinetTest::makeList() const {
+    std::string line = "'" DEMO_MAME_PATH "' -listxml | '" XML2INFO_PATH "' > '" + path("listinfo.dat") + "'";
+    ChildProgram converter({.words = {"/bin/sh", "-c", line}});
+    ASSERT_EQ(converter.waitForExit(LongLimit), 0);
+}
+
+void CabinetTest::startFrontEnd(const std::vector<std::string>& arguments,
+                                std::optional<unsigned long> fileSizeLimit) {
+    ChildOptions options;
+    options.words = {KESTRAVOX_PATH};
+    options.words.insert(options.words.end(), arguments.begin(), arguments.end());
+    options.folder = folder;
+    options.environment = {screen->environment(), "SDL_VIDEODRIVER=x11",
+                           "LSAN_OPTIONS=suppressions=" LEAKS_PATH};
+    options.outputPath = path("output.txt");
+    options.fileSizeLimit = fileSizeLimit;
+    frontEnd = std::make_unique<ChildProgram>(options);
+    ASSERT_TRUE(frontEnd->started());
+}
+
+Screenshot CabinetTest::waitForList() {
+    auto listShown = [&](const Screenshot& shot) { return barTop(shot) >= 0 || !frontEnd->running(); };
+    EXPECT_TRUE(screen->waitFor(listShown, LongLimit)) << "the list did not appear";
+    EXPECT_TRUE(screen->waitForFocus(FrontEndTitle, StepLimit)) << "focus: " << screen->focusedTitle();
+    Screenshot shot = screen->settled();
+    EXPECT_GE(barTop(shot), 0);
+    return shot;
+}
+
+std::optional<int> CabinetTest::leave() {
+    screen->tap("Escape");
+    return frontEnd->waitForExit(StepLimit);
+}
+
+std::optional<int> CabinetTest::answerBoxesUntilExit() {
+    for (int waited = 0; waited < LongLimit; waited += 300) {
+        if (std::optional<int> code = frontEnd->waitForExit(300))
+            return code;
+        screen->tap("Return");
+    }
+    return std::nullopt;
+}
+
+bool CabinetTest::startGame(const std::string& title) {
+    screen->tap("1");
+    return screen->waitForFocus(title, StepLimit);
+}
+
+int CabinetTest::barTop(const Screenshot& shot) {
+    // The bar begins at the left edge, where no letter stands.
+    for (int y = 0; y + 8 < shot.height; ++y) {
+        if (shot.countColour({0, y, 4, y + 8}, Bar) == 4 * 8)
+            return y;
+    }
+    return -1;
+}

@@ -1,0 +1,102 @@
+// The front end from its first start to its end, in a process of its own.
+#include "e2e/cabinet_fixture.h"
+
+#include "games.h"
+
+#include <algorithm>
+#include <csignal>
+#include <filesystem>
+
+namespace {
+
+int countOf(const std::string& text, const std::string& part) {
+    int count = 0;
+    for (std::size_t place = text.find(part); place != std::string::npos; place = text.find(part, place + 1))
+        ++count;
+    return count;
+}
+
+TEST_F(CabinetTest, TheFirstStartMakesTheListAndTheKeysMoveTheSelection) {
+    startFrontEnd();
+    Screenshot first = waitForList();
+    std::string list = readFile("listinfo.dat");
+    auto hidden = std::ranges::count_if(demoGames(), [](const DemoGame& game) {
+        return game.kind != DemoKind::Game && game.kind != DemoKind::Mechanical;
+    });
+    EXPECT_EQ(countOf(list, "resource ("), hidden);
+    EXPECT_EQ(countOf(list, "game ("), static_cast<int>(demoGames().size()) - hidden);
+
+    ASSERT_TRUE(screen->tap("Down"));
+    ASSERT_TRUE(
+        screen->waitFor([&](const Screenshot& shot) { return barTop(shot) > barTop(first); }, StepLimit));
+    Screenshot second = screen->settled();
+    // Two lines of the list and the foot of the screen change, the place of the marquee above stays as it
+    // was.
+    EXPECT_EQ(second.countDifferences(first, {0, 0, second.width, barTop(first)}), 0);
+    EXPECT_GT(second.countDifferences(first, {0, second.height - 40, second.width, second.height}), 0);
+
+    ASSERT_TRUE(screen->tap("Up"));
+    EXPECT_TRUE(screen->waitFor([&](const Screenshot& shot) { return shot == first; }, StepLimit));
+    screen->tap("x"); // a hundred forward: the last game
+    screen->settled();
+    EXPECT_EQ(leave(), 0);
+    EXPECT_EQ(settingIn(readFile("kestravox.ini"), "SelectedGame"), shownGames().back());
+}
+
+TEST_F(CabinetTest, ATerminationSavesTheSettingsAndKeepsEveryOtherLine) {
+    makeList();
+    writeSettings({{"Orientation", "Inverted"}});
+    std::string before = readFile("kestravox.ini");
+    startFrontEnd();
+    screen->waitForFocus(FrontEndTitle, StepLimit);
+    Screenshot shot = screen->settled();
+    screen->tap("Down");
+    ASSERT_TRUE(screen->waitFor([&](const Screenshot& later) { return later != shot; }, StepLimit));
+    frontEnd->signal(SIGTERM);
+    EXPECT_EQ(frontEnd->waitForExit(StepLimit), 0);
+    std::string after = readFile("kestravox.ini");
+    std::vector<std::string> games = shownGames();
+    EXPECT_EQ(settingIn(after, "SelectedGame"),
+              *(std::ranges::find(games, settingIn(before, "SelectedGame")) + 1));
+    EXPECT_EQ(settingIn(after, "Orientation"), "Inverted");
+    for (const char* kept :
+         {"; crimson bar\n", "Roms.dir=roms\n", "SortBy=Name\n", "outorder=-seconds 2 -exitcode 3\n"})
+        EXPECT_EQ(countOf(after, kept), countOf(before, kept)) << kept;
+}
+
+TEST_F(CabinetTest, WithoutUsableSettingsItStartsWithItsDefaults) {
+    makeList();
+    std::filesystem::create_directory(path("folder.ini"));
+    writeFile("junk.ini",
+              std::string("\0\xFF[Settings\nFontsize", 20) + std::string(100000, 'A') + "=\n\x01");
+    for (const char* ini : {"missing.ini", "folder.ini", "junk.ini"}) {
+        SCOPED_TRACE(ini);
+        startFrontEnd({ini});
+        // No ROM folder is configured, so nothing is to be seen but the white background.
+        EXPECT_TRUE(
+            screen->waitFor([](const Screenshot& shot) { return shot.at(640, 512) == 0xFFFFFF; }, StepLimit));
+        ASSERT_TRUE(screen->waitForFocus(FrontEndTitle, StepLimit));
+        EXPECT_EQ(leave(), 0);
+    }
+    EXPECT_EQ(settingIn(readFile("missing.ini"), "MenuType"), "ListView");
+    EXPECT_TRUE(std::filesystem::is_directory(path("folder.ini")));
+    EXPECT_NE(readFile("junk.ini").find(std::string(100000, 'A')), std::string::npos);
+}
+
+TEST_F(CabinetTest, AFullDiskCostsNeitherTheSettingsNorTheProgram) {
+    writeSettings({});
+    std::string before = readFile("kestravox.ini");
+    startFrontEnd({}, 512); // no file can grow beyond that, the list not either
+    EXPECT_EQ(answerBoxesUntilExit(), 1);
+    EXPECT_EQ(readFile("kestravox.ini"), before);
+
+    makeList();
+    startFrontEnd({}, 512);
+    waitForList();
+    screen->tap("Down");
+    screen->settled();
+    EXPECT_EQ(leave(), 0);
+    EXPECT_EQ(readFile("kestravox.ini"), before);
+}
+
+} // namespace
