@@ -1,0 +1,57 @@
+#include "platform/codepage.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+TEST(CodePage, NamedBytesAndTheirLetters) {
+    EXPECT_EQ(codePageToUnicode('A'), U'A');
+    EXPECT_EQ(codePageToUnicode(0x80), U'\u20AC');
+    EXPECT_EQ(codePageToUnicode(0x99), U'\u2122');
+    EXPECT_EQ(codePageToUnicode(0x9F), U'\u0178');
+    EXPECT_EQ(codePageToUnicode(0xE9), U'\u00E9');
+}
+
+TEST(CodePage, EveryByteComesBackFromItsLetter) {
+    for (unsigned byte = 1; byte < 256; ++byte) {
+        const char32_t letter = codePageToUnicode(static_cast<unsigned char>(byte));
+        std::string utf8;
+        if (letter < 0x80) {
+            utf8 = {static_cast<char>(letter)};
+        } else if (letter < 0x800) {
+            utf8 = {static_cast<char>(0xC0 | letter >> 6), static_cast<char>(0x80 | (letter & 63))};
+        } else {
+            utf8 = {static_cast<char>(0xE0 | letter >> 12), static_cast<char>(0x80 | (letter >> 6 & 63)),
+                    static_cast<char>(0x80 | (letter & 63))};
+        }
+        EXPECT_EQ(utf8ToCodePage(utf8), std::string(1, static_cast<char>(byte))) << byte;
+    }
+}
+
+TEST(CodePage, NearestLettersForWhatItLacks) {
+    const struct {
+        const char* utf8;
+        const char* expected;
+    } cases[] = {
+        {"", ""},
+        {"Pok\u00E9mon \u2122", "Pok\xE9mon \x99"},
+        {"Poke\u0301mon", "Pokemon"}, // an accent that stands alone
+        {"\u0141\u00F3d\u017A", "L\xF3"
+                                "dz"},         // with and without a decomposition
+        {"\u1EA4 \u01D6", "A u"},              // two accents on one letter
+        {"\uFB01x \u2460 \u2116", "fix 1 No"}, // ligature, digit in a circle, numero sign
+        {"\uFF21\uFF11\u3000\uFF01", "A1 !"},  // wide forms
+        {"FM-16\u03B2 \u03A9 \u0398", "FM-16b O Th"},
+        {"\u0416\u0451\u043B\u0442\u044B\u0439", "Zheltyi"},
+        {"\u2212\u2010\u2032", "--'"},
+        {"\u200Ba\uFEFFb", "ab"}, // marks without width
+        {"\u65E5\u672C \u2665 \U0001F3AE", "?? ? ?"},
+        {"caf\xE9 \xC3", "caf\xE9 \xC3"}, // not UTF-8
+        {"\xE2\x82", "\xE2\x82"},         // cut off
+    };
+    for (const auto& row : cases) {
+        EXPECT_EQ(utf8ToCodePage(row.utf8), row.expected) << row.utf8;
+    }
+}
+
+} // namespace

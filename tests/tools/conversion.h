@@ -1,0 +1,9 @@
+// Runs the converter on a text, in this process. Called by the tests of the converter.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+// The list file, or nothing when the text was refused.
+std::optional<std::string> converted(std::string_view xml);
