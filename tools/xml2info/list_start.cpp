@@ -16,8 +16,11 @@ constexpr std::size_t longestPrologue = 1 << 20;
 // Parsed in all before junk that keeps looking like the beginning of a list is given up.
 constexpr std::size_t parsingBudget = 256 << 20;
 
+// Given to a candidate at first, in bytes.
+constexpr std::size_t firstPiece = 1024;
+
 // What the start of a parser costs, in bytes that it could have parsed meanwhile.
-constexpr std::size_t costOfCandidate = 4096;
+constexpr std::size_t costOfCandidate = 256;
 
 enum class Verdict { undecided, isList, isNone };
 
@@ -54,6 +57,11 @@ public:
         return verdict;
     }
 
+    // How far the parser has come, in bytes from the place.
+    std::size_t position() const {
+        return static_cast<std::size_t>(std::max<XML_Index>(XML_GetCurrentByteIndex(parser.get()), 0));
+    }
+
     std::string rootName;
     bool divisible = true;
     std::size_t firstMachine = 0;
@@ -65,7 +73,7 @@ private:
             candidate.rootName = name;
             return;
         }
-        candidate.firstMachine = static_cast<std::size_t>(XML_GetCurrentByteIndex(candidate.parser.get()));
+        candidate.firstMachine = candidate.position();
         candidate.verdict = isMachineElement(name) ? Verdict::isList : Verdict::isNone;
         XML_StopParser(candidate.parser.get(), XML_FALSE);
     }
@@ -152,7 +160,7 @@ private:
 Verdict tryCandidate(Candidate& candidate, Window& window, std::size_t& budget) {
     candidate.reset();
     std::size_t parsed = 0;
-    std::size_t piece = 1024;
+    std::size_t piece = firstPiece;
     Verdict verdict = Verdict::undecided;
     while (verdict == Verdict::undecided) {
         if (parsed >= longestPrologue || (parsed == window.bytes().size() && !window.readMore())) {
@@ -165,7 +173,10 @@ Verdict tryCandidate(Candidate& candidate, Window& window, std::size_t& budget) 
         // Growing pieces keep the cost of a token that is begun anew with every piece in proportion.
         piece = std::max(piece, parsed);
     }
-    budget -= std::min(budget, parsed + costOfCandidate);
+    // Most candidates fail within a few bytes of the first piece; all the bytes of more pieces have been
+    // looked at.
+    const std::size_t lookedAt = parsed > firstPiece ? parsed : candidate.position();
+    budget -= std::min(budget, lookedAt + costOfCandidate);
     return verdict;
 }
 
