@@ -6,7 +6,10 @@
 #include <gtest/gtest.h>
 
 #include <climits>
+#include <cstdio>
 #include <cstring>
+#include <fstream>
+#include <iterator>
 #include <optional>
 #include <string>
 
@@ -84,12 +87,7 @@ TEST(Fonts, AWeightOrSlantThatTheFaceLacksIsMadeFromIt) {
     {
         const OnlyFonts one{regular};
         std::optional<FontChoice> choice = chooseFont({"Liberation Sans", false, 800, true});
-        ASSERT_TRUE(choice);
-        EXPECT_TRUE(choice->embolden && choice->slant);
-        choice = chooseFont({"Liberation Sans"});
-        ASSERT_TRUE(choice);
-        EXPECT_FALSE(choice->embolden || choice->slant);
-
+        EXPECT_TRUE(choice && choice->embolden && choice->slant);
         // A key that nothing else uses, so that the face is not one loaded earlier.
         const LOGFONTA plain = described("Sole Face", -20, 401);
         const LOGFONTA emphasised = described("Sole Face", -20, 801, true);
@@ -99,12 +97,19 @@ TEST(Fonts, AWeightOrSlantThatTheFaceLacksIsMadeFromIt) {
         EXPECT_EQ(light->boldness, 0);
         EXPECT_EQ(heavy->boldness, 1);
         EXPECT_EQ(heavy->advance('n'), light->advance('n') + 1);
+        for (const LONG escapement : {0, 900, 1800, 2700}) {
+            LOGFONTA turned = emphasised;
+            turned.lfEscapement = escapement;
+            const std::unique_ptr<FontObject> font = loadFont(turned);
+            cairo_matrix_t matrix;
+            cairo_scaled_font_get_font_matrix(font->scaled.get(), &matrix);
+            const double lean = -(matrix.xy * font->directionX + matrix.yy * font->directionY);
+            EXPECT_GT(lean, 2) << "the top of a letter leans along the text at " << escapement;
+        }
     }
     const OnlyFonts two{regular, bold};
     const std::optional<FontChoice> choice = chooseFont({"Liberation Sans", false, 800, true});
-    ASSERT_TRUE(choice);
-    EXPECT_EQ(choice->file, bold);
-    EXPECT_TRUE(!choice->embolden && choice->slant);
+    EXPECT_TRUE(choice && choice->file == bold && !choice->embolden && choice->slant);
 }
 
 TEST(Fonts, AMachineWithoutFontsHasNone) {
@@ -135,6 +140,26 @@ TEST(Fonts, MetricsComeFromTheTablesOfTheFont) {
     }
 }
 
+TEST(Fonts, TheWindowsTableGoesBeforeTheGeneralOne) {
+    std::ifstream original(chooseFont({"Liberation Sans"})->file, std::ios::binary);
+    std::string bytes((std::istreambuf_iterator<char>(original)), std::istreambuf_iterator<char>());
+    const std::size_t entry = bytes.find("OS/2"); // of the table directory: tag, checksum, offset, length
+    ASSERT_LT(entry, 500U);
+    std::size_t table = 0;
+    for (std::size_t i = 8; i < 12; ++i) {
+        table = table << 8 | static_cast<unsigned char>(bytes[entry + i]);
+    }
+    bytes.replace(table + 74, 4, std::string("\x07\x00\x01\x00", 4)); // usWinAscent 1792, usWinDescent 256
+    const std::string file = ::testing::TempDir() + "windows_metrics.ttf";
+    std::ofstream(file, std::ios::binary) << bytes;
+    const OnlyFonts only{file};
+    const std::unique_ptr<FontObject> font = loadFont(described("Windows Metrics", -32));
+    ASSERT_TRUE(font);
+    EXPECT_EQ(font->height(), 28 + 4);
+    EXPECT_EQ(font->pixels(font->face->externalLeading), 5); // (67 - (2048 - 2288)) * 32 / 2048
+    std::remove(file.c_str());
+}
+
 TEST(Fonts, HeightsAreOfTheEmTheCellOrTheDefault) {
     for (int height = 2; height < 100; ++height) {
         const std::unique_ptr<FontObject> cell = loadFont(described("Liberation Sans", height));
@@ -144,18 +169,11 @@ TEST(Fonts, HeightsAreOfTheEmTheCellOrTheDefault) {
         EXPECT_EQ(loadFont(described("Liberation Sans", -height))->emHeight, height);
     }
     EXPECT_GT(loadFont(described("Liberation Sans", 0))->emHeight, 8);
+    LOGFONTA junk{};
+    std::memset(&junk, 0xFF, sizeof(junk));
+    EXPECT_TRUE(loadFont(junk));
     EXPECT_TRUE(loadFont(described("Liberation Sans", -4096)));
     for (const LONG absurd : {-4097, 4097, INT_MIN, INT_MAX}) {
         EXPECT_FALSE(loadFont(described("Liberation Sans", absurd))) << absurd;
     }
-}
-
-TEST(Fonts, OddDescriptionsStillMakeAFont) {
-    LOGFONTA description{};
-    std::memset(&description, 0xFF, sizeof(description));
-    description.lfHeight = -12;
-    description.lfEscapement = INT_MIN;
-    const std::unique_ptr<FontObject> font = loadFont(description);
-    ASSERT_TRUE(font);
-    EXPECT_EQ(font->directionX * font->directionX + font->directionY * font->directionY, 1);
 }
