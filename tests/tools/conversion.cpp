@@ -27,7 +27,7 @@ std::optional<std::string> converted(std::string_view xml) {
         EXPECT_TRUE(conversion.segments.empty());
         return std::nullopt;
     }
-    const TemporaryFile output = temporaryFile({});
+    const TemporaryFile output = temporaryFile("");
     EXPECT_TRUE(writeList(fileno(output.get()), conversion.segments));
     std::string text;
     std::rewind(output.get());
