@@ -107,8 +107,8 @@ std::int32_t oppositeOf(std::int32_t rotation) {
     }
 }
 
-// Turns the screen to the player who touched the controls, player 1 when both did. The new rotation shows with the next
-// frame, which the command of the same tick usually brings.
+// Turns the screen to the player who touched the controls, player 1 when both did. The new rotation shows
+// with the next frame, which the command of the same tick usually brings.
 void turnToPlayer(const PolledControls& controls) {
     if (!settings.invertPlayer2Screen) {
         return;

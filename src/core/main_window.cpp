@@ -9,7 +9,8 @@ namespace {
 
 constexpr LPCSTR mainClass = "MainWndClass";
 
-// Width of a frame of the shape 4:3. The division comes first, so what the height has beyond a multiple of 3 is lost.
+// Width of a frame of the shape 4:3. The division comes first, so what the height has beyond a multiple of 3
+// is lost.
 LONG fourThirdsOf(LONG height) {
     return 4 * (height / 3);
 }

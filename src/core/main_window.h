@@ -1,5 +1,6 @@
-// The main window and its frame buffer: a bitmap in the shape 4:3 that the commands compose into and a paint copies to the
-// screen. Called by the start-up. It owns the device contexts and bitmaps of the shared state and writes appActive.
+// The main window and its frame buffer: a bitmap in the shape 4:3 that the commands compose into and a paint
+// copies to the screen. Called by the start-up. It owns the device contexts and bitmaps of the shared state
+// and writes appActive.
 #pragma once
 
 #include "platform/types.h"

@@ -1,8 +1,9 @@
-// The working directory of the outside programs. Called by the game launch and the regeneration of the game list.
+// The working directory of the outside programs. Called by the game launch and the regeneration of the game
+// list.
 #pragma once
 
 #include <string>
 
-// The emulator's folder when the setting names it with a drive, else the folder of the front end; without a separator at
-// its end.
+// The emulator's folder when the setting names it with a drive, else the folder of the front end; without a
+// separator at its end.
 std::string emulatorFolder();

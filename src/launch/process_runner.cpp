@@ -49,8 +49,8 @@ RunRecords makeRecords() {
 }
 
 HANDLE createOutput(const char* path, SECURITY_ATTRIBUTES* security) {
-    const HANDLE file =
-        CreateFileA(path, GENERIC_WRITE, FILE_SHARE_READ, security, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
+    const HANDLE file = CreateFileA(path, GENERIC_WRITE, FILE_SHARE_READ, security, CREATE_ALWAYS,
+                                    FILE_ATTRIBUTE_NORMAL, nullptr);
     if (file == INVALID_HANDLE_VALUE) {
         showError(std::string("Failed to create file [") + path + "]!");
     }
@@ -104,14 +104,15 @@ int runToFile(char* commandLine, const char* workingDirectory, const char* outpu
     return result;
 }
 
-int runFilter(char* commandLine, const char* workingDirectory, const char* inputPath, const char* outputPath) {
+int runFilter(char* commandLine, const char* workingDirectory, const char* inputPath,
+              const char* outputPath) {
     RunRecords records = makeRecords();
     const HANDLE output = createOutput(outputPath, &records.security);
     if (output == INVALID_HANDLE_VALUE) {
         return 0;
     }
-    const HANDLE input = CreateFileA(inputPath, GENERIC_READ, FILE_SHARE_READ, &records.security, OPEN_EXISTING,
-                                     FILE_ATTRIBUTE_NORMAL, nullptr);
+    const HANDLE input = CreateFileA(inputPath, GENERIC_READ, FILE_SHARE_READ, &records.security,
+                                     OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
     if (input == INVALID_HANDLE_VALUE) {
         showError(std::string("Failed to open file [") + inputPath + "]!");
         CloseHandle(output);

@@ -13,7 +13,8 @@ namespace {
 
 constexpr LPCSTR messageClass = "MessageWndClass";
 
-// Pixels between the text and each edge of the box, and between a box that is as long as the screen and the screen's ends.
+// Pixels between the text and each edge of the box, and between a box that is as long as the screen and the
+// screen's ends.
 constexpr std::int32_t textMargin = 15;
 constexpr std::int32_t screenMargin = 15;
 

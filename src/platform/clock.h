@@ -1,5 +1,5 @@
-// The performance counter and Sleep. Called by every loop and delay. The time itself comes from clock_source.h, of which
-// the build has two: the machine's clock, and a virtual one for tests.
+// The performance counter and Sleep. Called by every loop and delay. The time itself comes from
+// clock_source.h, of which the build has two: the machine's clock, and a virtual one for tests.
 #pragma once
 
 #include "platform/types.h"
@@ -8,6 +8,6 @@
 BOOL QueryPerformanceFrequency(LARGE_INTEGER* frequency);
 BOOL QueryPerformanceCounter(LARGE_INTEGER* counter);
 
-// Gives up the processor for at least the given milliseconds. Meanwhile the screen stays alive: what has changed is
-// shown, the display's events are drained, no message is dispatched.
+// Gives up the processor for at least the given milliseconds. Meanwhile the screen stays alive: what has
+// changed is shown, the display's events are drained, no message is dispatched.
 void Sleep(DWORD milliseconds);

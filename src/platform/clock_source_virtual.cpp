@@ -39,8 +39,3 @@ std::int64_t virtualClockMilliseconds() {
 void virtualClockAdvance(std::int64_t milliseconds) {
     currentTime += milliseconds * nanosecondsPerMillisecond;
 }
-
-void virtualClockReset() {
-    currentTime = 0;
-    actions.clear();
-}

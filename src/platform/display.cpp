@@ -18,8 +18,8 @@
 
 namespace {
 
-// How often the event queue is looked at. The controls are polled ten times a second, so this is never felt, and an
-// idle front end stays far below a hundredth of a processor.
+// How often the event queue is looked at. The controls are polled ten times a second, so this is never felt,
+// and an idle front end stays far below a hundredth of a processor.
 constexpr std::int64_t pumpInterval = 4'000'000;
 
 struct Display {
@@ -112,7 +112,8 @@ bool startDisplay() {
 }
 
 bool hasOwnFormat(const SDL_Surface& surface) {
-    return surface.format->format == SDL_PIXELFORMAT_RGB888 || surface.format->format == SDL_PIXELFORMAT_ARGB8888;
+    return surface.format->format == SDL_PIXELFORMAT_RGB888 ||
+           surface.format->format == SDL_PIXELFORMAT_ARGB8888;
 }
 
 void handleWindowEvent(const SDL_WindowEvent& event) {
@@ -178,7 +179,7 @@ void handleEvent(const SDL_Event& event) {
 
 void pumpEvents() {
     SDL_Event event{};
-    while (SDL_PollEvent(&event) != 0) {
+    while (display.window && SDL_PollEvent(&event) != 0) {
         handleEvent(event);
     }
     if (takeCloseRequest()) {
@@ -220,8 +221,8 @@ void displayPresent() {
         return;
     }
     if (!hasOwnFormat(*surface) && !display.converted.empty()) {
-        SDL_ConvertPixels(surface->w, surface->h, SDL_PIXELFORMAT_RGB888, display.converted.data(), surface->w * 4,
-                          surface->format->format, surface->pixels, surface->pitch);
+        SDL_ConvertPixels(surface->w, surface->h, SDL_PIXELFORMAT_RGB888, display.converted.data(),
+                          surface->w * 4, surface->format->format, surface->pixels, surface->pitch);
     }
     if (!display.shown) {
         display.shown = true;
@@ -236,15 +237,13 @@ bool displayIsReal() {
 }
 
 void displayKeepAlive() {
-    if (!display.window) {
-        return;
-    }
+    // Without a window too: a signal must reach a child that has the console for itself.
     const std::int64_t now = clockNow();
     if (now - display.lastPump >= pumpInterval) {
         display.lastPump = now;
         pumpEvents();
     }
-    if (display.listener.refresh) {
+    if (display.window && display.listener.refresh) {
         display.listener.refresh();
     }
 }

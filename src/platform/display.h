@@ -1,6 +1,7 @@
-// The one seam to SDL's video: a full-screen window, its pixels, its events, its focus. Inside the platform only, and its
-// tests. The windows above it draw into the pixels and present them; events become key states, and go to the listener.
-// The functions that give a size or pixels start the display when it is not running yet; the others do nothing then.
+// The one seam to SDL's video: a full-screen window, its pixels, its events, its focus. Inside the platform
+// only, and its tests. The windows above it draw into the pixels and present them; events become key states,
+// and go to the listener. The functions that give a size or pixels start the display when it is not running
+// yet; the others do nothing then.
 #pragma once
 
 #include <cstdint>
@@ -26,21 +27,23 @@ void displaySetListener(const DisplayListener& listener);
 // Size of the screen in pixels. False, and 0, when no display can be had at all.
 bool displaySize(int& width, int& height);
 
-// The pixels of the next picture, valid until the next call of any function here; null pixels without a display.
+// The pixels of the next picture, valid until the next call of any function here; null pixels without a
+// display.
 DisplayPixels displayPixels();
 
 // Shows the pixels. The window itself comes up with the first picture.
 void displayPresent();
 
-// True when a person can see and answer this display; false on SDL's drivers without a screen, and without a display.
+// True when a person can see and answer this display; false on SDL's drivers without a screen, and without a
+// display.
 bool displayIsReal();
 
-// Handles waiting events and has the listener show what has changed. Costs next to nothing when called often: the event
-// queue is looked at every few milliseconds at most.
+// Handles waiting events and has the listener show what has changed. Costs next to nothing when called often:
+// the event queue is looked at every few milliseconds at most.
 void displayKeepAlive();
 
-// Gives the display up for a child that draws by itself (a console without a window system has one owner only) and
-// takes it back: in front, with the keyboard focus, with the last picture.
+// Gives the display up for a child that draws by itself (a console without a window system has one owner
+// only) and takes it back: in front, with the keyboard focus, with the last picture.
 void displayGiveUp();
 void displayTakeBack();
 
@@ -50,8 +53,8 @@ bool displayCloseRequested();
 // A mouse button was pressed since this was last called.
 bool displayMousePressed();
 
-// Presses or releases a key of the window system for whatever window has the focus there; a symbol of 0 and a display
-// other than X11 have no effect.
+// Presses or releases a key of the window system for whatever window has the focus there; a symbol of 0 and a
+// display other than X11 have no effect.
 void displaySendKey(std::uint32_t keySymbol, bool down);
 
 void displayShowCursor(bool shown);
@@ -61,8 +64,8 @@ void displayAllowScreenSaver(bool allowed);
 // The title of the window.
 void displaySetTitle(const char* title);
 
-// Fixes the size of the screen on drivers that have none of their own (dummy, offscreen), before the display starts or
-// while it runs. For tests.
+// Fixes the size of the screen on drivers that have none of their own (dummy, offscreen), before the display
+// starts or while it runs. For tests.
 void displaySetSize(int width, int height);
 
 // Ends the display. At the end of the process.

@@ -15,23 +15,32 @@
 #include <array>
 #include <cstring>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 
 namespace {
 
-// A search gives its one result at once and keeps nothing, so all searches share a handle and are only
-// counted.
-char searchToken;
-unsigned openSearches = 0;
+struct CloseFolder {
+    void operator()(DIR* folder) const { closedir(folder); }
+};
 
-HANDLE openSearch(const struct stat& status, std::string_view name, WIN32_FIND_DATAA* found) {
-    found->dwFileAttributes = S_ISDIR(status.st_mode) ? FILE_ATTRIBUTE_DIRECTORY : FILE_ATTRIBUTE_NORMAL;
+// A search without wildcards gives its one result at once and keeps nothing.
+struct Search : SystemObject {
+    std::unique_ptr<DIR, CloseFolder> folder;
+    std::string pattern;
+};
+
+// All searches without wildcards share a handle and are only counted.
+char plainSearch;
+unsigned plainSearches = 0;
+
+void describe(bool isFolder, std::string_view name, WIN32_FIND_DATAA* found) {
+    found->dwFileAttributes = isFolder ? FILE_ATTRIBUTE_DIRECTORY : FILE_ATTRIBUTE_NORMAL;
     const std::size_t length = std::min(name.size(), sizeof(found->cFileName) - 1);
     std::memcpy(found->cFileName, name.data(), length);
     found->cFileName[length] = '\0';
-    ++openSearches;
-    return &searchToken;
 }
 
 // The machine's own patterns know brackets too, which are plain letters here.
@@ -49,19 +58,41 @@ std::string nativePattern(std::string_view pattern) {
     return native;
 }
 
-HANDLE searchFolder(const std::string& folder, std::string_view pattern, WIN32_FIND_DATAA* found) {
-    const std::unique_ptr<DIR, int (*)(DIR*)> entries(opendir(folder.empty() ? "." : folder.c_str()),
-                                                      closedir);
-    const std::string native = nativePattern(pattern);
-    while (const dirent* entry = entries ? readdir(entries.get()) : nullptr) {
+// What an entry of a folder is, when the folder itself tells: asking for each costs far more than the
+// listing.
+std::optional<bool> kindOf(DIR* folder, const dirent& entry) {
+    if (entry.d_type == DT_REG || entry.d_type == DT_DIR) {
+        return entry.d_type == DT_DIR;
+    }
+    struct stat status {};
+    if (fstatat(dirfd(folder), entry.d_name, &status, 0) != 0) {
+        return std::nullopt;
+    }
+    return S_ISDIR(status.st_mode);
+}
+
+bool findNext(const Search& search, WIN32_FIND_DATAA* found) {
+    while (const dirent* entry = readdir(search.folder.get())) {
         const std::string_view name = entry->d_name;
-        struct stat status {};
-        if (name != "." && name != ".." && fnmatch(native.c_str(), entry->d_name, 0) == 0 &&
-            fstatat(dirfd(entries.get()), entry->d_name, &status, 0) == 0) {
-            return openSearch(status, name, found);
+        if (name == "." || name == ".." || fnmatch(search.pattern.c_str(), entry->d_name, 0) != 0) {
+            continue;
+        }
+        if (const std::optional<bool> isFolder = kindOf(search.folder.get(), *entry)) {
+            describe(*isFolder, name, found);
+            return true;
         }
     }
-    return INVALID_HANDLE_VALUE;
+    return false;
+}
+
+HANDLE searchFolder(const std::string& folder, std::string_view pattern, WIN32_FIND_DATAA* found) {
+    auto search = std::make_unique<Search>();
+    search->folder.reset(opendir(folder.empty() ? "." : folder.c_str()));
+    search->pattern = nativePattern(pattern);
+    if (!search->folder || !findNext(*search, found)) {
+        return INVALID_HANDLE_VALUE;
+    }
+    return insertSystemObject(std::move(search));
 }
 
 } // namespace
@@ -85,15 +116,23 @@ HANDLE FindFirstFileA(LPCSTR path, WIN32_FIND_DATAA* found) {
     if (name.empty() || stat(native.data(), &status) != 0) {
         return INVALID_HANDLE_VALUE;
     }
-    return openSearch(status, name, found);
+    describe(S_ISDIR(status.st_mode), name, found);
+    ++plainSearches;
+    return &plainSearch;
+}
+
+BOOL FindNextFileA(HANDLE search, WIN32_FIND_DATAA* found) {
+    const auto* open = dynamic_cast<Search*>(systemObjects().find(reinterpret_cast<std::uintptr_t>(search)));
+    return open && findNext(*open, found) ? TRUE : FALSE;
 }
 
 BOOL FindClose(HANDLE search) {
-    if (search != &searchToken || openSearches == 0) {
-        return FALSE;
+    if (search == &plainSearch && plainSearches > 0) {
+        --plainSearches;
+        return TRUE;
     }
-    --openSearches;
-    return TRUE;
+    const auto value = reinterpret_cast<std::uintptr_t>(search);
+    return dynamic_cast<Search*>(systemObjects().find(value)) && systemObjects().remove(value) ? TRUE : FALSE;
 }
 
 HANDLE CreateFileA(LPCSTR path, DWORD access, DWORD, SECURITY_ATTRIBUTES*, DWORD disposition, DWORD, HANDLE) {

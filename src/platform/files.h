@@ -26,8 +26,10 @@ struct WIN32_FIND_DATAA {
 
 // Finds the first file or folder of a path whose last part may hold the wildcards * and ?. Gives a search
 // handle, to be closed with FindClose, or INVALID_HANDLE_VALUE when there is none. A path without wildcards
-// costs one look-up.
+// costs one look-up. FindNextFileA gives the next one of a path with wildcards, in no particular order, and
+// FALSE when there is none.
 HANDLE FindFirstFileA(LPCSTR path, WIN32_FIND_DATAA* found);
+BOOL FindNextFileA(HANDLE search, WIN32_FIND_DATAA* found);
 BOOL FindClose(HANDLE search);
 
 // Opens a file: GENERIC_WRITE with CREATE_ALWAYS makes it anew and empty, GENERIC_READ with OPEN_EXISTING

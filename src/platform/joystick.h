@@ -1,5 +1,6 @@
-// The first joystick of the machine: axes, hat and buttons. Called by the polling. A hat moves the axes too, since the
-// D-pad of most pads is one. A joystick that is unplugged answers with JOYERR_UNPLUGGED until one is plugged in again.
+// The first joystick of the machine: axes, hat and buttons. Called by the polling. A hat moves the axes too,
+// since the D-pad of most pads is one. A joystick that is unplugged answers with JOYERR_UNPLUGGED until one
+// is plugged in again.
 #pragma once
 
 #include "platform/types.h"
@@ -62,9 +63,9 @@ struct JOYCAPSA {
 };
 static_assert(sizeof(JOYCAPSA) == 404);
 
-// Reads the device afresh. JOYERR_NOERROR and the state; JOYERR_PARMS for a joystick other than 0 or a null or wrongly
-// sized record, JOYERR_UNPLUGGED without a joystick, both with the record as it was. joyGetPosEx is the probe: it
-// fills the same values as joyGetPos whatever dwFlags says.
+// Reads the device afresh. JOYERR_NOERROR and the state; JOYERR_PARMS for a joystick other than 0 or a null
+// or wrongly sized record, JOYERR_UNPLUGGED without a joystick, both with the record as it was. joyGetPosEx
+// is the probe: it fills the same values as joyGetPos whatever dwFlags says.
 MMRESULT joyGetPos(UINT joystick, JOYINFO* info);
 MMRESULT joyGetPosEx(UINT joystick, JOYINFOEX* info);
 

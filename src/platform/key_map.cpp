@@ -76,9 +76,9 @@ struct KeyRun {
 };
 
 constexpr KeyRun keyRuns[] = {
-    {'A', SDL_SCANCODE_A, XK_a, 26},       {'1', SDL_SCANCODE_1, XK_1, 9},
-    {'0', SDL_SCANCODE_0, XK_0, 1},        {97, SDL_SCANCODE_KP_1, XK_KP_1, 9},
-    {96, SDL_SCANCODE_KP_0, XK_KP_0, 1},   {112, SDL_SCANCODE_F1, XK_F1, 12},
+    {'A', SDL_SCANCODE_A, XK_a, 26},     {'1', SDL_SCANCODE_1, XK_1, 9},
+    {'0', SDL_SCANCODE_0, XK_0, 1},      {97, SDL_SCANCODE_KP_1, XK_KP_1, 9},
+    {96, SDL_SCANCODE_KP_0, XK_KP_0, 1}, {112, SDL_SCANCODE_F1, XK_F1, 12},
     {124, SDL_SCANCODE_F13, XK_F13, 12},
 };
 

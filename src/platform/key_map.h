@@ -5,8 +5,8 @@
 
 struct SDL_Keysym;
 
-// The virtual-key code of a key of SDL: letters by what the layout prints on them, everything else by place. 0 when there is
-// none.
+// The virtual-key code of a key of SDL: letters by what the layout prints on them, everything else by place.
+// 0 when there is none.
 int virtualKeyOf(const SDL_Keysym& key);
 
 // The X11 key symbol of a virtual-key code; 0 when there is none.

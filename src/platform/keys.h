@@ -1,5 +1,5 @@
-// State of the keyboard by virtual-key code, and synthesised keys. Called by the polling and the process runner.
-// Keys reach it as events of the display; key messages for windows are made from the same events.
+// State of the keyboard by virtual-key code, and synthesised keys. Called by the polling and the process
+// runner. Keys reach it as events of the display; key messages for windows are made from the same events.
 #pragma once
 
 #include "platform/types.h"
@@ -16,12 +16,12 @@ constexpr int VK_DOWN = 40;
 
 constexpr DWORD KEYEVENTF_KEYUP = 0x0002;
 
-// The sign bit: the key is down now. Bit 0: it was pressed since the last call for this code; the call clears it. The
-// display's own repeats of a held key do not count as presses. VK_SHIFT, VK_CONTROL and VK_MENU stand for either of
-// their two keys. 0 for a code outside 1 to 254.
+// The sign bit: the key is down now. Bit 0: it was pressed since the last call for this code; the call clears
+// it. The display's own repeats of a held key do not count as presses. VK_SHIFT, VK_CONTROL and VK_MENU stand
+// for either of their two keys. 0 for a code outside 1 to 254.
 SHORT GetAsyncKeyState(int code);
 
-// Sends a key press, or with KEYEVENTF_KEYUP a release, to whatever window of the display has the keyboard focus, also
-// another program's. scanCode and extraInformation are not used. Only letters, digits and the codes above are known; any
-// other code, and a display without synthesised keys (all but X11), has no effect.
+// Sends a key press, or with KEYEVENTF_KEYUP a release, to whatever window of the display has the keyboard
+// focus, also another program's. scanCode and extraInformation are not used. Only letters, digits and the
+// codes above are known; any other code, and a display without synthesised keys (all but X11), has no effect.
 void keybd_event(BYTE code, BYTE scanCode, DWORD flags, std::uintptr_t extraInformation);

@@ -116,8 +116,8 @@ void drawBox(HDC dc, const BoxLayout& layout, std::string_view title) {
     constexpr std::string_view button = "OK";
     const int centre = layout.width / 2;
     fill({centre - 3 * unit, layout.height - 3 * unit, centre + 3 * unit, layout.height - unit}, buttonColor);
-    TextOutA(dc, centre - textWidthIn(dc, button) / 2, layout.height - 5 * unit / 2 - unit / 10, button.data(),
-             static_cast<int>(button.size()));
+    TextOutA(dc, centre - textWidthIn(dc, button) / 2, layout.height - 5 * unit / 2 - unit / 10,
+             button.data(), static_cast<int>(button.size()));
 }
 
 UINT joystickButtons() {
@@ -137,8 +137,8 @@ void waitForAnswer() {
         const UINT buttons = joystickButtons();
         const bool buttonPressed = (buttons & ~held) != 0;
         held = buttons;
-        const bool keyPressed =
-            std::any_of(std::begin(answerKeys), std::end(answerKeys), [](int key) { return takeKeyPress(key); });
+        const bool keyPressed = std::any_of(std::begin(answerKeys), std::end(answerKeys),
+                                            [](int key) { return takeKeyPress(key); });
         if (keyPressed || buttonPressed || displayMousePressed() || displayCloseRequested()) {
             break;
         }

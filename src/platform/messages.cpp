@@ -20,7 +20,8 @@ std::optional<int> quitCode;
 
 MSG makeMessage(HWND handle, UINT message, WPARAM wParam, LPARAM lParam) {
     constexpr std::int64_t nanosecondsPerMillisecond = 1'000'000;
-    return {handle, message, wParam, lParam, static_cast<DWORD>(clockNow() / nanosecondsPerMillisecond), {0, 0}};
+    return {handle, message, wParam, lParam, static_cast<DWORD>(clockNow() / nanosecondsPerMillisecond),
+            {0, 0}};
 }
 
 HWND windowToPaint() {

@@ -14,7 +14,8 @@ struct CloseDisplay {
 } // namespace
 
 void sendKeyToFocus(std::uint32_t keySymbol, bool down) {
-    // A connection for the moment: it is used twice a game, and nothing of it must be inherited or time out meanwhile.
+    // A connection for the moment: it is used twice a game, and nothing of it must be inherited or time out
+    // meanwhile.
     const std::unique_ptr<Display, CloseDisplay> connection(XOpenDisplay(nullptr));
     int unused = 0;
     if (!connection || !XTestQueryExtension(connection.get(), &unused, &unused, &unused, &unused)) {

@@ -4,8 +4,9 @@
 #include <cstdint>
 #include <functional>
 
-// Runs an action at a moment of virtual time, in milliseconds since the start of time, from inside the wait that passes
-// it. Actions of one moment run in the order given. A moment that has passed runs in the next wait.
+// Runs an action at a moment of virtual time, in milliseconds since the start of time, from inside the wait
+// that passes it. Actions of one moment run in the order given. A moment that has passed runs in the next
+// wait.
 void virtualClockAt(std::int64_t milliseconds, std::function<void()> action);
 
 // Milliseconds that have passed.
@@ -13,6 +14,3 @@ std::int64_t virtualClockMilliseconds();
 
 // Moves time without a wait, for the time that a computation is said to take.
 void virtualClockAdvance(std::int64_t milliseconds);
-
-// Back to zero, with no action left.
-void virtualClockReset();

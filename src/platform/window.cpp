@@ -33,7 +33,8 @@ int frameOf(const Window& window) {
 }
 
 LPARAM packSize(int width, int height) {
-    return static_cast<LPARAM>((static_cast<std::uint32_t>(height) << 16) | static_cast<std::uint32_t>(width));
+    return static_cast<LPARAM>((static_cast<std::uint32_t>(height) << 16) |
+                               static_cast<std::uint32_t>(width));
 }
 
 // Sets the outer rectangle and makes the client surface to match; tells whether its size changed.
@@ -82,7 +83,8 @@ RECT wholeScreen() {
 
 RECT rectangleOf(int x, int y, int width, int height) {
     const auto edge = [](int start, int length) {
-        return static_cast<LONG>(std::min<std::int64_t>(std::int64_t{start} + std::max(length, 0), INT32_MAX));
+        return static_cast<LONG>(
+            std::min<std::int64_t>(std::int64_t{start} + std::max(length, 0), INT32_MAX));
     };
     return {x, y, edge(x, width), edge(y, height)};
 }
@@ -157,8 +159,9 @@ ATOM RegisterClassA(const WNDCLASSA* windowClass) {
         return 0;
     }
     static ATOM lastAtom = 0xC000;
-    classes.push_back(std::make_unique<WindowClass>(WindowClass{
-        windowClass->lpszClassName, windowClass->style, windowClass->lpfnWndProc, windowClass->hbrBackground}));
+    classes.push_back(
+        std::make_unique<WindowClass>(WindowClass{windowClass->lpszClassName, windowClass->style,
+                                                  windowClass->lpfnWndProc, windowClass->hbrBackground}));
     lastAtom = lastAtom == 0xFFFF ? 0xC001 : static_cast<ATOM>(lastAtom + 1);
     return lastAtom;
 }

@@ -78,40 +78,42 @@ inline const LPCSTR IDC_ARROW = reinterpret_cast<LPCSTR>(static_cast<std::uintpt
 // --- Classes ---
 
 // Registers a class under lpszClassName, which is copied. Gives a non-zero atom, or 0 when the name or the
-// window procedure is null or the name is taken. The background brush stays the caller's and must live as long
-// as the class; a null brush leaves the background to the window.
+// window procedure is null or the name is taken. The background brush stays the caller's and must live as
+// long as the class; a null brush leaves the background to the window.
 ATOM RegisterClassA(const WNDCLASSA* windowClass);
 
 // Forgets a class. FALSE when there is no such class or a window of it still lives.
 BOOL UnregisterClassA(LPCSTR className, HINSTANCE instance);
 
-// The stock icon and cursor named by IDI_APPLICATION and IDC_ARROW: tokens, never null, owned by the platform.
+// The stock icon and cursor named by IDI_APPLICATION and IDC_ARROW: tokens, never null, owned by the
+// platform.
 HICON LoadIconA(HINSTANCE instance, LPCSTR name);
 HCURSOR LoadCursorA(HINSTANCE instance, LPCSTR name);
 
 // --- Windows ---
 
 // Makes a hidden window and sends it WM_NCCREATE (answer FALSE: no window) and WM_CREATE (answer -1: no
-// window), both with creationData in the lParam's place. x, y, width and height are the outer rectangle in screen
-// pixels; CW_USEDEFAULT counts as 0, since only popups are made. The parent of a popup is its owner: the popup lies
-// above it and ends before it. WS_THICKFRAME has a frame, so that the client area is smaller than the outer
-// rectangle on each side. Gives null for an unknown class. No WM_SIZE is sent here.
-HWND CreateWindowExA(DWORD extendedStyle, LPCSTR className, LPCSTR title, DWORD style, int x, int y, int width,
-                     int height, HWND parent, HMENU menu, HINSTANCE instance, LPVOID creationData);
+// window), both with creationData in the lParam's place. x, y, width and height are the outer rectangle in
+// screen pixels; CW_USEDEFAULT counts as 0, since only popups are made. The parent of a popup is its owner:
+// the popup lies above it and ends before it. WS_THICKFRAME has a frame, so that the client area is smaller
+// than the outer rectangle on each side. Gives null for an unknown class. No WM_SIZE is sent here.
+HWND CreateWindowExA(DWORD extendedStyle, LPCSTR className, LPCSTR title, DWORD style, int x, int y,
+                     int width, int height, HWND parent, HMENU menu, HINSTANCE instance, LPVOID creationData);
 
-// Hides the window, destroys the windows it owns, sends WM_DESTROY, drops the window's waiting messages and device
-// contexts, and gives the focus to its owner when it had it. FALSE when there is no such window.
+// Hides the window, destroys the windows it owns, sends WM_DESTROY, drops the window's waiting messages and
+// device contexts, and gives the focus to its owner when it had it. FALSE when there is no such window.
 BOOL DestroyWindow(HWND window);
 
-// SW_SHOW shows the window on top of its kind and gives it the focus; SW_MAXIMIZE first makes its outer rectangle
-// the whole screen; SW_HIDE hides it and gives the focus to its owner. WM_SIZE is sent before the call returns when
-// the size changes, and at the first show of a window that has had none. A window that is shown is wholly invalid and
-// is erased at its next paint. Gives whether the window was visible before.
+// SW_SHOW shows the window on top of its kind and gives it the focus; SW_MAXIMIZE first makes its outer
+// rectangle the whole screen; SW_HIDE hides it and gives the focus to its owner. WM_SIZE is sent before the
+// call returns when the size changes, and at the first show of a window that has had none. A window that is
+// shown is wholly invalid and is erased at its next paint. Gives whether the window was visible before.
 BOOL ShowWindow(HWND window, int command);
 
-// Gives the window a new outer rectangle. WM_SIZE (wParam SIZE_RESTORED, lParam client width in the low and height
-// in the high 16 bits) is sent before the call returns, only when the size differs. Negative sizes count as 0. With
-// repaint, or with a class of CS_HREDRAW or CS_VREDRAW whose size changed, the window is invalid afterwards.
+// Gives the window a new outer rectangle. WM_SIZE (wParam SIZE_RESTORED, lParam client width in the low and
+// height in the high 16 bits) is sent before the call returns, only when the size differs. Negative sizes
+// count as 0. With repaint, or with a class of CS_HREDRAW or CS_VREDRAW whose size changed, the window is
+// invalid afterwards.
 BOOL MoveWindow(HWND window, int x, int y, int width, int height, BOOL repaint);
 
 // The client area: left and top are 0. FALSE and no change when there is no such window.
@@ -119,13 +121,15 @@ BOOL GetClientRect(HWND window, RECT* rect);
 
 // --- Messages ---
 
-// Answers a message as the platform does for a window that does not care: WM_CLOSE destroys the window, WM_PAINT
-// validates it, WM_ERASEBKGND fills it with the class's brush, WM_NCCREATE gives TRUE; anything else gives 0.
+// Answers a message as the platform does for a window that does not care: WM_CLOSE destroys the window,
+// WM_PAINT validates it, WM_ERASEBKGND fills it with the class's brush, WM_NCCREATE gives TRUE; anything else
+// gives 0.
 LRESULT DefWindowProcA(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
 
-// Looks for the next message without taking it (PM_NOREMOVE is the one flag served): TRUE and the message when one
-// waits. The order is posted messages, a quit, input, then WM_PAINT for an invalid window. The display's events are
-// drained and what has changed on the screen is shown. window must be null and both filters 0.
+// Looks for the next message without taking it (PM_NOREMOVE is the one flag served): TRUE and the message
+// when one waits. The order is posted messages, a quit, input, then WM_PAINT for an invalid window. The
+// display's events are drained and what has changed on the screen is shown. window must be null and both
+// filters 0.
 BOOL PeekMessageA(MSG* message, HWND window, UINT filterMin, UINT filterMax, UINT flags);
 
 // Takes the next message, waiting for one when there is none. 0 for WM_QUIT, else 1.
@@ -142,26 +146,27 @@ void PostQuitMessage(int exitCode);
 
 // --- Painting ---
 
-// Marks the whole window for a paint (a null rect; parts are not kept). With erase the background is filled first.
+// Marks the whole window for a paint (a null rect; parts are not kept). With erase the background is filled
+// first.
 BOOL InvalidateRect(HWND window, const RECT* rect, BOOL erase);
 
 // Sends WM_PAINT now when the window is visible and invalid, else does nothing.
 BOOL UpdateWindow(HWND window);
 
-// Validates the window, sends WM_ERASEBKGND when an erase is due, and gives a device context for the client area,
-// which lives to EndPaint. EndPaint shows the new picture on the display at once.
+// Validates the window, sends WM_ERASEBKGND when an erase is due, and gives a device context for the client
+// area, which lives to EndPaint. EndPaint shows the new picture on the display at once.
 HDC BeginPaint(HWND window, PAINTSTRUCT* paint);
 BOOL EndPaint(HWND window, const PAINTSTRUCT* paint);
 
-// A device context for the client area, held until ReleaseDC (1 on success) or the end of the window. What is drawn
-// into it shows with the next paint, message look-up or wait.
+// A device context for the client area, held until ReleaseDC (1 on success) or the end of the window. What is
+// drawn into it shows with the next paint, message look-up or wait.
 HDC GetDC(HWND window);
 int ReleaseDC(HWND window, HDC dc);
 
 // --- Message box ---
 
-// Shows a text in a modal box above everything and returns IDOK when it is left with Enter, Escape, Space, a mouse
-// button or a joystick button, or when the program is asked to close. The text also goes to standard error. On a
-// display that nobody can see or answer (no real screen) it returns at once. owner and title may be null; only MB_OK
-// is served. Messages are not dispatched meanwhile.
+// Shows a text in a modal box above everything and returns IDOK when it is left with Enter, Escape, Space, a
+// mouse button or a joystick button, or when the program is asked to close. The text also goes to standard
+// error. On a display that nobody can see or answer (no real screen) it returns at once. owner and title may
+// be null; only MB_OK is served. Messages are not dispatched meanwhile.
 int MessageBoxA(HWND owner, LPCSTR text, LPCSTR title, UINT type);

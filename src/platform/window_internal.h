@@ -1,5 +1,5 @@
-// The inside of a window, shared by the files that make up the window service: windows, messages, focus, painting, the
-// compositor. Inside the platform only.
+// The inside of a window, shared by the files that make up the window service: windows, messages, focus,
+// painting, the compositor. Inside the platform only.
 #pragma once
 
 #include "platform/surface.h"
@@ -30,10 +30,10 @@ struct Window {
     Surface client;
     std::vector<HDC> contexts; // from GetDC, not yet released
     bool visible = false;
-    bool sized = false;      // has been sent a WM_SIZE
-    bool invalid = false;    // wants a WM_PAINT
-    bool eraseDue = false;   // the next paint fills the background first
-    bool firstPaint = true;  // shown, and not painted since
+    bool sized = false;     // has been sent a WM_SIZE
+    bool invalid = false;   // wants a WM_PAINT
+    bool eraseDue = false;  // the next paint fills the background first
+    bool firstPaint = true; // shown, and not painted since
     bool destroying = false;
 };
 

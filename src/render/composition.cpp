@@ -13,7 +13,8 @@ int drawScreen(HDC dc, HBITMAP bitmap) {
     const LONG width = size.bmWidth;
     const LONG height = size.bmHeight;
     const bool listView = settings.menuType == menuTypeListView;
-    fillRect(dc, {0, 0, width, height}, listView ? settings.backgroundColor : settings.previewBackgroundColor);
+    fillRect(dc, {0, 0, width, height},
+             listView ? settings.backgroundColor : settings.previewBackgroundColor);
     if (visibleCount < 1) {
         return 1;
     }

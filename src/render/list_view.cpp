@@ -11,14 +11,15 @@ namespace {
 
 constexpr std::int32_t textMargin = 6;
 
-// Title lines on the screen: the titles take half of the frame. Never below 1, or the selection could not be brought in.
+// Title lines on the screen: the titles take half of the frame. Never below 1, or the selection could not be
+// brought in.
 std::int32_t linesOnPage(HDC dc, const RECT& area) {
     return std::max(linesThatFit(dc, area.right - area.left, area.bottom - area.top, 0) / 2, 1);
 }
 
-// The place of a line of the page, from the middle of the frame to its edge along the text. The lines fill the lower left
-// quarter in reading order; turned by 90 degrees they start at the middle and run towards the status bar on the left, and
-// start a little further out when a full page would touch it.
+// The place of a line of the page, from the middle of the frame to its edge along the text. The lines fill
+// the lower left quarter in reading order; turned by 90 degrees they start at the middle and run towards the
+// status bar on the left, and start a little further out when a full page would touch it.
 RECT lineRect(const RECT& area, std::int32_t lineHeight, std::int32_t page, std::int32_t line) {
     const LONG start = lineHeight * line;
     const LONG middleX = area.right / 2;
@@ -47,6 +48,14 @@ void bringSelectionToPage(std::int32_t page) {
     }
 }
 
+// How far in from the start of its line a title begins. Where reading runs towards the near edge of the
+// screen, a title that is too long for the line begins further out, so that its end is not cut off.
+LONG titleStart(HDC dc, const RECT& line, const char* title) {
+    const bool endsAtEdge = settings.orientation == 90 || settings.orientation == 180;
+    const LONG length = isQuarterTurn(settings.orientation) ? line.bottom - line.top : line.right - line.left;
+    return endsAtEdge ? std::min(textMargin, length - textMargin - textWidth(dc, title)) : textMargin;
+}
+
 void selectListFont(HDC dc, int emphasis) {
     selectFont(dc, settings.fontFace, settings.fontSize, settings.orientation, emphasis);
     SetTextColor(dc, settings.fontColor);
@@ -60,15 +69,17 @@ int drawHighlightBar(HDC dc, std::int32_t selected, const RECT* area, std::int32
     return 1;
 }
 
-int drawListLines(HDC dc, std::int32_t selected, const RECT* area, std::int32_t lineHeight, std::int32_t page) {
+int drawListLines(HDC dc, std::int32_t selected, const RECT* area, std::int32_t lineHeight,
+                  std::int32_t page) {
     for (std::int32_t line = 0; line < page && topIndex + line < visibleCount; ++line) {
         const std::int32_t index = topIndex + line;
         const bool isSelected = index == selected;
         if (isSelected) {
             selectListFont(dc, 1);
         }
-        drawText(dc, textOrigin(lineRect(*area, lineHeight, page, line), textMargin, 0),
-                 visibleGames[index]->description);
+        const RECT place = lineRect(*area, lineHeight, page, line);
+        const char* title = visibleGames[index]->description;
+        drawText(dc, textOrigin(place, titleStart(dc, place, title), 0), title);
         if (isSelected) {
             selectListFont(dc, 0);
         }

@@ -73,7 +73,8 @@ std::int32_t linesThatFit(HDC dc, std::int32_t width, std::int32_t height, std::
 
 std::int32_t tileRows(std::int32_t width, std::int32_t height, std::int32_t reserved) {
     const std::int32_t spacer = settings.previewModeSpacer;
-    return (measuredSide(width, height) - spacer - reserved) / std::max(spacer + settings.previewModeHeight, 1);
+    return (measuredSide(width, height) - spacer - reserved) /
+           std::max(spacer + settings.previewModeHeight, 1);
 }
 
 void rotatePoint(std::int32_t& x, std::int32_t& y, std::int32_t width, std::int32_t height) {

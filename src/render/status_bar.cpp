@@ -21,7 +21,8 @@ constexpr std::array<const char*, 5> shotWords = {"Cabinets", "Screenshots", "Fl
 // Each side of the bar holds at most 255 characters; the rest of a longer text is left out.
 using BarText = std::array<char, 256>;
 
-template <std::size_t Count> const char* wordFor(const std::array<const char*, Count>& words, std::int32_t value) {
+template <std::size_t Count>
+const char* wordFor(const std::array<const char*, Count>& words, std::int32_t value) {
     const auto index = static_cast<std::size_t>(value);
     return value >= 0 && index < Count ? words[index] : words[0];
 }

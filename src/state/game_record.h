@@ -1,5 +1,5 @@
-// One game of the catalogue with its display and control data. Filled by the list parser, read by everything that
-// shows, sorts, filters or starts a game.
+// One game of the catalogue with its display and control data. Filled by the list parser, read by everything
+// that shows, sorts, filters or starts a game.
 #pragma once
 
 #include <cstdint>
@@ -38,14 +38,14 @@ struct InputInfo {
 
 // A new record is all zero. It owns its strings, its sub-records and infoLines; parent is borrowed.
 struct GameRecord {
-    char* name;          // short name: stem of files, key of gameIndex, word on the emulator's command line
-    char* description;   // full title
-    std::int32_t year;   // 0 when not stated; the sort turns that into 9999
+    char* name;        // short name: stem of files, key of gameIndex, word on the emulator's command line
+    char* description; // full title
+    std::int32_t year; // 0 when not stated; the sort turns that into 9999
     char* manufacturer;
-    char* cloneOf;       // null for a parent
-    char* romOf;         // null when the game uses no other set
-    VideoInfo* video;    // never null after loading unless isResource
-    InputInfo* input;    // never null after loading unless isResource
+    char* cloneOf;           // null for a parent
+    char* romOf;             // null when the game uses no other set
+    VideoInfo* video;        // never null after loading unless isResource
+    InputInfo* input;        // never null after loading unless isResource
     std::int32_t isResource; // 1 for a device or BIOS: in the catalogue, never shown
     std::int32_t romPresent; // 1 when the zip was found
     char** infoLines;

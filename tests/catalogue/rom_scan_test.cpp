@@ -43,9 +43,9 @@ TEST(RomScan, findsTheZipOfAGameOrOfItsParent) {
     settings.romsDir = missingFolder.data();
     scanRoms();
     EXPECT_EQ(presentGames(), "");
-    settings.romsDir = nullptr;
     freeGameList();
     scanRoms();
+    settings.romsDir = nullptr;
 }
 
 } // namespace

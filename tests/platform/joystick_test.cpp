@@ -55,8 +55,9 @@ TEST_F(JoystickTest, ReadsAxesButtonsAndHat) {
         Uint8 hat;
         UINT x;
         UINT y;
-    } hats[] = {{SDL_HAT_LEFT, 0, 32768},       {SDL_HAT_RIGHT, 65535, 32768}, {SDL_HAT_UP, 32768, 0},
-                {SDL_HAT_DOWN, 32768, 65535},   {SDL_HAT_LEFTUP, 0, 0},        {SDL_HAT_RIGHTDOWN, 65535, 65535},
+    } hats[] = {{SDL_HAT_LEFT, 0, 32768},        {SDL_HAT_RIGHT, 65535, 32768},
+                {SDL_HAT_UP, 32768, 0},          {SDL_HAT_DOWN, 32768, 65535},
+                {SDL_HAT_LEFTUP, 0, 0},          {SDL_HAT_RIGHTDOWN, 65535, 65535},
                 {SDL_HAT_CENTERED, 32768, 32768}};
     setAxes(0, 0);
     for (const auto& hat : hats) {

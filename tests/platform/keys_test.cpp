@@ -62,11 +62,21 @@ TEST_F(KeysTest, KnowsTheKeysOfACabinet) {
     const struct {
         SDL_Scancode place;
         int code;
-    } keys[] = {{SDL_SCANCODE_UP, VK_UP},       {SDL_SCANCODE_DOWN, VK_DOWN},     {SDL_SCANCODE_LEFT, VK_LEFT},
-                {SDL_SCANCODE_RIGHT, VK_RIGHT}, {SDL_SCANCODE_ESCAPE, VK_ESCAPE}, {SDL_SCANCODE_SPACE, VK_SPACE},
-                {SDL_SCANCODE_1, '1'},          {SDL_SCANCODE_0, '0'},            {SDL_SCANCODE_A, 'A'},
-                {SDL_SCANCODE_KP_0, 96},        {SDL_SCANCODE_KP_9, 105},         {SDL_SCANCODE_F1, 112},
-                {SDL_SCANCODE_F12, 123},        {SDL_SCANCODE_RETURN, 13},        {SDL_SCANCODE_TAB, 9}};
+    } keys[] = {{SDL_SCANCODE_UP, VK_UP},
+                {SDL_SCANCODE_DOWN, VK_DOWN},
+                {SDL_SCANCODE_LEFT, VK_LEFT},
+                {SDL_SCANCODE_RIGHT, VK_RIGHT},
+                {SDL_SCANCODE_ESCAPE, VK_ESCAPE},
+                {SDL_SCANCODE_SPACE, VK_SPACE},
+                {SDL_SCANCODE_1, '1'},
+                {SDL_SCANCODE_0, '0'},
+                {SDL_SCANCODE_A, 'A'},
+                {SDL_SCANCODE_KP_0, 96},
+                {SDL_SCANCODE_KP_9, 105},
+                {SDL_SCANCODE_F1, 112},
+                {SDL_SCANCODE_F12, 123},
+                {SDL_SCANCODE_RETURN, 13},
+                {SDL_SCANCODE_TAB, 9}};
     for (const auto& key : keys) {
         pressKey(key.place);
         EXPECT_EQ(stateOf(key.code), static_cast<SHORT>(down | pressed)) << key.code;

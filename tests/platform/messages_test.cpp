@@ -79,7 +79,8 @@ TEST_F(MessagesTest, AQuitGoesBeforeKeysAndPaintsAndComesOnce) {
 
 TEST_F(MessagesTest, CloseRequestsAndSignalsCloseTheMainWindow) {
     const auto requests = {+[] { pushEvent(SDL_QUIT); }, +[] { pushWindowEvent(SDL_WINDOWEVENT_CLOSE); },
-                           +[] { std::raise(SIGTERM); }, +[] { std::raise(SIGINT); }, +[] { std::raise(SIGHUP); }};
+                           +[] { std::raise(SIGTERM); }, +[] { std::raise(SIGINT); },
+                           +[] { std::raise(SIGHUP); }};
     const HWND popup = makeRecordingWindow(0, 0, 10, 10, window);
     ShowWindow(popup, SW_SHOW);
     drain();
@@ -109,7 +110,8 @@ TEST_F(MessagesTest, TellsTheFocusOfTheDisplayAtTheNextLookUp) {
     EXPECT_EQ(takeMessages(), (Messages{"KILLFOCUS", "KEYDOWN"}));
     const HWND popup = makeRecordingWindow(0, 0, 10, 10, window);
     ShowWindow(popup, SW_SHOW);
-    EXPECT_EQ(takeMessages(), (Messages{"NCCREATE", "CREATE", "SIZE 10x10"})) << "no focus without the display's";
+    EXPECT_EQ(takeMessages(), (Messages{"NCCREATE", "CREATE", "SIZE 10x10"}))
+        << "no focus without the display's";
     DestroyWindow(popup);
     takeMessages();
     pushWindowEvent(SDL_WINDOWEVENT_FOCUS_GAINED);

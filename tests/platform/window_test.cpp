@@ -47,7 +47,8 @@ TEST_F(WindowTest, TellsAWindowOfItsLifeInOrder) {
     EXPECT_EQ(takeMessages(), (Messages{"NCCREATE", "CREATE"}));
 
     EXPECT_FALSE(ShowWindow(window, SW_SHOW));
-    EXPECT_EQ(takeMessages(), (Messages{"SIZE 94x44", "SETFOCUS"})) << "the frame is not part of the client area";
+    EXPECT_EQ(takeMessages(), (Messages{"SIZE 94x44", "SETFOCUS"}))
+        << "the frame is not part of the client area";
 
     MoveWindow(window, 20, 20, 100, 50, FALSE);
     EXPECT_EQ(takeMessages(), Messages{}) << "a move without a new size is no size message";
@@ -89,12 +90,14 @@ TEST_F(WindowTest, RefusesCreationWhereTheWindowSaysNo) {
         };
         ASSERT_TRUE(RegisterClassA(&windowClass));
         EXPECT_EQ(RegisterClassA(&windowClass), 0) << "the name is taken";
-        EXPECT_EQ(CreateWindowExA(0, "Refusing", "", WS_POPUP, 0, 0, 9, 9, nullptr, nullptr, nullptr, nullptr),
-                  nullptr);
+        EXPECT_EQ(
+            CreateWindowExA(0, "Refusing", "", WS_POPUP, 0, 0, 9, 9, nullptr, nullptr, nullptr, nullptr),
+            nullptr);
         EXPECT_TRUE(UnregisterClassA("Refusing", nullptr)) << "no window may be left";
         EXPECT_FALSE(UnregisterClassA("Refusing", nullptr));
     }
-    EXPECT_EQ(CreateWindowExA(0, "Unknown", "", WS_POPUP, 0, 0, 9, 9, nullptr, nullptr, nullptr, nullptr), nullptr);
+    EXPECT_EQ(CreateWindowExA(0, "Unknown", "", WS_POPUP, 0, 0, 9, 9, nullptr, nullptr, nullptr, nullptr),
+              nullptr);
 }
 
 TEST_F(WindowTest, HandsTheFocusToAPopupAndBackToItsOwner) {

@@ -48,7 +48,8 @@ inline std::map<HWND, std::string> windowNames;
 
 inline LRESULT recordingProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     const auto name = windowNames.find(window);
-    sentMessages.push_back((name != windowNames.end() ? name->second + ":" : "") + messageName(message, lParam));
+    sentMessages.push_back((name != windowNames.end() ? name->second + ":" : "") +
+                           messageName(message, lParam));
     if (const auto hook = messageHooks.find(message); hook != messageHooks.end()) {
         hook->second(window, wParam, lParam);
     }

@@ -1,0 +1,93 @@
+#include "render/primitives.h"
+
+#include "config/settings.h"
+#include "platform/drawing.h"
+#include "platform/text.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+class PrimitivesTest : public ::testing::Test {
+protected:
+    PrimitivesTest() : dc(CreateCompatibleDC(nullptr)) {}
+    ~PrimitivesTest() override { DeleteDC(dc); }
+
+    HDC dc;
+};
+
+TEST_F(PrimitivesTest, MeasuresAlikeAtEveryRotation) {
+    ASSERT_EQ(selectFont(dc, "Arial", 18, 0, 0), 1);
+    const std::int32_t height = textHeight(dc);
+    const std::int32_t width = textWidth(dc, "Some Game (set 1)");
+    EXPECT_GE(height, 24) << "18 points are an em of 24 pixels";
+    EXPECT_LE(height, 32);
+    for (const std::int32_t rotation : {90, -90, 180}) {
+        ASSERT_EQ(selectFont(dc, "Arial", 18, rotation, 0), 1);
+        EXPECT_EQ(textHeight(dc), height);
+        EXPECT_EQ(textWidth(dc, "Some Game (set 1)"), width);
+    }
+    EXPECT_EQ(textWidth(dc, ""), 0);
+    selectFont(dc, "Arial", 18, 0, 1);
+    EXPECT_NE(textWidth(dc, "Some Game (set 1)"), width) << "emphasis is another font";
+}
+
+TEST_F(PrimitivesTest, HoldsOneFontAtATimeHoweverItIsNamed) {
+    const HGDIOBJ before = SelectObject(dc, CreateFontIndirectA(std::make_unique<LOGFONTA>().get()));
+    ASSERT_NE(before, nullptr);
+    for (const std::string& face :
+         {std::string("Arial"), std::string(31, 'x'), std::string(500, 'y'), std::string()}) {
+        ASSERT_EQ(selectFont(dc, face.c_str(), 12, 0, 0), 1) << face;
+        EXPECT_GT(textHeight(dc), 0);
+    }
+    LOGFONTA absurd{};
+    absurd.lfHeight = -5000;
+    EXPECT_EQ(CreateFontIndirectA(&absurd), nullptr);
+    const std::int32_t height = textHeight(dc);
+    EXPECT_EQ(selectFont(dc, "Arial", 10000, 0, 0), 0);
+    EXPECT_EQ(textHeight(dc), height) << "the former font stays";
+}
+
+TEST_F(PrimitivesTest, CountsLinesAndTilesAlongTheTurnedSide) {
+    selectFont(dc, "Arial", 18, 0, 0);
+    const std::int32_t line = textHeight(dc);
+    settings.previewModeSpacer = 20;
+    settings.previewModeHeight = 84;
+    const struct {
+        std::int32_t rotation;
+        std::int32_t side;
+    } rows[] = {{0, 460}, {180, 460}, {90, 640}, {-90, 640}};
+    for (const auto& row : rows) {
+        settings.orientation = row.rotation;
+        EXPECT_EQ(linesThatFit(dc, 640, 460, 40), (row.side - 40) / line) << row.rotation;
+        EXPECT_EQ(tileRows(640, 460, 40), (row.side - 60) / 104) << row.rotation;
+        EXPECT_LT(linesThatFit(dc, 640, 460, 5000), 0) << "no floor here";
+    }
+    settings.previewModeSpacer = 0;
+    settings.previewModeHeight = 0;
+    EXPECT_EQ(tileRows(640, 460, 0), 640) << "nothing is divided by zero";
+}
+
+TEST_F(PrimitivesTest, TurnsPointsAndFindsWhereTextBegins) {
+    const RECT rect{10, 20, 110, 220};
+    const struct {
+        std::int32_t rotation;
+        POINT turned; // of (3, 5) on a surface of 100 by 50
+        POINT origin;
+    } rows[] = {{0, {3, 5}, {16, 22}},
+                {90, {95, 3}, {108, 26}},
+                {-90, {5, 47}, {12, 214}},
+                {180, {97, 45}, {104, 218}}};
+    for (const auto& row : rows) {
+        settings.orientation = row.rotation;
+        std::int32_t x = 3;
+        std::int32_t y = 5;
+        rotatePoint(x, y, 100, 50);
+        EXPECT_EQ(x, row.turned.x) << row.rotation;
+        EXPECT_EQ(y, row.turned.y) << row.rotation;
+        EXPECT_EQ(textOrigin(rect, 6, 2).x, row.origin.x) << row.rotation;
+        EXPECT_EQ(textOrigin(rect, 6, 2).y, row.origin.y) << row.rotation;
+    }
+}
+
+} // namespace

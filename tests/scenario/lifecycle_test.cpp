@@ -1,0 +1,113 @@
+#include "config/settings.h"
+#include "platform/window.h"
+#include "support/front_end.h"
+
+#include <gtest/gtest.h>
+
+#include <csignal>
+
+namespace {
+
+std::string standardErrorOf(const std::function<void()>& action) {
+    testing::internal::CaptureStderr();
+    action();
+    return testing::internal::GetCapturedStderr();
+}
+
+TEST(Lifecycle, StartsOnTheSavedGameAndSavesTheSelection) {
+    FrontEnd frontEnd;
+    frontEnd.writeGames(50);
+    frontEnd.set("System", "SelectedGame", "g030");
+    frontEnd.at(90, [] { EXPECT_EQ(FrontEnd::selectedName(), "g030"); });
+    frontEnd.tap(150, SDL_SCANCODE_DOWN);
+    EXPECT_EQ(frontEnd.run(250), 0);
+    EXPECT_EQ(frontEnd.get("System", "SelectedGame"), "g031");
+    EXPECT_EQ(frontEnd.get("Settings", "Roms.dir"), "roms") << "what is not saved stays";
+    EXPECT_EQ(frontEnd.get("Settings", "StatusBarFontFace"), "Arial");
+}
+
+TEST(Lifecycle, EndsWellWhenAskedFromOutside) {
+    for (const auto request :
+         {+[] { std::raise(SIGTERM); }, +[] { pushWindowEvent(SDL_WINDOWEVENT_CLOSE); }}) {
+        FrontEnd frontEnd;
+        frontEnd.writeGames(5);
+        frontEnd.tap(150, SDL_SCANCODE_DOWN);
+        frontEnd.at(350, request);
+        EXPECT_EQ(frontEnd.runToEnd(), 0);
+        EXPECT_EQ(frontEnd.get("System", "SelectedGame"), "g001");
+    }
+}
+
+TEST(Lifecycle, TellsWhyItCannotStartAndLeavesTheSettingsAlone) {
+    const struct {
+        const char* list;
+        const char* words;
+    } rows[] = {{"", "Error: No games found!\nError: Initialization failed\n"},
+                {"\n \n\t\n", "Error: No games found!\nError: Initialization failed\n"}};
+    for (const auto& row : rows) {
+        FrontEnd frontEnd;
+        frontEnd.folder().write("listinfo.dat", row.list);
+        const auto before = std::filesystem::last_write_time("kestravox.ini");
+        int exitCode = 0;
+        EXPECT_EQ(standardErrorOf([&] { exitCode = frontEnd.runToEnd(); }), row.words);
+        EXPECT_EQ(exitCode, 1);
+        EXPECT_EQ(std::filesystem::last_write_time("kestravox.ini"), before);
+    }
+}
+
+TEST(Lifecycle, PaysBackEveryTickOfAStall) {
+    FrontEnd frontEnd;
+    frontEnd.writeGames(500);
+    frontEnd.at(150, [] { pressKey(SDL_SCANCODE_DOWN); });
+    frontEnd.at(155, [] { virtualClockAdvance(6000); });
+    frontEnd.at(6250, [] {
+        EXPECT_EQ(selectedIndex, 61) << "sixty ticks of the stall, at once, and the one that was due";
+        releaseKey(SDL_SCANCODE_DOWN);
+    });
+    frontEnd.run(6350);
+}
+
+TEST(Lifecycle, SurvivesUnusableSettingsFiles) {
+    const struct {
+        const char* name;
+        std::string text;
+    } files[] = {
+        {"binary", std::string("\x00\x01\xFF[Settings\n=\n[]\n\x1A\xEF\xBB", 20)},
+        {"long values", "[Settings]\nFontface=" + std::string(10000, 'A') +
+                            "\nRoms.dir=" + std::string(10000, 'r') + "\nFontsize=99999999999999999999\n"},
+        {"extreme numbers", "[Settings]\nFontsize=-5\nStatusBarFontSize=0\nPreviewModeSpacer=-99999\n"
+                            "[RomOptions]\nMaxButtons=65535\n"}};
+    for (const auto& file : files) {
+        FrontEnd frontEnd;
+        frontEnd.writeGames(30);
+        frontEnd.folder().write("kestravox.ini", file.text);
+        frontEnd.tap(150, SDL_SCANCODE_DOWN);
+        frontEnd.tap(350, SDL_SCANCODE_RIGHT);
+        EXPECT_EQ(frontEnd.run(550), 0) << file.name;
+    }
+    FrontEnd frontEnd;
+    frontEnd.writeGames(3);
+    std::filesystem::remove("kestravox.ini");
+    std::filesystem::create_directory("kestravox.ini");
+    EXPECT_EQ(frontEnd.run(150), 0) << "a folder in the file's place";
+    EXPECT_TRUE(std::filesystem::is_directory("kestravox.ini"));
+}
+
+TEST(Lifecycle, DrawsOnScreensOfEverySize) {
+    const int sizes[][2] = {{1, 1}, {2, 480}, {64, 48}, {320, 240}, {1000, 1000}, {1080, 1920}, {3840, 2160}};
+    for (const auto& size : sizes) {
+        for (const char* orientation : {"Normal", "ROR", "ROL", "Inverted"}) {
+            FrontEnd frontEnd;
+            displaySetSize(size[0], size[1]);
+            frontEnd.writeGames(40);
+            frontEnd.set("Settings", "Orientation", orientation);
+            frontEnd.set("Settings", "Fontsize", "36");
+            for (int step = 0; step < 8; ++step) {
+                frontEnd.tap(150 + 100 * step, step % 3 == 2 ? SDL_SCANCODE_RIGHT : SDL_SCANCODE_DOWN);
+            }
+            EXPECT_EQ(frontEnd.run(1050), 0) << size[0] << "x" << size[1] << orientation;
+        }
+    }
+}
+
+} // namespace

@@ -1,0 +1,104 @@
+#include "config/settings.h"
+#include "support/front_end.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+// A cabinet of three games whose emulator is a script that writes down how it was called.
+class StartGame : public ::testing::Test {
+protected:
+    void SetUp() override {
+        frontEnd.folder().write("listinfo.dat", FrontEnd::block("alpha") +
+                                                    FrontEnd::block("beta", "\tcloneof alpha\n") +
+                                                    FrontEnd::block("gamma"));
+        frontEnd.addRom("alpha");
+        setEmulator("#!/bin/sh\necho \"$@\" >> " + frontEnd.folder().pathOf("calls") + "\n");
+    }
+
+    void setEmulator(const std::string& script) {
+        const std::string path = frontEnd.folder().write("emulator", script);
+        std::filesystem::permissions(path, std::filesystem::perms::all);
+        frontEnd.set("Settings", "Mame.exe", path);
+    }
+
+    std::string calls() const { return frontEnd.folder().read("calls"); }
+
+    FrontEnd frontEnd;
+};
+
+TEST_F(StartGame, RunsTheEmulatorWithTheOptionsOfTheGameOrItsParent) {
+    frontEnd.set("Mameoptions", "alpha", "-one \"two words\" ; touch stolen");
+    frontEnd.tap(150, SDL_SCANCODE_1);
+    frontEnd.tap(6150, SDL_SCANCODE_DOWN);
+    frontEnd.tap(7150, SDL_SCANCODE_A);
+    EXPECT_EQ(frontEnd.run(14000), 0);
+    EXPECT_EQ(calls(), "alpha -one two words ; touch stolen\nbeta -one two words ; touch stolen\n");
+    EXPECT_FALSE(std::filesystem::exists("stolen"));
+}
+
+TEST_F(StartGame, AnOwnOptionReplacesThatOfTheParentWhole) {
+    frontEnd.set("Mameoptions", "alpha", "-parent");
+    frontEnd.set("Mameoptions", "beta", "-own");
+    frontEnd.tap(150, SDL_SCANCODE_DOWN);
+    frontEnd.tap(250, SDL_SCANCODE_1);
+    frontEnd.run(6000);
+    EXPECT_EQ(calls(), "beta -own\n");
+}
+
+TEST_F(StartGame, TakesItsTimeAndForgetsThePressesMadeMeanwhile) {
+    frontEnd.tap(150, SDL_SCANCODE_1);
+    frontEnd.tap(700, SDL_SCANCODE_DOWN);
+    frontEnd.at(1150, [] { EXPECT_EQ(FrontEnd::pixel(320, 234), 0xFFFFFFU) << "the message is up"; });
+    frontEnd.tap(1800, SDL_SCANCODE_DOWN);
+    // A second before the synthesised key and one after the game, from the tick at 200 on.
+    frontEnd.tap(2350, SDL_SCANCODE_ESCAPE);
+    EXPECT_EQ(frontEnd.runToEnd(), 0);
+    EXPECT_EQ(frontEnd.get("System", "SelectedGame"), "alpha");
+    EXPECT_LT(frontEnd.elapsed(), 2600);
+    EXPECT_EQ(calls(), "alpha\n");
+}
+
+TEST_F(StartGame, TellsAFailedGameForThreeSecondsMore) {
+    setEmulator("#!/bin/sh\nexit 3\n");
+    frontEnd.tap(150, SDL_SCANCODE_1);
+    frontEnd.tap(4500, SDL_SCANCODE_DOWN); // still inside the message
+    frontEnd.tap(5350, SDL_SCANCODE_ESCAPE);
+    EXPECT_EQ(frontEnd.runToEnd(), 0);
+    EXPECT_EQ(frontEnd.get("System", "SelectedGame"), "alpha");
+    EXPECT_LT(frontEnd.elapsed(), 5600);
+}
+
+TEST_F(StartGame, AnEmulatorThatCannotStartHasItsOwnBoxOnly) {
+    for (const char* emulator : {"./missing", ".", "./listinfo.dat"}) {
+        frontEnd.restart();
+        frontEnd.set("Settings", "Mame.exe", emulator);
+        frontEnd.tap(150, SDL_SCANCODE_1);
+        frontEnd.tap(1350, SDL_SCANCODE_ESCAPE);
+        testing::internal::CaptureStderr();
+        EXPECT_EQ(frontEnd.runToEnd(), 0);
+        EXPECT_EQ(testing::internal::GetCapturedStderr(),
+                  std::string("Error: Failed to execute [") + emulator + " alpha]!\n");
+        EXPECT_LT(frontEnd.elapsed(), 1600) << "no second message";
+    }
+}
+
+TEST_F(StartGame, RefusesAGameWithoutItsRom) {
+    frontEnd.tap(150, SDL_SCANCODE_DOWN);
+    frontEnd.tap(250, SDL_SCANCODE_DOWN);
+    frontEnd.tap(350, SDL_SCANCODE_1);
+    frontEnd.tap(2050, SDL_SCANCODE_ESCAPE);
+    EXPECT_EQ(frontEnd.runToEnd(), 0);
+    EXPECT_EQ(frontEnd.get("System", "SelectedGame"), "gamma");
+    EXPECT_LT(frontEnd.elapsed(), 2300) << "a message of 1500 ms";
+    EXPECT_EQ(calls(), "");
+}
+
+TEST_F(StartGame, ASignalEndsTheGameAndThenTheFrontEnd) {
+    setEmulator("#!/bin/sh\nkill -TERM $PPID\nsleep 20\n");
+    frontEnd.tap(150, SDL_SCANCODE_1);
+    EXPECT_EQ(frontEnd.runToEnd(), 0);
+    EXPECT_EQ(frontEnd.get("System", "SelectedGame"), "alpha");
+}
+
+} // namespace
