@@ -6,8 +6,10 @@
 #include "catalogue/game_sort.h"
 #include "catalogue/rom_scan.h"
 #include "config/settings.h"
+#include "large_cabinet.h"
 #include "platform/files.h"
 #include "state/shared_state.h"
+#include "support/temporary_folder.h"
 
 #include <benchmark/benchmark.h>
 #include <malloc.h>
@@ -15,117 +17,10 @@
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
-#include <cstring>
 #include <filesystem>
-#include <fstream>
-#include <random>
-#include <set>
 #include <string>
-#include <vector>
 
 namespace {
-
-constexpr int recordCount = 45294;
-
-// A folder for the run, removed at its end.
-struct WorkFolder {
-    std::filesystem::path path;
-
-    WorkFolder() {
-        std::string name = (std::filesystem::temp_directory_path() / "catalogue_bench.XXXXXX").string();
-        if (mkdtemp(name.data()) == nullptr) {
-            std::perror("temporary folder");
-            std::exit(1);
-        }
-        path = name;
-    }
-    ~WorkFolder() {
-        std::error_code ignored;
-        std::filesystem::remove_all(path, ignored);
-    }
-    WorkFolder(const WorkFolder&) = delete;
-    WorkFolder& operator=(const WorkFolder&) = delete;
-};
-
-class ListWriter {
-public:
-    explicit ListWriter(const std::filesystem::path& path) : list(path) {}
-
-    // Names come in alphabetical order and 60% are clones that lie behind their parent, as in a real list.
-    void writeList() {
-        std::set<std::string> names;
-        while (names.size() < recordCount * 2 / 5) {
-            names.insert(randomWord(3, 8));
-        }
-        int written = 0;
-        int parentsLeft = static_cast<int>(names.size());
-        for (const std::string& parent : names) {
-            writeRecord(parent, nullptr);
-            ++written;
-            --parentsLeft;
-            const int average = (recordCount - written - parentsLeft) / (parentsLeft + 1);
-            const int clones = parentsLeft == 0 ? recordCount - written : number(0, 2 * average + 1);
-            for (int clone = 0; clone < clones && written < recordCount - parentsLeft; ++clone, ++written) {
-                writeRecord(parent + randomWord(1, 3) + std::to_string(clone), parent.c_str());
-            }
-        }
-    }
-
-private:
-    int number(int lowest, int highest) {
-        return std::uniform_int_distribution<int>(lowest, highest)(generator);
-    }
-
-    std::string randomWord(int shortest, int longest) {
-        // Letters about as often as they stand in names.
-        static constexpr char letters[] = "aaaaabbcddeeeeeefghiiiijklllmmmnnnnooooppqrrrrssssttttuuvwxyz0123";
-        std::string word;
-        for (int length = number(shortest, longest); length > 0; --length) {
-            word += letters[number(0, static_cast<int>(sizeof letters) - 2)];
-        }
-        return word;
-    }
-
-    std::string randomTitle() {
-        std::string title;
-        for (int words = number(1, 4); words > 0; --words) {
-            std::string word = randomWord(3, 9);
-            word[0] = static_cast<char>(std::toupper(static_cast<unsigned char>(word[0])));
-            title += (title.empty() ? "" : " ") + word;
-        }
-        return number(0, 2) == 0 ? title + " (set " + std::to_string(number(1, 9)) + ")" : title;
-    }
-
-    void writeRecord(const std::string& name, const char* parent) {
-        const bool isResource = parent == nullptr && number(0, 2) == 0;
-        list << (isResource ? "resource (\n" : "game (\n") << "\tname " << name << "\n\tdescription \""
-             << randomTitle() << "\"\n";
-        if (number(0, 9) != 0) {
-            list << "\tyear " << (number(0, 19) == 0 ? "19??" : std::to_string(number(1971, 2023))) << "\n";
-        }
-        list << "\tmanufacturer \"" << makers[static_cast<std::size_t>(number(0, 199))] << "\"\n";
-        if (parent != nullptr) {
-            list << "\tcloneof " << parent << "\n\tromof " << (number(0, 19) == 0 ? "neogeo" : parent)
-                 << "\n";
-        }
-        if (!isResource) {
-            list << "\tvideo ( screen raster orientation " << (number(0, 3) == 0 ? "vertical" : "horizontal")
-                 << " x 320 y 240 )\n\tinput ( players " << number(1, 4) << " control joy8way buttons "
-                 << number(0, 6) << " coins " << number(0, 2) << " )\n";
-        }
-        list << ")\n\n";
-    }
-
-    std::ofstream list;
-    std::mt19937 generator{1971};
-    std::vector<std::string> makers = [this] {
-        std::vector<std::string> made;
-        for (int maker = 0; maker < 200; ++maker) {
-            made.push_back(randomTitle());
-        }
-        return made;
-    }();
-};
 
 double millisecondsOf(void (*stage)()) {
     const auto start = std::chrono::steady_clock::now();
@@ -197,18 +92,6 @@ void measureRelease(benchmark::State& state) {
     }
 }
 
-// An empty zip for each record of the list.
-void makeZips(const std::filesystem::path& folder) {
-    std::filesystem::create_directory(folder);
-    readStage();
-    for (std::int32_t game = 0; game < gameCount; ++game) {
-        if (allGames[game]->name != nullptr) {
-            std::ofstream(folder / (std::string(allGames[game]->name) + ".zip"));
-        }
-    }
-    freeGameList();
-}
-
 void openAllFilters() {
     settings.displayMissingRoms = 0;
     for (std::int32_t Settings::*flag :
@@ -227,15 +110,15 @@ void openAllFilters() {
 
 int main(int argc, char** argv) {
     benchmark::Initialize(&argc, argv);
-    const WorkFolder folder;
-    listPath = argc > 1 ? argv[1] : (folder.path / "listinfo.dat").string();
+    const TemporaryFolder folder;
+    listPath = argc > 1 ? std::filesystem::absolute(argv[1]).string() : folder.pathOf("listinfo.dat");
     if (argc <= 1) {
-        ListWriter(listPath).writeList();
+        writeLargeList(listPath);
     }
-    std::string romsFolder = (folder.path / "roms").string();
+    std::string romsFolder = folder.pathOf("roms");
     settings.romsDir = romsFolder.data();
     openAllFilters();
-    makeZips(romsFolder);
+    writeZips(listPath, romsFolder);
 
     for (const auto& [name, order] :
          {std::pair{"name", sortByName}, {"year", sortByYear}, {"maker", sortByManufacturer}}) {

@@ -1,0 +1,109 @@
+#include "large_cabinet.h"
+
+#include <cctype>
+#include <fstream>
+#include <random>
+#include <set>
+#include <string_view>
+#include <vector>
+
+namespace {
+
+constexpr int recordCount = 45294;
+
+class ListWriter {
+public:
+    explicit ListWriter(const std::filesystem::path& path) : list(path) {}
+
+    // Names come in alphabetical order and 60% are clones that lie behind their parent, as in a real list.
+    void writeList() {
+        std::set<std::string> names;
+        while (names.size() < recordCount * 2 / 5) {
+            names.insert(randomWord(3, 8));
+        }
+        int written = 0;
+        int parentsLeft = static_cast<int>(names.size());
+        for (const std::string& parent : names) {
+            writeRecord(parent, nullptr);
+            ++written;
+            --parentsLeft;
+            const int average = (recordCount - written - parentsLeft) / (parentsLeft + 1);
+            const int clones = parentsLeft == 0 ? recordCount - written : number(0, 2 * average + 1);
+            for (int clone = 0; clone < clones && written < recordCount - parentsLeft; ++clone, ++written) {
+                writeRecord(parent + randomWord(1, 3) + std::to_string(clone), parent.c_str());
+            }
+        }
+    }
+
+private:
+    int number(int lowest, int highest) {
+        return std::uniform_int_distribution<int>(lowest, highest)(generator);
+    }
+
+    std::string randomWord(int shortest, int longest) {
+        // Letters about as often as they stand in names.
+        static constexpr char letters[] = "aaaaabbcddeeeeeefghiiiijklllmmmnnnnooooppqrrrrssssttttuuvwxyz0123";
+        std::string word;
+        for (int length = number(shortest, longest); length > 0; --length) {
+            word += letters[number(0, static_cast<int>(sizeof letters) - 2)];
+        }
+        return word;
+    }
+
+    std::string randomTitle() {
+        std::string title;
+        for (int words = number(1, 4); words > 0; --words) {
+            std::string word = randomWord(3, 9);
+            word[0] = static_cast<char>(std::toupper(static_cast<unsigned char>(word[0])));
+            title += (title.empty() ? "" : " ") + word;
+        }
+        return number(0, 2) == 0 ? title + " (set " + std::to_string(number(1, 9)) + ")" : title;
+    }
+
+    void writeRecord(const std::string& name, const char* parent) {
+        const bool isResource = parent == nullptr && number(0, 2) == 0;
+        list << (isResource ? "resource (\n" : "game (\n") << "\tname " << name << "\n\tdescription \""
+             << randomTitle() << "\"\n";
+        if (number(0, 9) != 0) {
+            list << "\tyear " << (number(0, 19) == 0 ? "19??" : std::to_string(number(1971, 2023))) << "\n";
+        }
+        list << "\tmanufacturer \"" << makers[static_cast<std::size_t>(number(0, 199))] << "\"\n";
+        if (parent != nullptr) {
+            list << "\tcloneof " << parent << "\n\tromof " << (number(0, 19) == 0 ? "neogeo" : parent)
+                 << "\n";
+        }
+        if (!isResource) {
+            list << "\tvideo ( screen raster orientation " << (number(0, 3) == 0 ? "vertical" : "horizontal")
+                 << " x 320 y 240 )\n\tinput ( players " << number(1, 4) << " control joy8way buttons "
+                 << number(0, 6) << " coins " << number(0, 2) << " )\n";
+        }
+        list << ")\n\n";
+    }
+
+    std::ofstream list;
+    std::mt19937 generator{1971};
+    std::vector<std::string> makers = [this] {
+        std::vector<std::string> made;
+        for (int maker = 0; maker < 200; ++maker) {
+            made.push_back(randomTitle());
+        }
+        return made;
+    }();
+};
+
+} // namespace
+
+void writeLargeList(const std::filesystem::path& path) {
+    ListWriter(path).writeList();
+}
+
+void writeZips(const std::filesystem::path& list, const std::filesystem::path& folder) {
+    std::filesystem::create_directory(folder);
+    std::ifstream lines(list, std::ios::binary);
+    constexpr std::string_view key = "\tname ";
+    for (std::string line; std::getline(lines, line);) {
+        if (line.compare(0, key.size(), key) == 0) {
+            std::ofstream(folder / (line.substr(key.size()) + ".zip"));
+        }
+    }
+}
