@@ -32,6 +32,7 @@ using HWND = struct WindowHandle*;
 using HDC = struct DeviceContextHandle*;
 using HBITMAP = struct BitmapHandle*;
 using HBRUSH = struct BrushHandle*;
+using HPEN = struct PenHandle*;
 using HFONT = struct FontHandle*;
 using HICON = struct IconHandle*;
 using HCURSOR = struct CursorHandle*;
