@@ -12,7 +12,7 @@ constexpr std::int64_t nanosecondsPerMillisecond = 1'000'000;
 
 // No sleep is shorter: a loop that sleeps for a millisecond at a time would wake the processor a thousand times a
 // second, for controls that are polled ten times.
-constexpr std::int64_t shortestSleep = 5 * nanosecondsPerMillisecond;
+constexpr std::int64_t shortestSleep = 10 * nanosecondsPerMillisecond;
 
 // How long a sleep leaves the display to itself.
 constexpr std::int64_t longestNap = 10 * nanosecondsPerMillisecond;

@@ -8,7 +8,7 @@
 BOOL QueryPerformanceFrequency(LARGE_INTEGER* frequency);
 BOOL QueryPerformanceCounter(LARGE_INTEGER* counter);
 
-// Gives up the processor for at least the given milliseconds, and for no less than 5 unless they are 0.
+// Gives up the processor for at least the given milliseconds, and for no less than 10 unless they are 0.
 // Meanwhile the screen stays alive: what has changed is shown, the display's events are drained, no message
 // is dispatched.
 void Sleep(DWORD milliseconds);

@@ -5,6 +5,7 @@
 #include "platform/key_map.h"
 #include "platform/key_state.h"
 #include "platform/synthesised_keys.h"
+#include "platform/window_manager.h"
 
 #include <SDL.h>
 
@@ -48,6 +49,10 @@ bool driverHasNoScreen(std::string_view driver) {
     return std::find(names.begin(), names.end(), driver) != names.end();
 }
 
+bool isX11() {
+    return std::string_view(SDL_GetCurrentVideoDriver()) == "x11";
+}
+
 void setHints() {
     // The window of a program that is behind a running game must not be taken off the screen.
     SDL_SetHint(SDL_HINT_VIDEO_MINIMIZE_ON_FOCUS_LOSS, "0");
@@ -55,8 +60,31 @@ void setHints() {
     SDL_SetHint(SDL_HINT_NO_SIGNAL_HANDLERS, "1");
 }
 
+// Without a session bus SDL's start would launch one, which takes longer than all the rest and outlives the
+// program.
+class NoBusLaunch {
+public:
+    NoBusLaunch() : active_(!std::getenv(variable) && !std::getenv("XDG_RUNTIME_DIR")) {
+        if (active_) {
+            setenv(variable, "disabled:", 1);
+        }
+    }
+    ~NoBusLaunch() {
+        if (active_) {
+            unsetenv(variable);
+        }
+    }
+    NoBusLaunch(const NoBusLaunch&) = delete;
+    NoBusLaunch& operator=(const NoBusLaunch&) = delete;
+
+private:
+    static constexpr const char* variable = "DBUS_SESSION_BUS_ADDRESS";
+    bool active_;
+};
+
 bool initVideo() {
     setHints();
+    const NoBusLaunch noBusLaunch;
     if (SDL_InitSubSystem(SDL_INIT_VIDEO) != 0) {
         return false;
     }
@@ -67,7 +95,7 @@ bool initVideo() {
     }
     display.real = !driverHasNoScreen(driver);
     display.ownsConsole = driver == "kmsdrm";
-    if (driver == "x11") {
+    if (isX11()) {
         SDL_SetHint(SDL_HINT_FRAMEBUFFER_ACCELERATION, "0"); // shared memory is faster there, and far smaller
     }
     return true;
@@ -81,7 +109,8 @@ bool openWindow() {
     const bool fixed = !display.real && display.fixedWidth > 0;
     display.width = fixed ? display.fixedWidth : mode.w;
     display.height = fixed ? display.fixedHeight : mode.h;
-    const Uint32 fullScreen = display.real ? SDL_WINDOW_FULLSCREEN_DESKTOP : 0;
+    const bool asksForFullScreen = display.real && (!isX11() || windowManagerRuns());
+    const Uint32 fullScreen = asksForFullScreen ? SDL_WINDOW_FULLSCREEN_DESKTOP : 0;
     display.window = SDL_CreateWindow(display.title.c_str(), 0, 0, display.width, display.height,
                                       SDL_WINDOW_HIDDEN | SDL_WINDOW_BORDERLESS | fullScreen);
     display.shown = false;
@@ -283,7 +312,7 @@ bool displayMousePressed() {
 }
 
 void displaySendKey(std::uint32_t keySymbol, bool down) {
-    if (display.window && keySymbol != 0 && std::string_view(SDL_GetCurrentVideoDriver()) == "x11") {
+    if (display.window && keySymbol != 0 && isX11()) {
         sendKeyToFocus(keySymbol, down);
     }
 }
