@@ -15,6 +15,8 @@ namespace {
 constexpr LONG emphasisWeight = 800;
 constexpr int pointsPerInch = 72;
 
+constexpr std::int32_t largestSize = 32767; // pixels; no frame is larger
+
 // Escapement counts tenths of a degree counter-clockwise, a rotation whole degrees clockwise.
 constexpr LONG escapementPerDegree = -10;
 
@@ -72,9 +74,13 @@ std::int32_t linesThatFit(HDC dc, std::int32_t width, std::int32_t height, std::
 }
 
 std::int32_t tileRows(std::int32_t width, std::int32_t height, std::int32_t reserved) {
-    const std::int32_t spacer = settings.previewModeSpacer;
+    const std::int32_t spacer = tileSpacer();
     return (measuredSide(width, height) - spacer - reserved) /
-           std::max(spacer + settings.previewModeHeight, 1);
+           std::max(spacer + std::clamp(settings.previewModeHeight, 0, largestSize), 1);
+}
+
+std::int32_t tileSpacer() {
+    return std::clamp(settings.previewModeSpacer, 0, largestSize);
 }
 
 void rotatePoint(std::int32_t& x, std::int32_t& y, std::int32_t width, std::int32_t height) {

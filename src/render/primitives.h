@@ -27,6 +27,9 @@ std::int32_t linesThatFit(HDC dc, std::int32_t width, std::int32_t height, std::
 // turned by a quarter, less the reserved pixels. Zero or negative when there is no room.
 std::int32_t tileRows(std::int32_t width, std::int32_t height, std::int32_t reserved);
 
+// The setting previewModeSpacer within the sizes that a frame can have: it comes from the ini file as it is.
+std::int32_t tileSpacer();
+
 // Turns a point of a surface of the given size to the rotation in force: the point that was drawn at (x, y)
 // at 0. The corners of a rectangle come out in reversed order.
 void rotatePoint(std::int32_t& x, std::int32_t& y, std::int32_t width, std::int32_t height);
