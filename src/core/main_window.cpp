@@ -33,6 +33,7 @@ void renewFrameBuffer(HWND window) {
     const LONG width = fourThirds < client.right ? fourThirds : client.right;
     renewBitmap(backDC, backBitmap, width, client.bottom);
     renewBitmap(scratchDC, scratchBitmap, width, client.bottom);
+    browserDirty = 1;
 }
 
 void paintFrame(HWND window) {
