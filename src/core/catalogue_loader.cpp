@@ -1,6 +1,7 @@
 #include "core/catalogue_loader.h"
 
 #include "catalogue/game_catalogue.h"
+#include "catalogue/game_info.h"
 #include "config/settings.h"
 #include "launch/emulator_folder.h"
 #include "launch/process_runner.h"
@@ -55,5 +56,5 @@ std::int32_t loadGameList() {
     }
     readGameList(list);
     std::fclose(list);
-    return 1;
+    return loadGameInfo(settings.mameInfoPath);
 }

@@ -1,6 +1,6 @@
 // Loads the catalogue from the list file beside the front end and has the emulator and the converter make
-// that file when it is missing. Called once at the start. An existing list is trusted whatever its age; to
-// get a new one, delete it.
+// that file when it is missing; then has the game information attached. Called once at the start. An existing
+// list is trusted whatever its age; to get a new one, delete it.
 #pragma once
 
 #include <cstdint>
