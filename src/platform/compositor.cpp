@@ -109,7 +109,8 @@ void connectDisplay() {
         return;
     }
     connected = true;
-    displaySetListener({queueKey, setDisplayFocus, noteScreenChange, closeMainWindow, refreshScreen});
+    displaySetListener(
+        {queueKey, queueJoystick, setDisplayFocus, noteScreenChange, closeMainWindow, refreshScreen});
     if (!displayIsReal()) {
         setDisplayFocus(true); // a display without a screen never tells
     }

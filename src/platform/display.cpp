@@ -195,6 +195,14 @@ void handleEvent(const SDL_Event& event) {
     case SDL_WINDOWEVENT:
         handleWindowEvent(event.window);
         break;
+    case SDL_JOYAXISMOTION:
+    case SDL_JOYHATMOTION:
+    case SDL_JOYBUTTONDOWN:
+    case SDL_JOYBUTTONUP:
+        if (display.listener.joystickChanged) {
+            display.listener.joystickChanged();
+        }
+        break;
     case SDL_MOUSEBUTTONDOWN:
         display.mousePressed = true;
         break;

@@ -16,6 +16,7 @@ struct DisplayPixels {
 // What the windows are told. A null function is not called.
 struct DisplayListener {
     void (*keyChanged)(int code, bool down, bool repeat); // a virtual-key code, left and right told apart
+    void (*joystickChanged)();                            // anything about any joystick that is in use
     void (*focusChanged)(bool focused);
     void (*pictureLost)();    // the display has to be drawn and presented anew
     void (*closeRequested)(); // closed from outside, SIGTERM, SIGINT or SIGHUP

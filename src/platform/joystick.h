@@ -11,6 +11,11 @@ constexpr MMRESULT JOYERR_NOERROR = 0;
 constexpr MMRESULT JOYERR_PARMS = 165;
 constexpr MMRESULT JOYERR_UNPLUGGED = 167;
 
+// Reaches the window with the focus (DispatchMessageA passes it over when none has it) when a button went
+// down or up or the stick was pushed another way, so that a loop that waits for a message wakes. wParam holds
+// the buttons as in JOYINFO. Only while the joystick is being read by somebody.
+constexpr UINT MM_JOY1MOVE = 0x03A0;
+
 struct JOYINFO {
     UINT wXpos; // 0 left to 65535 right
     UINT wYpos; // 0 up to 65535 down

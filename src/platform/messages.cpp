@@ -1,5 +1,6 @@
 #include "platform/clock_source.h"
 #include "platform/display.h"
+#include "platform/joystick.h"
 #include "platform/key_state.h"
 #include "platform/window_internal.h"
 
@@ -14,9 +15,26 @@ constexpr std::size_t mostInputMessages = 256;
 
 constexpr std::int64_t waitForMessage = 1'000'000;
 
+// A run of vain looks, each at most this long after the one before, ends in a rest. A loop that sleeps or
+// works in between makes no run, and one that owes ticks is hardly held up.
+constexpr int longestVainRun = 32;
+constexpr std::int64_t longestGapInRun = 500'000;
+constexpr std::int64_t restBehindRun = 1'000'000;
+
 std::deque<MSG> posted;
 std::deque<MSG> input;
 std::optional<int> quitCode;
+int vainRun = 0;
+std::int64_t lastVainLook = 0;
+
+// What of the joystick makes a message: small movements of a stick do not.
+struct JoystickState {
+    UINT buttons = 0;
+    int horizontal = 0; // -1 left, 1 right
+    int vertical = 0;
+    bool operator==(const JoystickState&) const = default;
+};
+JoystickState toldJoystick;
 
 MSG makeMessage(HWND handle, UINT message, WPARAM wParam, LPARAM lParam) {
     constexpr std::int64_t nanosecondsPerMillisecond = 1'000'000;
@@ -59,6 +77,29 @@ std::optional<MSG> nextMessage(bool take) {
     return std::nullopt;
 }
 
+int directionOf(UINT position) {
+    constexpr UINT nearLow = 65535 / 5;
+    constexpr UINT nearHigh = 65535 - nearLow;
+    return position <= nearLow ? -1 : position >= nearHigh ? 1 : 0;
+}
+
+void restBehindVainLooks() {
+    const std::int64_t now = clockNow();
+    vainRun = now - lastVainLook <= longestGapInRun ? vainRun + 1 : 1;
+    lastVainLook = now;
+    if (vainRun == longestVainRun) {
+        vainRun = 0;
+        clockWait(restBehindRun);
+    }
+}
+
+void addInput(const MSG& message) {
+    if (input.size() == mostInputMessages) {
+        input.pop_front();
+    }
+    input.push_back(message);
+}
+
 void prepareLookUp() {
     displayKeepAlive();
     tellFocus();
@@ -75,14 +116,25 @@ void queueKey(int code, bool down, bool repeat) {
     if (!target) {
         return;
     }
-    if (input.size() == mostInputMessages) {
-        input.pop_front();
-    }
     constexpr LPARAM wasDownBit = LPARAM{1} << 30;
     constexpr LPARAM releasedBit = LPARAM{1} << 31;
     const LPARAM state = 1 | (repeat || !down ? wasDownBit : 0) | (down ? 0 : releasedBit);
-    input.push_back(
+    addInput(
         makeMessage(target, down ? WM_KEYDOWN : WM_KEYUP, static_cast<WPARAM>(commonKeyCode(code)), state));
+}
+
+void queueJoystick() {
+    JOYINFO info{};
+    if (joyGetPos(0, &info) != JOYERR_NOERROR) {
+        return;
+    }
+    const JoystickState state{info.wButtons, directionOf(info.wXpos), directionOf(info.wYpos)};
+    if (state == toldJoystick) {
+        return;
+    }
+    toldJoystick = state;
+    std::erase_if(input, [](const MSG& message) { return message.message == MM_JOY1MOVE; });
+    addInput(makeMessage(focusWindow(), MM_JOY1MOVE, state.buttons, 0));
 }
 
 void dropMessagesOf(HWND handle) {
@@ -94,10 +146,12 @@ void dropMessagesOf(HWND handle) {
 BOOL PeekMessageA(MSG* message, HWND, UINT, UINT, UINT) {
     prepareLookUp();
     const std::optional<MSG> next = nextMessage(false);
-    if (next) {
-        *message = *next;
+    if (!next) {
+        restBehindVainLooks();
+        return FALSE;
     }
-    return next ? TRUE : FALSE;
+    *message = *next;
+    return TRUE;
 }
 
 BOOL GetMessageA(MSG* message, HWND, UINT, UINT) {

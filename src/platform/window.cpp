@@ -81,12 +81,32 @@ RECT wholeScreen() {
     return {0, 0, width, height};
 }
 
+// One axis of a rectangle that must not reach beyond the screen.
+void holdBetween(LONG limit, LONG& start, LONG& end) {
+    const LONG length = std::min(end - start, limit);
+    start = std::clamp(start, 0, limit - length);
+    end = start + length;
+}
+
+RECT heldToScreen(RECT rect) {
+    const RECT screen = wholeScreen();
+    holdBetween(screen.right, rect.left, rect.right);
+    holdBetween(screen.bottom, rect.top, rect.bottom);
+    return rect;
+}
+
 RECT rectangleOf(int x, int y, int width, int height) {
     const auto edge = [](int start, int length) {
         return static_cast<LONG>(
             std::min<std::int64_t>(std::int64_t{start} + std::max(length, 0), INT32_MAX));
     };
     return {x, y, edge(x, width), edge(y, height)};
+}
+
+// The rectangle that a window of the style gets when it asks for this one.
+RECT grantedRectangle(DWORD style, int x, int y, int width, int height) {
+    const RECT asked = rectangleOf(x, y, width, height);
+    return (style & WS_THICKFRAME) != 0 ? heldToScreen(asked) : asked;
 }
 
 void invalidate(Window& window, bool erase) {
@@ -178,6 +198,20 @@ BOOL UnregisterClassA(LPCSTR className, HINSTANCE) {
     return TRUE;
 }
 
+BOOL GetClassInfoA(HINSTANCE instance, LPCSTR className, WNDCLASSA* windowClass) {
+    const WindowClass* found = findClass(className);
+    if (!found) {
+        return FALSE;
+    }
+    *windowClass = {};
+    windowClass->style = found->style;
+    windowClass->lpfnWndProc = found->procedure;
+    windowClass->hInstance = instance;
+    windowClass->hbrBackground = found->background;
+    windowClass->lpszClassName = className;
+    return TRUE;
+}
+
 HICON LoadIconA(HINSTANCE, LPCSTR name) {
     return reinterpret_cast<HICON>(reinterpret_cast<std::uintptr_t>(name));
 }
@@ -202,7 +236,7 @@ HWND CreateWindowExA(DWORD, LPCSTR className, LPCSTR title, DWORD style, int x, 
     Window* window = findWindow(handle);
     window->handle = handle;
     const auto given = [](int value) { return value == CW_USEDEFAULT ? 0 : value; };
-    placeWindow(*window, rectangleOf(given(x), given(y), given(width), given(height)));
+    placeWindow(*window, grantedRectangle(style, given(x), given(y), given(width), given(height)));
     order.push_back(handle);
     const auto data = reinterpret_cast<LPARAM>(creationData);
     if (sendMessage(handle, WM_NCCREATE, 0, data) == FALSE) {
@@ -254,7 +288,7 @@ BOOL MoveWindow(HWND handle, int x, int y, int width, int height, BOOL repaint) 
     if (!window) {
         return FALSE;
     }
-    const bool resized = placeWindow(*window, rectangleOf(x, y, width, height));
+    const bool resized = placeWindow(*window, grantedRectangle(window->style, x, y, width, height));
     const bool redraws = resized && (window->classStyle & (CS_HREDRAW | CS_VREDRAW)) != 0;
     if (repaint || redraws) {
         invalidate(*window, true);
@@ -271,6 +305,15 @@ BOOL GetClientRect(HWND handle, RECT* rect) {
         return FALSE;
     }
     *rect = {0, 0, window->client.width, window->client.height};
+    return TRUE;
+}
+
+BOOL GetWindowRect(HWND handle, RECT* rect) {
+    const Window* window = findWindow(handle);
+    if (!window) {
+        return FALSE;
+    }
+    *rect = window->outer;
     return TRUE;
 }
 

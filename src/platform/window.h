@@ -63,6 +63,7 @@ constexpr int CW_USEDEFAULT = static_cast<int>(0x80000000);
 constexpr int SW_HIDE = 0;
 constexpr int SW_MAXIMIZE = 3;
 constexpr int SW_SHOW = 5;
+constexpr int SW_SHOWDEFAULT = 10;
 
 constexpr WPARAM SIZE_RESTORED = 0;
 constexpr WPARAM SIZE_MAXIMIZED = 2;
@@ -85,6 +86,10 @@ ATOM RegisterClassA(const WNDCLASSA* windowClass);
 // Forgets a class. FALSE when there is no such class or a window of it still lives.
 BOOL UnregisterClassA(LPCSTR className, HINSTANCE instance);
 
+// Fills the record of a class that is registered, and gives non-zero; FALSE, and no change, when there is no
+// such class. The instance is not looked at.
+BOOL GetClassInfoA(HINSTANCE instance, LPCSTR className, WNDCLASSA* windowClass);
+
 // The stock icon and cursor named by IDI_APPLICATION and IDC_ARROW: tokens, never null, owned by the
 // platform.
 HICON LoadIconA(HINSTANCE instance, LPCSTR name);
@@ -96,7 +101,8 @@ HCURSOR LoadCursorA(HINSTANCE instance, LPCSTR name);
 // window), both with creationData in the lParam's place. x, y, width and height are the outer rectangle in
 // screen pixels; CW_USEDEFAULT counts as 0, since only popups are made. The parent of a popup is its owner:
 // the popup lies above it and ends before it. WS_THICKFRAME has a frame, so that the client area is smaller
-// than the outer rectangle on each side. Gives null for an unknown class. No WM_SIZE is sent here.
+// than the outer rectangle on each side, and is held to the screen: never larger, and moved as little as it
+// takes to stand on it whole. Gives null for an unknown class. No WM_SIZE is sent here.
 HWND CreateWindowExA(DWORD extendedStyle, LPCSTR className, LPCSTR title, DWORD style, int x, int y,
                      int width, int height, HWND parent, HMENU menu, HINSTANCE instance, LPVOID creationData);
 
@@ -104,20 +110,24 @@ HWND CreateWindowExA(DWORD extendedStyle, LPCSTR className, LPCSTR title, DWORD 
 // device contexts, and gives the focus to its owner when it had it. FALSE when there is no such window.
 BOOL DestroyWindow(HWND window);
 
-// SW_SHOW shows the window on top of its kind and gives it the focus; SW_MAXIMIZE first makes its outer
-// rectangle the whole screen; SW_HIDE hides it and gives the focus to its owner. WM_SIZE is sent before the
-// call returns when the size changes, and at the first show of a window that has had none. A window that is
-// shown is wholly invalid and is erased at its next paint. Gives whether the window was visible before.
+// SW_SHOW and SW_SHOWDEFAULT show the window on top of its kind and give it the focus; SW_MAXIMIZE first
+// makes its outer rectangle the whole screen; SW_HIDE hides it and gives the focus to its owner. WM_SIZE is
+// sent before the call returns when the size changes, and at the first show of a window that has had none. A
+// window that is shown is wholly invalid and is erased at its next paint. Gives whether the window was
+// visible before.
 BOOL ShowWindow(HWND window, int command);
 
 // Gives the window a new outer rectangle. WM_SIZE (wParam SIZE_RESTORED, lParam client width in the low and
 // height in the high 16 bits) is sent before the call returns, only when the size differs. Negative sizes
-// count as 0. With repaint, or with a class of CS_HREDRAW or CS_VREDRAW whose size changed, the window is
-// invalid afterwards.
+// count as 0; a window with WS_THICKFRAME is held to the screen. With repaint, or with a class of CS_HREDRAW
+// or CS_VREDRAW whose size changed, the window is invalid afterwards.
 BOOL MoveWindow(HWND window, int x, int y, int width, int height, BOOL repaint);
 
 // The client area: left and top are 0. FALSE and no change when there is no such window.
 BOOL GetClientRect(HWND window, RECT* rect);
+
+// The outer rectangle in screen pixels. FALSE and no change when there is no such window.
+BOOL GetWindowRect(HWND window, RECT* rect);
 
 // --- Messages ---
 
@@ -128,8 +138,9 @@ LRESULT DefWindowProcA(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
 
 // Looks for the next message without taking it (PM_NOREMOVE is the one flag served): TRUE and the message
 // when one waits. The order is posted messages, a quit, input, then WM_PAINT for an invalid window. The
-// display's events are drained and what has changed on the screen is shown. window must be null and both
-// filters 0.
+// display's events are drained and what has changed on the screen is shown. A loop that does nothing but look
+// is slowed down to some tens of looks a millisecond, so that it does not keep a processor busy. window must
+// be null and both filters 0.
 BOOL PeekMessageA(MSG* message, HWND window, UINT filterMin, UINT filterMax, UINT flags);
 
 // Takes the next message, waiting for one when there is none. 0 for WM_QUIT, else 1.

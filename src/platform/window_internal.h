@@ -70,6 +70,10 @@ void queuePosted(HWND handle, UINT message, WPARAM wParam, LPARAM lParam);
 // A key message for the window with the focus; dropped when there is none.
 void queueKey(int code, bool down, bool repeat);
 
+// A message for the window with the focus, or for none, when the joystick's state differs from that of the
+// last one; only one waits at a time.
+void queueJoystick();
+
 void dropMessagesOf(HWND handle);
 
 // --- compositor.cpp ---
