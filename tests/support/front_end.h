@@ -2,6 +2,7 @@
 // when, and the state while it runs. Ticks come at 100, 200, 300 ... milliseconds.
 #pragma once
 
+#include "config/settings.h"
 #include "overlays/message_window.h"
 #include "platform/clock.h"
 #include "platform/display.h"
@@ -101,6 +102,7 @@ private:
     // What a process that has ended would have left behind no trace of.
     static void forgetFormerRun() {
         hideMessage();
+        freeSettings();
         DestroyWindow(mainWindow);
         UnregisterClassA("MainWndClass", nullptr);
         MSG message{};
