@@ -28,8 +28,9 @@ HDC addContext(HGDIOBJ bitmap, Surface* surface) {
     context->surface = surface;
     context->bitmap = bitmap;
     context->brush = stockObject(Stock::WhiteBrush);
+    context->pen = stockObject(Stock::BlackPen);
     context->font = stockObject(Stock::SystemFont);
-    for (HGDIOBJ object : {context->bitmap, context->brush, context->font}) {
+    for (HGDIOBJ object : {context->bitmap, context->brush, context->pen, context->font}) {
         holdObject(object);
     }
     return reinterpret_cast<HDC>(contexts().insert(std::move(context)));
@@ -37,7 +38,7 @@ HDC addContext(HGDIOBJ bitmap, Surface* surface) {
 
 void removeContext(HDC dc) {
     const std::unique_ptr<DeviceContext> context = contexts().remove(numberOf(dc));
-    for (HGDIOBJ object : {context->bitmap, context->brush, context->font}) {
+    for (HGDIOBJ object : {context->bitmap, context->brush, context->pen, context->font}) {
         letGoObject(object);
     }
 }
@@ -102,8 +103,11 @@ HGDIOBJ SelectObject(HDC dc, HGDIOBJ handle) {
         }
         context->surface = surface;
         place = &context->bitmap;
-    } else if (std::holds_alternative<COLORREF>(object->content)) {
+    } else if (std::holds_alternative<COLORREF>(object->content) ||
+               std::holds_alternative<HollowBrush>(object->content)) {
         place = &context->brush;
+    } else if (std::holds_alternative<Pen>(object->content)) {
+        place = &context->pen;
     }
     holdObject(handle);
     HGDIOBJ former = std::exchange(*place, handle);

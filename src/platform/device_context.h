@@ -12,6 +12,7 @@ struct DeviceContext {
     Surface* surface = nullptr; // never null: the selected bitmap's, or the window's
     HGDIOBJ bitmap = nullptr;   // null in a window's device context
     HGDIOBJ brush = nullptr;
+    HGDIOBJ pen = nullptr;
     HGDIOBJ font = nullptr;
     COLORREF textColor = 0x000000;
     COLORREF backgroundColor = 0xFFFFFF;

@@ -24,7 +24,8 @@ struct BITMAP {
     LPVOID bmBits;
 };
 
-// A memory device context, with a 1x1 bitmap, a white brush and the system font selected. `like` may be null.
+// A memory device context, with a 1x1 bitmap, a white brush, a black pen and the system font selected. `like`
+// may be null.
 HDC CreateCompatibleDC(HDC like);
 
 // Ends a memory device context. What it has selected is let go; an object that was deleted while selected
@@ -41,8 +42,8 @@ HBRUSH CreateSolidBrush(COLORREF color);
 // A stock object, owned by the platform: BLACK_BRUSH. Null for any other number.
 HGDIOBJ GetStockObject(int index);
 
-// Selects a bitmap, brush or font and gives the one that it replaces. Null and no change for anything else,
-// for a bitmap in a window's device context, and for a bitmap that another device context holds.
+// Selects a bitmap, brush, pen or font and gives the one that it replaces. Null and no change for anything
+// else, for a bitmap in a window's device context, and for a bitmap that another device context holds.
 HGDIOBJ SelectObject(HDC dc, HGDIOBJ object);
 
 // Deletes an object. Deleting one that is selected takes effect when the last device context lets it go;

@@ -23,6 +23,9 @@ public:
     bool isOpen() const { return number_ >= 0; }
     int number() const { return number_; }
 
+    // The caller closes the descriptor from now on.
+    int release() { return std::exchange(number_, -1); }
+
     // False when the machine reports now that something written before was lost.
     bool close();
 

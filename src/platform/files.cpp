@@ -160,3 +160,12 @@ HANDLE CreateFileA(LPCSTR path, DWORD access, DWORD, SECURITY_ATTRIBUTES*, DWORD
 BOOL CloseHandle(HANDLE handle) {
     return systemObjects().remove(reinterpret_cast<std::uintptr_t>(handle)) ? TRUE : FALSE;
 }
+
+FILE* openBinaryFile(LPCSTR path) {
+    FileDescriptor file = openPlainFile(nativePath(path ? path : "").c_str());
+    FILE* stream = file.isOpen() ? fdopen(file.number(), "rb") : nullptr;
+    if (stream) {
+        file.release();
+    }
+    return stream;
+}

@@ -1,5 +1,6 @@
-// Files and folders: search, raw files for redirected streams, and text files. Called by the catalogue and
-// the process runner. In a path `\` and `/` both separate; otherwise a file name keeps its bytes and case.
+// Files and folders: search, raw files for redirected streams, text files and binary ones. Called by the
+// catalogue, the process runner and the PNG reader. In a path `\` and `/` both separate; otherwise a file
+// name keeps its bytes and case.
 #pragma once
 
 #include "platform/types.h"
@@ -46,3 +47,7 @@ BOOL CloseHandle(HANDLE handle);
 // a UTF-8 byte order mark is UTF-8 and is converted to code page 1252, without the mark. For fgets, feof and
 // fclose only. Null when it cannot be opened or is a directory.
 FILE* openTextFile(LPCSTR path);
+
+// Opens a plain file for reading its bytes, without ever waiting; for fclose and whatever reads a stream.
+// Null when it cannot be opened or is a directory, a pipe or a device.
+FILE* openBinaryFile(LPCSTR path);

@@ -30,15 +30,10 @@ HGDIOBJ add(std::unique_ptr<GdiObject> object) {
     return reinterpret_cast<HGDIOBJ>(objects().insert(std::move(object)));
 }
 
-std::unique_ptr<GdiObject> brushOf(COLORREF color) {
-    auto brush = std::make_unique<GdiObject>();
-    brush->content = color;
-    return brush;
-}
-
-std::unique_ptr<GdiObject> fontOf(std::unique_ptr<FontObject> font) {
+// A brush, a pen or a font.
+template <typename Content> std::unique_ptr<GdiObject> objectOf(Content content) {
     auto object = std::make_unique<GdiObject>();
-    object->content = std::move(font);
+    object->content = std::move(content);
     return object;
 }
 
@@ -55,11 +50,12 @@ HGDIOBJ addStock(std::unique_ptr<GdiObject> object) {
 } // namespace
 
 HGDIOBJ stockObject(Stock which) {
-    static const std::array<HGDIOBJ, 4> handles = {
+    static const std::array<HGDIOBJ, 5> handles = {
         addStock(bitmapOf(1, 1)),
-        addStock(brushOf(0x000000)),
-        addStock(brushOf(0xFFFFFF)),
-        addStock(fontOf(nullptr)),
+        addStock(objectOf(COLORREF{0x000000})),
+        addStock(objectOf(COLORREF{0xFFFFFF})),
+        addStock(objectOf(Pen{})),
+        addStock(objectOf(std::unique_ptr<FontObject>())),
     };
     return handles[static_cast<std::size_t>(which)];
 }
@@ -91,7 +87,15 @@ std::size_t liveObjectCount() {
 }
 
 HFONT adoptFont(std::unique_ptr<FontObject> font) {
-    return font ? reinterpret_cast<HFONT>(add(fontOf(std::move(font)))) : nullptr;
+    return font ? reinterpret_cast<HFONT>(add(objectOf(std::move(font)))) : nullptr;
+}
+
+HPEN addPen(const Pen& pen) {
+    return reinterpret_cast<HPEN>(add(objectOf(pen)));
+}
+
+HBRUSH addHollowBrush() {
+    return reinterpret_cast<HBRUSH>(add(objectOf(HollowBrush{})));
 }
 
 HBITMAP CreateCompatibleBitmap(HDC, int width, int height) {
@@ -104,7 +108,7 @@ HBITMAP CreateCompatibleBitmap(HDC, int width, int height) {
 }
 
 HBRUSH CreateSolidBrush(COLORREF color) {
-    return reinterpret_cast<HBRUSH>(add(brushOf(color)));
+    return reinterpret_cast<HBRUSH>(add(objectOf(color)));
 }
 
 HGDIOBJ GetStockObject(int index) {

@@ -1,10 +1,10 @@
-// Pictures of a game: the search for its art files, turning a picture to the rotation in force, and drawing
-// it as the banner of the list view, a tile of the image browser, or a preview that keeps its proportions.
-// Called by the views and the composition; holds nothing between calls. Each drawing operation gives 1 when
-// it has drawn or there is no file, and 0 when the file cannot be shown.
+// Pictures of a game: the search for its art files, and drawing them turned to the rotation in force, as the
+// banner of the list view, a tile of the image browser, or a preview that keeps its proportions. Called by
+// the views and the composition; holds nothing between calls. Each drawing operation gives 1 when it has
+// drawn or there is no file, and 0 when the file cannot be shown.
 #pragma once
 
-#include "png/png_dib.h"
+#include "platform/types.h"
 #include "state/game_record.h"
 
 // Across the top of the frame down to 20 pixels above the middle of the area.
@@ -24,8 +24,3 @@ enum class BrowserPicture { Upper, Lower };
 // The quarter of the image browser's area in which a picture stands: the right half of the screen as its
 // player sees it, upper or lower. So it turns with the screen, away from the tiles.
 RECT browserPictureArea(const RECT& area, BrowserPicture which);
-
-// Turns the pixels of a decoded picture to the rotation in force. They then lie in a block of their own,
-// which the caller releases with GlobalFree; at 0 they stay where they are. `pixels` becomes null when the
-// block cannot be had.
-void rotateDib(PngDibParams* picture);

@@ -1,0 +1,240 @@
+#include "png/png_dib.h"
+
+#include "platform/files.h"
+#include "platform/memory.h"
+
+#include <png.h>
+
+#include <algorithm>
+#include <csetjmp>
+#include <cstdint>
+#include <cstdio>
+
+namespace {
+
+constexpr std::uint64_t headerBytes = sizeof(BITMAPINFOHEADER);
+
+// A picture of 13,000 by 13,000 pixels in 24 bits. A small file can declare far more, and decoding it would
+// drive the machine out of memory long after the allocation was granted.
+constexpr std::uint64_t largestBlock = 512ULL << 20;
+
+// All that one call holds. It lives in the frame below the one that libpng's errors jump to, so that its
+// fields keep their values across the jump. No object here or above it may need a destructor.
+struct Reading {
+    std::jmp_buf errorReturn;
+    png_structp png;
+    png_infop info;
+    FILE* file;
+    png_bytepp rows;
+    BYTE* block;
+
+    png_uint_32 width;
+    png_uint_32 height;
+    int bitDepth;
+    int colorType;
+    int bitsPerPixel;
+    png_colorp filePalette;
+    int paletteCount;
+    png_uint_32 pixelsPerMeterX;
+    png_uint_32 pixelsPerMeterY;
+    std::uint64_t stride;
+};
+
+[[noreturn]] void pngErrorCallback(png_structp png, png_const_charp) {
+    std::longjmp(static_cast<Reading*>(png_get_error_ptr(png))->errorReturn, -1);
+}
+
+void pngWarningCallback(png_structp, png_const_charp) {}
+
+int readHeader(Reading& reading) {
+    int interlace = 0;
+    png_get_IHDR(reading.png, reading.info, &reading.width, &reading.height, &reading.bitDepth,
+                 &reading.colorType, &interlace, nullptr, nullptr);
+    switch (reading.colorType) {
+    case PNG_COLOR_TYPE_GRAY:
+    case PNG_COLOR_TYPE_GRAY_ALPHA:
+        reading.bitsPerPixel = std::min(reading.bitDepth, 8);
+        reading.paletteCount = 1 << reading.bitsPerPixel;
+        break;
+    case PNG_COLOR_TYPE_RGB:
+    case PNG_COLOR_TYPE_RGB_ALPHA:
+        reading.bitsPerPixel = 24;
+        png_set_bgr(reading.png);
+        break;
+    case PNG_COLOR_TYPE_PALETTE:
+        reading.bitsPerPixel = reading.bitDepth;
+        png_get_PLTE(reading.png, reading.info, &reading.filePalette, &reading.paletteCount);
+        break;
+    default:
+        return pngDibUnknownColorType;
+    }
+    if (reading.bitsPerPixel == 2) {
+        reading.bitsPerPixel = 4; // a bitmap has no form of 2 bits
+    }
+    return pngDibSuccess;
+}
+
+void readResolution(Reading& reading) {
+    if (png_get_valid(reading.png, reading.info, PNG_INFO_pHYs) == 0) {
+        return;
+    }
+    png_uint_32 x = 0;
+    png_uint_32 y = 0;
+    int unit = PNG_RESOLUTION_UNKNOWN;
+    png_get_pHYs(reading.png, reading.info, &x, &y, &unit);
+    if (unit == PNG_RESOLUTION_METER) {
+        reading.pixelsPerMeterX = x;
+        reading.pixelsPerMeterY = y;
+    }
+}
+
+int allocate(Reading& reading, PngDibParams* params) {
+    reading.stride = (static_cast<std::uint64_t>(reading.bitsPerPixel) * reading.width + 31) / 32 * 4;
+    const auto paletteCount = static_cast<DWORD>(reading.paletteCount);
+    const std::uint64_t size = reading.stride * reading.height + 4ULL * paletteCount + headerBytes;
+    if (size > largestBlock) {
+        return pngDibOutOfMemory;
+    }
+    reading.block = static_cast<BYTE*>(GlobalAlloc(GPTR, size));
+    if (!reading.block) {
+        return pngDibOutOfMemory;
+    }
+    params->dib = reading.block;
+    params->dibSize = static_cast<DWORD>(size);
+    reading.rows = static_cast<png_bytepp>(GlobalAlloc(GMEM_FIXED, reading.height * sizeof(png_bytep)));
+    if (!reading.rows) {
+        return pngDibOutOfMemory;
+    }
+    params->headerSize = headerBytes;
+    params->palette = reinterpret_cast<RGBQUAD*>(reading.block + headerBytes);
+    params->pixelOffset = static_cast<DWORD>(headerBytes) + 4 * paletteCount;
+    params->paletteCount = paletteCount;
+    params->pixels = reading.block + params->pixelOffset;
+    return pngDibSuccess;
+}
+
+void fillPalette(const Reading& reading, RGBQUAD* palette) {
+    for (int i = 0; i < reading.paletteCount; ++i) {
+        if (reading.filePalette) {
+            const png_color& color = reading.filePalette[i];
+            palette[i] = {color.blue, color.green, color.red, 0};
+        } else {
+            const auto gray = static_cast<BYTE>(i * 255 / (reading.paletteCount - 1));
+            palette[i] = {gray, gray, gray, 0};
+        }
+    }
+}
+
+// Spreads rows of 2 bits a pixel to 4 bits, in place.
+int widenRows(const Reading& reading) {
+    const std::size_t packedBytes = (reading.width + 3) / 4;
+    auto* packed = static_cast<BYTE*>(GlobalAlloc(GPTR, packedBytes));
+    if (!packed) {
+        return pngDibOutOfMemory;
+    }
+    for (png_uint_32 y = 0; y < reading.height; ++y) {
+        BYTE* row = reading.rows[y];
+        std::copy_n(row, packedBytes, packed);
+        std::fill_n(row, (reading.width + 1) / 2, BYTE{0});
+        for (png_uint_32 x = 0; x < reading.width; ++x) {
+            const int value = packed[x / 4] >> (2 * (3 - x % 4)) & 3;
+            row[x / 2] = static_cast<BYTE>(row[x / 2] | value << (4 * (1 - x % 2)));
+        }
+    }
+    GlobalFree(packed);
+    return pngDibSuccess;
+}
+
+int readPixels(Reading& reading, const PngDibParams* params) {
+    fillPalette(reading, params->palette);
+    for (png_uint_32 y = 0; y < reading.height; ++y) {
+        reading.rows[y] = params->pixels + (reading.height - 1 - y) * reading.stride;
+    }
+    png_read_image(reading.png, reading.rows);
+    return reading.bitDepth == 2 ? widenRows(reading) : pngDibSuccess;
+}
+
+void fillHeader(const Reading& reading) {
+    auto* header = reinterpret_cast<BITMAPINFOHEADER*>(reading.block);
+    header->biSize = headerBytes;
+    header->biWidth = static_cast<LONG>(reading.width);
+    header->biHeight = static_cast<LONG>(reading.height);
+    header->biPlanes = 1;
+    header->biBitCount = static_cast<WORD>(reading.bitsPerPixel);
+    header->biCompression = BI_RGB;
+    header->biSizeImage = static_cast<DWORD>(reading.stride * reading.height);
+    header->biXPelsPerMeter = static_cast<LONG>(reading.pixelsPerMeterX);
+    header->biYPelsPerMeter = static_cast<LONG>(reading.pixelsPerMeterY);
+    header->biClrUsed = static_cast<DWORD>(reading.paletteCount);
+}
+
+void releaseRows(Reading& reading) {
+    GlobalFree(reading.rows);
+    reading.rows = nullptr;
+}
+
+void releaseReader(Reading& reading) {
+    png_destroy_read_struct(&reading.png, &reading.info, nullptr);
+    if (reading.file) {
+        std::fclose(reading.file);
+        reading.file = nullptr;
+    }
+}
+
+// Everything during which libpng may jump back. What is held then stays in the record, for the caller to
+// release.
+int readPicture(Reading& reading, PngDibParams* params) {
+    if (setjmp(reading.errorReturn) != 0) {
+        return pngDibDamaged;
+    }
+    reading.file = openBinaryFile(params->fileName);
+    if (!reading.file) {
+        return pngDibCannotOpen;
+    }
+    png_init_io(reading.png, reading.file);
+    png_read_info(reading.png, reading.info);
+    if (const int result = readHeader(reading)) {
+        return result;
+    }
+    readResolution(reading);
+    png_set_strip_alpha(reading.png);
+    png_set_strip_16(reading.png);
+    if (const int result = allocate(reading, params)) {
+        return result;
+    }
+    if (const int result = readPixels(reading, params)) {
+        return result;
+    }
+    releaseRows(reading);
+    png_read_end(reading.png, nullptr);
+    return pngDibSuccess;
+}
+
+} // namespace
+
+int pngToDib(PngDibParams* params) {
+    if (params->size != pngDibParamsSize) {
+        return pngDibWrongSize;
+    }
+    Reading reading{};
+    reading.png =
+        png_create_read_struct(PNG_LIBPNG_VER_STRING, &reading, pngErrorCallback, pngWarningCallback);
+    if (!reading.png) {
+        return pngDibOutOfMemory;
+    }
+    reading.info = png_create_info_struct(reading.png);
+    if (!reading.info) {
+        releaseReader(reading);
+        return pngDibOutOfMemory;
+    }
+    const int result = readPicture(reading, params);
+    releaseReader(reading);
+    releaseRows(reading);
+    if (result == pngDibSuccess) {
+        fillHeader(reading);
+    } else {
+        GlobalFree(reading.block);
+        params->dib = nullptr;
+    }
+    return result;
+}

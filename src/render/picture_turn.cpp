@@ -1,0 +1,119 @@
+#include "render/picture_turn.h"
+
+#include "config/settings.h"
+#include "platform/memory.h"
+#include "render/primitives.h"
+
+#include <algorithm>
+#include <cstring>
+#include <utility>
+
+namespace {
+
+// Where the pixel of row r and column c of the turned picture is found in memory: at column x + r * xByRow +
+// c * xByColumn of the old one, and its row likewise. Rows count from the bottom.
+struct Turn {
+    std::ptrdiff_t x;
+    std::ptrdiff_t xByRow;
+    std::ptrdiff_t xByColumn;
+    std::ptrdiff_t y;
+    std::ptrdiff_t yByRow;
+    std::ptrdiff_t yByColumn;
+};
+
+Turn turnOf(std::int32_t rotation, std::ptrdiff_t width, std::ptrdiff_t height) {
+    switch (rotation) {
+    case 90:
+        return {width - 1, -1, 0, 0, 0, 1};
+    case -90:
+        return {0, 1, 0, height - 1, 0, -1};
+    default:
+        return {width - 1, 0, -1, height - 1, -1, 0};
+    }
+}
+
+struct Pixels {
+    BYTE* first;
+    std::ptrdiff_t width;
+    std::ptrdiff_t height;
+    std::ptrdiff_t stride; // bytes from row to row
+};
+
+std::ptrdiff_t strideOf(std::ptrdiff_t width, int bitsPerPixel) {
+    return (width * bitsPerPixel + 31) / 32 * 4;
+}
+
+// By squares, since the rows of one picture are the columns of the other: so both stay in the processor's
+// cache.
+template <int PixelBytes> void turnWholeBytes(const Pixels& from, const Pixels& to, const Turn& turn) {
+    constexpr std::ptrdiff_t square = 32;
+    const std::ptrdiff_t byRow = turn.xByRow * PixelBytes + turn.yByRow * from.stride;
+    const std::ptrdiff_t byColumn = turn.xByColumn * PixelBytes + turn.yByColumn * from.stride;
+    const BYTE* origin = from.first + turn.x * PixelBytes + turn.y * from.stride;
+    for (std::ptrdiff_t top = 0; top < to.height; top += square) {
+        for (std::ptrdiff_t left = 0; left < to.width; left += square) {
+            const std::ptrdiff_t bottom = std::min(top + square, to.height);
+            const std::ptrdiff_t right = std::min(left + square, to.width);
+            for (std::ptrdiff_t row = top; row < bottom; ++row) {
+                const BYTE* source = origin + row * byRow + left * byColumn;
+                BYTE* target = to.first + row * to.stride + left * PixelBytes;
+                for (std::ptrdiff_t column = left; column < right; ++column) {
+                    std::memcpy(target, source, PixelBytes);
+                    source += byColumn;
+                    target += PixelBytes;
+                }
+            }
+        }
+    }
+}
+
+// For 1 and 4 bits; the new rows are all zero before.
+void turnBits(const Pixels& from, const Pixels& to, const Turn& turn, int bits) {
+    const std::ptrdiff_t perByte = 8 / bits;
+    const int mask = (1 << bits) - 1;
+    const auto shiftOf = [=](std::ptrdiff_t x) { return bits * static_cast<int>(perByte - 1 - x % perByte); };
+    for (std::ptrdiff_t row = 0; row < to.height; ++row) {
+        BYTE* target = to.first + row * to.stride;
+        for (std::ptrdiff_t column = 0; column < to.width; ++column) {
+            const std::ptrdiff_t x = turn.x + row * turn.xByRow + column * turn.xByColumn;
+            const std::ptrdiff_t y = turn.y + row * turn.yByRow + column * turn.yByColumn;
+            const int value = from.first[y * from.stride + x / perByte] >> shiftOf(x) & mask;
+            BYTE& cell = target[column / perByte];
+            cell = static_cast<BYTE>(cell | value << shiftOf(column));
+        }
+    }
+}
+
+} // namespace
+
+void rotateDib(PngDibParams* picture) {
+    const std::int32_t rotation = settings.orientation;
+    if (!isQuarterTurn(rotation) && rotation != 180) {
+        return;
+    }
+    auto* header = static_cast<BITMAPINFOHEADER*>(picture->dib);
+    const int bits = header->biBitCount;
+    const Pixels from = {picture->pixels, header->biWidth, header->biHeight, strideOf(header->biWidth, bits)};
+    Pixels to = from;
+    if (isQuarterTurn(rotation)) {
+        std::swap(to.width, to.height);
+        to.stride = strideOf(to.width, bits);
+    }
+    const std::ptrdiff_t size = to.stride * to.height;
+    to.first = static_cast<BYTE*>(GlobalAlloc(GPTR, static_cast<std::size_t>(size)));
+    picture->pixels = to.first;
+    if (!to.first) {
+        return;
+    }
+    const Turn turn = turnOf(rotation, from.width, from.height);
+    if (bits == 24) {
+        turnWholeBytes<3>(from, to, turn);
+    } else if (bits == 8) {
+        turnWholeBytes<1>(from, to, turn);
+    } else {
+        turnBits(from, to, turn, bits);
+    }
+    header->biWidth = static_cast<LONG>(to.width);
+    header->biHeight = static_cast<LONG>(to.height);
+    header->biSizeImage = static_cast<DWORD>(size);
+}
