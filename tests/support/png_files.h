@@ -16,6 +16,7 @@ struct PngForm {
     int width = 11;
     int height = 5;
     int paletteCount = 0;    // 0 means all that the depth can tell apart
+    int evenColor = -1;      // one palette entry for all pixels, a gray of the same value
     int resolutionUnit = -1; // no pHYs chunk below 0
 
     int channels() const {
@@ -34,6 +35,9 @@ struct PngForm {
 
 // The sample of a channel, of the depth of the form.
 inline unsigned sampleAt(const PngForm& form, int x, int y, int channel) {
+    if (form.evenColor >= 0) {
+        return static_cast<unsigned>(form.evenColor);
+    }
     const unsigned mixed =
         static_cast<unsigned>(x * 7919 + y * 104729 + channel * 1299709 + x * y) * 2654435761U;
     return mixed >> (32 - form.depth);
@@ -74,7 +78,8 @@ inline std::string pngBytes(const PngForm& form) {
     if (form.colorType == PNG_COLOR_TYPE_PALETTE) {
         std::vector<png_color> palette;
         for (int i = 0; i < (form.paletteCount > 0 ? form.paletteCount : 1 << form.depth); ++i) {
-            palette.push_back(paletteColor(i));
+            const auto gray = static_cast<png_byte>(i);
+            palette.push_back(form.evenColor >= 0 ? png_color{gray, gray, gray} : paletteColor(i));
         }
         png_set_PLTE(png, info, palette.data(), static_cast<int>(palette.size()));
         png_set_check_for_invalid_index(png, 0);
