@@ -4,10 +4,8 @@
 #include "platform/memory.h"
 #include "png/png_dib.h"
 #include "render/picture_turn.h"
-#include "render/primitives.h"
 #include "state/file_exists.h"
 
-#include <algorithm>
 #include <array>
 #include <string>
 
@@ -18,10 +16,6 @@ constexpr LONG bandBelowBanner = 20;
 
 // Taken off the width that a preview may fill.
 constexpr LONG previewMargin = 10;
-
-bool isBrowser() {
-    return settings.menuType == menuTypeImageBrowser;
-}
 
 std::string artPath(const char* directory, const char* stem) {
     return std::string(directory) + "\\" + stem + ".png";
@@ -61,93 +55,61 @@ std::string findPreview(const GameRecord& game, const char* directory, int fallb
     return path;
 }
 
-// A picture of a file, turned, for as long as one drawing operation needs it.
-class Picture {
-public:
-    explicit Picture(const std::string& path) {
-        params_.size = pngDibParamsSize;
-        params_.fileName = path.c_str();
-        if (pngToDib(&params_) == pngDibSuccess) {
-            decodedPixels_ = params_.pixels;
-            rotateDib(&params_);
-        } else {
-            params_ = {};
-        }
-    }
-    ~Picture() {
-        if (params_.pixels != decodedPixels_) {
-            GlobalFree(params_.pixels);
-        }
-        GlobalFree(params_.dib);
-    }
-    Picture(const Picture&) = delete;
-    Picture& operator=(const Picture&) = delete;
-
-    bool isThere() const { return params_.pixels != nullptr; }
-    const BITMAPINFOHEADER& header() const { return info().bmiHeader; }
-
-    void draw(HDC dc, int x, int y, int width, int height) const {
-        StretchDIBits(dc, x, y, width, height, 0, 0, header().biWidth, header().biHeight, params_.pixels,
-                      &info(), DIB_RGB_COLORS, SRCCOPY);
-    }
-
-private:
-    const BITMAPINFO& info() const { return *static_cast<const BITMAPINFO*>(params_.dib); }
-
-    PngDibParams params_{};
-    BYTE* decodedPixels_ = nullptr;
+// A decoded and turned picture, for as long as one drawing operation needs it.
+struct Picture {
+    PngDibParams params; // owns the decoded block
+    BYTE* rotatedPixels; // owned; null at 0
 };
+
+void releasePicture(Picture& picture) {
+    GlobalFree(picture.rotatedPixels);
+    GlobalFree(picture.params.dib);
+}
+
+// 0, with nothing to release, when the file cannot be shown.
+int loadPicture(Picture& picture, const std::string& path) {
+    picture = {};
+    picture.params.size = pngDibParamsSize;
+    picture.params.fileName = path.c_str();
+    if (pngToDib(&picture.params) != pngDibSuccess) {
+        return 0;
+    }
+    const BYTE* decodedPixels = picture.params.pixels;
+    rotateDib(&picture.params);
+    if (picture.params.pixels != decodedPixels) {
+        picture.rotatedPixels = picture.params.pixels;
+    }
+    if (!picture.params.pixels) {
+        releasePicture(picture);
+        return 0;
+    }
+    return 1;
+}
+
+void stretchPicture(HDC dc, const Picture& picture, int x, int y, int width, int height) {
+    const auto* info = static_cast<const BITMAPINFO*>(picture.params.dib);
+    StretchDIBits(dc, x, y, width, height, 0, 0, info->bmiHeader.biWidth, info->bmiHeader.biHeight,
+                  picture.params.pixels, info, DIB_RGB_COLORS, SRCCOPY);
+}
 
 int drawMarquee(HDC dc, const GameRecord& game, const RECT& place) {
     const std::string path = findMarquee(game);
     if (path.empty()) {
         return 1;
     }
-    const Picture picture(path);
-    if (!picture.isThere()) {
+    Picture picture;
+    if (!loadPicture(picture, path)) {
         return 0;
     }
-    picture.draw(dc, place.left, place.top, place.right - place.left, place.bottom - place.top);
+    stretchPicture(dc, picture, place.left, place.top, place.right - place.left, place.bottom - place.top);
+    releasePicture(picture);
     return 1;
 }
 
-// Moves the start of a picture along the axis across the tiles: away from them where their column reaches
-// over the middle of the frame into the picture's area, as far as the area goes.
-double clearOfTiles(double start, double size, LONG areaStart, LONG areaEnd, bool tilesBefore) {
-    const LONG middle = tilesBefore ? areaStart : areaEnd;
-    const LONG columnEnd = settings.previewModeWidth + tileSpacer() * 3 / 2;
-    const LONG overhang = isBrowser() ? std::max(columnEnd - middle, 0) : 0;
-    if (tilesBefore) {
-        return std::min(std::max(start, static_cast<double>(areaStart + overhang)), areaEnd - size);
-    }
-    return std::max(std::min(start, areaEnd - overhang - size), static_cast<double>(areaStart));
-}
-
-struct Origin {
-    double x = 0;
-    double y = 0;
-};
-
-// At 0 the margin shifts a picture to the right, past the middle of its area. On a turned screen it stands in
-// the middle, clear of the tiles, which then lie above it, below it or to its right.
-Origin previewOrigin(const RECT& area, double width, double height) {
-    const double x = area.left + ((area.right - area.left) - width) * 0.5;
-    const double y = area.top + ((area.bottom - area.top) - height) * 0.5;
-    switch (settings.orientation) {
-    case 90:
-        return {x, clearOfTiles(y, height, area.top, area.bottom, true)};
-    case -90:
-        return {x, clearOfTiles(y, height, area.top, area.bottom, false)};
-    case 180:
-        return {clearOfTiles(x, width, area.left, area.right, false), y};
-    default:
-        return {area.left + previewMargin + ((area.right - area.left) - width) * 0.5, y};
-    }
-}
-
 void drawFitted(HDC dc, const Picture& picture, const RECT& area) {
-    const double pictureWidth = picture.header().biWidth;
-    const double pictureHeight = picture.header().biHeight;
+    const auto* header = static_cast<const BITMAPINFOHEADER*>(picture.params.dib);
+    const double pictureWidth = header->biWidth;
+    const double pictureHeight = header->biHeight;
     const double availableWidth = area.right - area.left - previewMargin;
     const double availableHeight = area.bottom - area.top;
     double fitScale = availableWidth / pictureWidth;
@@ -156,9 +118,12 @@ void drawFitted(HDC dc, const Picture& picture, const RECT& area) {
     }
     const double width = pictureWidth * fitScale;
     const double height = pictureHeight * fitScale;
-    const Origin origin = previewOrigin(area, width, height);
-    picture.draw(dc, static_cast<int>(origin.x), static_cast<int>(origin.y), static_cast<int>(width),
-                 static_cast<int>(height));
+    // At 0 the margin shifts a picture to the right of the middle, on a turned screen it only holds it clear.
+    const LONG shift = settings.orientation == 0 ? previewMargin : 0;
+    const double x = area.left + shift + ((area.right - area.left) - width) * 0.5;
+    const double y = area.top + (availableHeight - height) * 0.5;
+    stretchPicture(dc, picture, static_cast<int>(x), static_cast<int>(y), static_cast<int>(width),
+                   static_cast<int>(height));
 }
 
 } // namespace
@@ -177,11 +142,12 @@ int drawPreviewPicture(HDC dc, const GameRecord* game, const RECT* area, const c
     if (path.empty()) {
         return 1;
     }
-    const Picture picture(path);
-    if (!picture.isThere()) {
+    Picture picture;
+    if (!loadPicture(picture, path)) {
         return 0;
     }
     drawFitted(dc, picture, *area);
+    releasePicture(picture);
     return 1;
 }
 
@@ -196,21 +162,5 @@ const char* previewDirectory() {
         return settings.flyerDir;
     default:
         return settings.cabinetDir;
-    }
-}
-
-RECT browserPictureArea(const RECT& area, BrowserPicture which) {
-    const LONG middleX = (area.left + area.right) / 2;
-    const LONG middleY = (area.top + area.bottom) / 2;
-    const bool upper = which == BrowserPicture::Upper;
-    switch (settings.orientation) {
-    case 90:
-        return {upper ? middleX : area.left, middleY, upper ? area.right : middleX, area.bottom};
-    case -90:
-        return {upper ? area.left : middleX, area.top, upper ? middleX : area.right, middleY};
-    case 180:
-        return {area.left, upper ? middleY : area.top, middleX, upper ? area.bottom : middleY};
-    default:
-        return {middleX, upper ? area.top : middleY, area.right, upper ? middleY : area.bottom};
     }
 }

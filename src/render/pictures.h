@@ -13,14 +13,9 @@ int drawMarqueeBanner(HDC dc, const GameRecord* game, const RECT* area);
 // Into exactly the rectangle.
 int drawMarqueeTile(HDC dc, const GameRecord* game, const RECT* tile);
 
-// As large as fits the area, from the directory; with a fallback of 1 from any other that has a file.
+// As large as fits the area less 10 pixels of its width, from the directory; with a fallback of 1 from any
+// other that has a file.
 int drawPreviewPicture(HDC dc, const GameRecord* game, const RECT* area, const char* directory, int fallback);
 
 // The directory of the art that the setting previewPictures names.
 const char* previewDirectory();
-
-enum class BrowserPicture { Upper, Lower };
-
-// The quarter of the image browser's area in which a picture stands: the right half of the screen as its
-// player sees it, upper or lower. So it turns with the screen, away from the tiles.
-RECT browserPictureArea(const RECT& area, BrowserPicture which);

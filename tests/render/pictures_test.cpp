@@ -34,7 +34,6 @@ protected:
             std::free(*directories[i]);
             *directories[i] = strdup(names[i]);
         }
-        settings.menuType = menuTypeListView;
         game.name = name;
         game.cloneOf = parent;
         dc = CreateCompatibleDC(nullptr);
@@ -215,38 +214,6 @@ TEST_F(PicturesTest, PreviewKeepsItsProportions) {
         addArt("flyer/clone.png", 50, one.size.cx, one.size.cy);
         clear();
         EXPECT_EQ(drawPreviewPicture(dc, &game, &quarter, settings.flyerDir, 0), 1);
-        expectRect(drawn(), one.wanted);
-    }
-}
-
-// In the image browser the pictures stand on the half of the turned screen beside the tiles, and give way
-// where the tiles reach into that half.
-TEST_F(PicturesTest, BrowserPicturesKeepClearOfTheTiles) {
-    struct Case {
-        int rotation;
-        RECT upper;
-        RECT lower;
-        RECT wanted; // of a picture that is 100 pixels by 60 as it stands
-    };
-    const Case cases[] = {
-        {0, {200, 0, 400, 150}, {200, 150, 400, 300}, {215, 168, 400, 282}},
-        {90, {200, 150, 400, 300}, {0, 150, 200, 300}, {5, 186, 195, 300}},
-        {-90, {0, 0, 200, 150}, {200, 0, 400, 150}, {205, 0, 395, 114}},
-        {180, {0, 150, 200, 300}, {0, 0, 200, 150}, {0, 18, 190, 132}},
-    };
-    settings.menuType = menuTypeImageBrowser;
-    settings.previewModeSpacer = 20;
-    settings.previewModeWidth = 200;
-    for (const Case& one : cases) {
-        settings.orientation = one.rotation;
-        const RECT area{0, 0, 400, 300};
-        expectRect(browserPictureArea(area, BrowserPicture::Upper), one.upper);
-        const RECT lower = browserPictureArea(area, BrowserPicture::Lower);
-        expectRect(lower, one.lower);
-        const bool quarterTurn = one.rotation == 90 || one.rotation == -90;
-        addArt("snap/clone.png", 50, quarterTurn ? 60 : 100, quarterTurn ? 100 : 60);
-        clear();
-        drawPreviewPicture(dc, &game, &lower, settings.snapshotDir, 0);
         expectRect(drawn(), one.wanted);
     }
 }
