@@ -22,6 +22,7 @@ Flyer.dir=flyers
 Marquee.dir=marquees
 Cabinet.dir=cabinets
 Attract.dir=attracts
+AmbienceFile=sounds/ambience.wav
 UseMameInfoDat=0
 Orientation=Normal
 MenuType=ListView
@@ -49,6 +50,13 @@ StatusBarBackColor=0x481A34
 
 [System]
 SelectedGame=barnacle
+
+[Sounds]
+Startup=sounds/startup.wav
+Shutdown=sounds/shutdown.wav
+StartGame=sounds/start.wav
+Select=sounds/select.wav
+Error=sounds/error.wav
 
 [RomOptions]
 SortBy=Name

@@ -1,8 +1,12 @@
 // demo-cabinet FOLDER: lays out the demonstration cabinet there.
 
 #include "cabinet.h"
+#include "movies.h"
+#include "sounds.h"
 
 #include <cstdio>
+#include <filesystem>
+#include <system_error>
 
 int main(int argc, char** argv) {
     if (argc != 2) {
@@ -10,7 +14,12 @@ int main(int argc, char** argv) {
         return 2;
     }
     std::string problem;
-    if (!layOutCabinet(argv[1], problem)) {
+    const std::string folder = argv[1];
+    std::error_code error;
+    std::filesystem::create_directories(folder + "/sounds", error);
+    std::filesystem::create_directories(folder + "/attracts", error);
+    if (!layOutCabinet(folder, problem) || !layOutSounds(folder + "/sounds", problem) ||
+        !layOutMovies(folder + "/attracts", problem)) {
         std::fprintf(stderr, "demo-cabinet: %s\n", problem.c_str());
         return 1;
     }

@@ -5,8 +5,10 @@
 #include "config/settings.h"
 #include "core/start_game.h"
 #include "input/controls.h"
+#include "input/sounds.h"
 #include "overlays/message_window.h"
 #include "platform/keys.h"
+#include "platform/sound.h"
 #include "platform/window.h"
 #include "render/composition.h"
 #include "render/primitives.h"
@@ -161,24 +163,32 @@ bool moveDown(std::int32_t distance) {
     return true;
 }
 
+// Shows the new selection, or lets a refused move be heard.
+void finishMove(HWND window, bool moved, void (*show)(HWND)) {
+    if (moved) {
+        show(window);
+    }
+    playSoundFile(moved ? settings.soundSelect : settings.soundError, SND_ASYNC);
+}
+
 void carryOutMoves(HWND window, const PolledControls& controls) {
-    if (controls.asksFor(selectUp) && moveUp(1)) {
-        redraw(window);
+    if (controls.asksFor(selectUp)) {
+        finishMove(window, moveUp(1), redraw);
     }
-    if (controls.asksFor(selectDown) && moveDown(1)) {
-        redraw(window);
+    if (controls.asksFor(selectDown)) {
+        finishMove(window, moveDown(1), redraw);
     }
-    if (controls.asksFor(selectPageUp) && moveUp(pageStep(window))) {
-        redrawNow(window);
+    if (controls.asksFor(selectPageUp)) {
+        finishMove(window, moveUp(pageStep(window)), redrawNow);
     }
-    if (controls.asksFor(selectPageDown) && moveDown(pageStep(window))) {
-        redrawNow(window);
+    if (controls.asksFor(selectPageDown)) {
+        finishMove(window, moveDown(pageStep(window)), redrawNow);
     }
-    if (fires(jumpBack) && moveUp(jumpLength)) {
-        redrawNow(window);
+    if (fires(jumpBack)) {
+        finishMove(window, moveUp(jumpLength), redrawNow);
     }
-    if (fires(jumpForward) && moveDown(jumpLength)) {
-        redrawNow(window);
+    if (fires(jumpForward)) {
+        finishMove(window, moveDown(jumpLength), redrawNow);
     }
 }
 
@@ -198,13 +208,13 @@ void changeSortOrder(HWND window) {
     filterGames();
     hideMessage();
     browserDirty = 1;
-    redrawNow(window);
+    finishMove(window, true, redrawNow);
 }
 
 void carryOutFixedCommands(HWND window) {
     if (fires(randomPick)) {
         selectRandomGame();
-        redrawNow(window);
+        finishMove(window, true, redrawNow);
     }
     if (fires(sortCycle)) {
         changeSortOrder(window);
@@ -212,7 +222,7 @@ void carryOutFixedCommands(HWND window) {
     if (fires(pictureCycle)) {
         settings.previewPictures =
             settings.previewPictures >= lastCycledPicture ? 0 : settings.previewPictures + 1;
-        redrawNow(window);
+        finishMove(window, true, redrawNow);
     }
 }
 
@@ -224,6 +234,7 @@ void handleTick(HWND window) {
     carryOutMoves(window, controls);
     carryOutFixedCommands(window);
     if (controls.asksFor(exitProgram)) {
+        playSoundFile(settings.soundShutdown, SND_SYNC);
         PostQuitMessage(0);
     }
     if (controls.asksFor(startGame)) {

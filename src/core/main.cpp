@@ -8,9 +8,11 @@
 #include "core/main_loop.h"
 #include "core/main_window.h"
 #include "input/controls.h"
+#include "input/sounds.h"
 #include "overlays/message_window.h"
 #include "platform/entry.h"
 #include "platform/module.h"
+#include "platform/sound.h"
 #include "platform/window.h"
 #include "render/composition.h"
 #include "state/shared_state.h"
@@ -43,6 +45,8 @@ int initGames() {
     browserDirty = 1;
     hideMessage();
     initJoystick();
+    playSoundFile(settings.soundStartup, SND_ASYNC);
+    startAmbience();
     if (gameCount == 0) {
         showError(mainWindow, "No games found!");
         return 0;
@@ -100,6 +104,7 @@ int WinMain(HINSTANCE instance, HINSTANCE, LPSTR commandTail, int) {
     saveSettings();
     freeResources();
     showMouseCursor();
+    PlaySoundA(nullptr, nullptr, 0);
     DestroyWindow(mainWindow);
     return result;
 }

@@ -1,10 +1,15 @@
 #include "core/start_game.h"
 
+#include "config/settings.h"
 #include "input/controls.h"
+#include "input/sounds.h"
 #include "launch/game_launch.h"
 #include "overlays/message_window.h"
 #include "platform/clock.h"
+#include "platform/media.h"
+#include "platform/sound.h"
 #include "platform/window.h"
+#include "render/attract_movie.h"
 #include "state/shared_state.h"
 
 #include <string>
@@ -22,18 +27,34 @@ void tellMissingRom() {
     hideMessage();
 }
 
+// The movie stands until the next frame replaces it; the ambience goes on after the game.
+void quieten() {
+    if (movieWindow) {
+        SendMessageA(movieWindow, MCI_PAUSE, 0, 0);
+    }
+    if (!settings.ambienceWhilePlaying) {
+        SendMessageA(ambienceWindow, MCI_PAUSE, 0, 0);
+    }
+}
+
 void runGame(const GameRecord& game) {
     const std::string launching = std::string("Launching Game: ") + game.description + "...";
+    quieten();
     showMessage(launching.c_str());
+    playSoundFile(settings.soundStartGame, SND_SYNC);
     DWORD exitCode = 0; // stays 0 when the emulator did not start: that has had its own box
     launchGame(&game, &exitCode);
     if (exitCode != 0) {
+        playSoundFile(settings.soundError, SND_ASYNC);
         showMessage("Error Launching Mame!");
         Sleep(failedGameDelay);
     }
     Sleep(afterGameDelay);
     flushKeys();
     hideMessage();
+    if (!settings.ambienceWhilePlaying) {
+        SendMessageA(ambienceWindow, MCI_RESUME, 0, 0);
+    }
 }
 
 } // namespace

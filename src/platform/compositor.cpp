@@ -7,43 +7,53 @@
 namespace {
 
 bool screenChanged = false;
+void (*pictureSource)() = nullptr;
 
 // The frame of a popup, from the outside in: a light line between two dark ones stands out on any picture.
 constexpr std::uint32_t frameColors[thickFrame] = {0x181818, 0xC8C8C8, 0x181818};
 
-// The part of a rectangle that lies on the display.
-RECT onDisplay(const RECT& rect, const DisplayPixels& target) {
-    return {std::clamp(rect.left, 0, target.width), std::clamp(rect.top, 0, target.height),
-            std::clamp(rect.right, 0, target.width), std::clamp(rect.bottom, 0, target.height)};
+// The display's pixels, and the part of them that is composed anew.
+struct Target {
+    DisplayPixels pixels;
+    RECT part;
+
+    std::uint32_t* row(LONG y) const {
+        return pixels.pixels + static_cast<std::ptrdiff_t>(y) * pixels.stride;
+    }
+};
+
+// The part of a rectangle that is composed anew.
+RECT seenOf(const RECT& rect, const Target& target) {
+    const RECT& part = target.part;
+    return {std::clamp(rect.left, part.left, part.right), std::clamp(rect.top, part.top, part.bottom),
+            std::clamp(rect.right, part.left, part.right), std::clamp(rect.bottom, part.top, part.bottom)};
 }
 
-void fill(const DisplayPixels& target, const RECT& rect, std::uint32_t color) {
-    const RECT seen = onDisplay(rect, target);
+void fill(const Target& target, const RECT& rect, std::uint32_t color) {
+    const RECT seen = seenOf(rect, target);
     if (seen.left >= seen.right) {
         return;
     }
     for (LONG y = seen.top; y < seen.bottom; ++y) {
-        std::uint32_t* row = target.pixels + static_cast<std::ptrdiff_t>(y) * target.stride;
-        std::fill(row + seen.left, row + seen.right, color);
+        std::fill(target.row(y) + seen.left, target.row(y) + seen.right, color);
     }
 }
 
-void copyClient(const DisplayPixels& target, const Surface& client, LONG left, LONG top) {
+void copyClient(const Target& target, const Surface& client, LONG left, LONG top) {
     if (!client.pixels) {
         return;
     }
-    const RECT seen = onDisplay({left, top, left + client.width, top + client.height}, target);
+    const RECT seen = seenOf({left, top, left + client.width, top + client.height}, target);
     if (seen.left >= seen.right) {
         return;
     }
     const auto bytes = static_cast<std::size_t>(seen.right - seen.left) * sizeof(std::uint32_t);
     for (LONG y = seen.top; y < seen.bottom; ++y) {
-        std::memcpy(target.pixels + static_cast<std::ptrdiff_t>(y) * target.stride + seen.left,
-                    client.row(y - top) + (seen.left - left), bytes);
+        std::memcpy(target.row(y) + seen.left, client.row(y - top) + (seen.left - left), bytes);
     }
 }
 
-void drawWindow(const DisplayPixels& target, Window& window) {
+void drawWindow(const Target& target, Window& window) {
     RECT rect = window.outer;
     if ((window.style & WS_THICKFRAME) != 0) {
         for (const std::uint32_t color : frameColors) {
@@ -58,24 +68,24 @@ void drawWindow(const DisplayPixels& target, Window& window) {
     window.client.changed = false;
 }
 
-bool coversDisplay(const Window& window, const DisplayPixels& target) {
-    return window.client.pixels && window.outer.left <= 0 && window.outer.top <= 0 &&
-           window.outer.right >= target.width && window.outer.bottom >= target.height;
+bool coversPart(const Window& window, const RECT& part) {
+    return window.client.pixels && window.outer.left <= part.left && window.outer.top <= part.top &&
+           window.outer.right >= part.right && window.outer.bottom >= part.bottom;
 }
 
-void compose(const DisplayPixels& target) {
+void compose(const Target& target) {
     std::vector<Window*> seen;
     for (const HWND handle : windowOrder()) {
         Window* window = findWindow(handle);
         if (window->visible) {
-            if (coversDisplay(*window, target)) {
+            if (coversPart(*window, target.part)) {
                 seen.clear();
             }
             seen.push_back(window);
         }
     }
-    if (seen.empty() || !coversDisplay(*seen.front(), target)) {
-        fill(target, {0, 0, target.width, target.height}, 0);
+    if (seen.empty() || !coversPart(*seen.front(), target.part)) {
+        fill(target, target.part, 0);
     }
     for (Window* window : seen) {
         drawWindow(target, *window);
@@ -83,11 +93,21 @@ void compose(const DisplayPixels& target) {
 }
 
 void present() {
-    const DisplayPixels target = displayPixels();
+    const DisplayPixels pixels = displayPixels();
     screenChanged = false;
-    if (target.pixels) {
-        compose(target);
+    if (pixels.pixels) {
+        compose({pixels, {0, 0, pixels.width, pixels.height}});
         displayPresent();
+    }
+}
+
+// A movie's next picture costs the movie's own area, not the whole screen.
+void presentPart(const RECT& part) {
+    const DisplayPixels pixels = displayPixels();
+    const RECT seen = seenOf(part, {pixels, {0, 0, pixels.width, pixels.height}});
+    if (pixels.pixels && seen.left < seen.right && seen.top < seen.bottom) {
+        compose({pixels, seen});
+        displayPresentPart(seen.left, seen.top, seen.right - seen.left, seen.bottom - seen.top);
     }
 }
 
@@ -120,17 +140,31 @@ void noteScreenChange() {
     screenChanged = true;
 }
 
+void setPictureSource(void (*update)()) {
+    pictureSource = update;
+}
+
 void refreshScreen() {
+    if (pictureSource) {
+        pictureSource();
+    }
     bool changed = screenChanged;
+    const Window* movie = nullptr;
     for (const HWND handle : windowOrder()) {
         const Window* window = findWindow(handle);
         if (window->visible && window->firstPaint) {
             return; // the former picture stays until the new window has one
         }
-        changed = changed || (window->visible && window->client.changed);
+        if (window->visible && window->client.changed) {
+            const bool isMovie = (window->style & WS_CHILD) != 0 && !movie;
+            movie = isMovie ? window : movie;
+            changed = changed || !isMovie;
+        }
     }
     if (changed) {
         present();
+    } else if (movie) {
+        presentPart(movie->outer);
     }
 }
 

@@ -269,6 +269,16 @@ void displayPresent() {
     SDL_UpdateWindowSurface(display.window);
 }
 
+void displayPresentPart(int left, int top, int width, int height) {
+    SDL_Surface* surface = display.window ? SDL_GetWindowSurface(display.window) : nullptr;
+    if (!surface || !display.shown || !hasOwnFormat(*surface)) {
+        displayPresent();
+        return;
+    }
+    const SDL_Rect part = {left, top, width, height};
+    SDL_UpdateWindowSurfaceRects(display.window, &part, 1);
+}
+
 bool displayIsReal() {
     return startDisplay() && display.real;
 }

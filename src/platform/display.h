@@ -35,6 +35,9 @@ DisplayPixels displayPixels();
 // Shows the pixels. The window itself comes up with the first picture.
 void displayPresent();
 
+// Shows a part of the pixels in a window that has shown all of them before.
+void displayPresentPart(int left, int top, int width, int height);
+
 // True when a person can see and answer this display; false on SDL's drivers without a screen, and without a
 // display.
 bool displayIsReal();

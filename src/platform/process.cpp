@@ -3,6 +3,7 @@
 #include "platform/command_line.h"
 #include "platform/display.h"
 #include "platform/paths.h"
+#include "platform/sound.h"
 #include "platform/system_object.h"
 
 #include <fcntl.h>
@@ -232,6 +233,7 @@ BOOL CreateProcessA(LPCSTR applicationName, LPSTR commandLine, SECURITY_ATTRIBUT
     // window system it can do so only when nobody else holds the screen.
     const bool getsDisplay = !isRedirected(startup);
     if (getsDisplay) {
+        soundGiveUp();
         displayGiveUp();
     }
     const pid_t child = startFirst(programs, words, settings);

@@ -63,6 +63,24 @@ void sendSize(HWND handle, WPARAM kind) {
     }
 }
 
+bool isChild(const Window& window) {
+    return (window.style & WS_CHILD) != 0;
+}
+
+// Where the client area of a child's parent begins; (0, 0) for a popup.
+POINT originOf(const Window& window) {
+    const Window* parent = isChild(window) ? findWindow(window.owner) : nullptr;
+    return parent ? POINT{parent->outer.left + frameOf(*parent), parent->outer.top + frameOf(*parent)}
+                  : POINT{};
+}
+
+// The place of a new window in the order: a child directly above its parent, any other on top.
+void insertIntoOrder(HWND handle) {
+    const Window& window = *findWindow(handle);
+    const auto parent = std::find(order.begin(), order.end(), window.owner);
+    order.insert(isChild(window) && parent != order.end() ? parent + 1 : order.end(), handle);
+}
+
 void raise(HWND handle) {
     order.erase(std::remove(order.begin(), order.end(), handle), order.end());
     order.push_back(handle);
@@ -122,6 +140,12 @@ void hide(Window& window) {
 
 void show(HWND handle, bool maximize) {
     Window* window = findWindow(handle);
+    if (isChild(*window)) {
+        window->visible = true;
+        window->firstPaint = false;
+        noteScreenChange();
+        return;
+    }
     const bool appears = !window->visible;
     const bool resized = maximize && placeWindow(*window, wholeScreen());
     window->visible = true;
@@ -166,6 +190,12 @@ Window* findWindow(HWND handle) {
 
 const std::vector<HWND>& windowOrder() {
     return order;
+}
+
+RECT placeInParent(const Window& window) {
+    const POINT origin = originOf(window);
+    return {window.outer.left - origin.x, window.outer.top - origin.y, window.outer.right - origin.x,
+            window.outer.bottom - origin.y};
 }
 
 LRESULT sendMessage(HWND handle, UINT message, WPARAM wParam, LPARAM lParam) {
@@ -236,8 +266,10 @@ HWND CreateWindowExA(DWORD, LPCSTR className, LPCSTR title, DWORD style, int x, 
     Window* window = findWindow(handle);
     window->handle = handle;
     const auto given = [](int value) { return value == CW_USEDEFAULT ? 0 : value; };
-    placeWindow(*window, grantedRectangle(style, given(x), given(y), given(width), given(height)));
-    order.push_back(handle);
+    const POINT origin = originOf(*window);
+    placeWindow(*window, grantedRectangle(style, origin.x + given(x), origin.y + given(y), given(width),
+                                          given(height)));
+    insertIntoOrder(handle);
     const auto data = reinterpret_cast<LPARAM>(creationData);
     if (sendMessage(handle, WM_NCCREATE, 0, data) == FALSE) {
         if (findWindow(handle)) {
@@ -288,7 +320,9 @@ BOOL MoveWindow(HWND handle, int x, int y, int width, int height, BOOL repaint) 
     if (!window) {
         return FALSE;
     }
-    const bool resized = placeWindow(*window, grantedRectangle(window->style, x, y, width, height));
+    const POINT origin = originOf(*window);
+    const bool resized =
+        placeWindow(*window, grantedRectangle(window->style, origin.x + x, origin.y + y, width, height));
     const bool redraws = resized && (window->classStyle & (CS_HREDRAW | CS_VREDRAW)) != 0;
     if (repaint || redraws) {
         invalidate(*window, true);
@@ -297,6 +331,10 @@ BOOL MoveWindow(HWND handle, int x, int y, int width, int height, BOOL repaint) 
         sendSize(handle, SIZE_RESTORED);
     }
     return TRUE;
+}
+
+BOOL SetWindowPos(HWND handle, HWND, int x, int y, int width, int height, UINT) {
+    return MoveWindow(handle, x, y, width, height, FALSE);
 }
 
 BOOL GetClientRect(HWND handle, RECT* rect) {

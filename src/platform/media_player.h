@@ -1,0 +1,69 @@
+// One player of tracks and movies: a libmpv core that is kept and opens one file after another. Used by the
+// media windows. Nothing here waits for the core but waitForSize; pictures are drawn into a surface of the
+// caller's. The player reads no configuration, runs no script and opens nothing but the file.
+#pragma once
+
+#include "platform/mpv_library.h"
+#include "platform/surface.h"
+
+#include <atomic>
+#include <cstdint>
+#include <memory>
+#include <string>
+
+class MediaPlayer {
+public:
+    // Null when no core can be made. The library must be ready.
+    static std::unique_ptr<MediaPlayer> create();
+    ~MediaPlayer();
+    MediaPlayer(const MediaPlayer&) = delete;
+    MediaPlayer& operator=(const MediaPlayer&) = delete;
+
+    // Opens a file in place of the former, paused at its start. The path must be absolute.
+    void open(const std::string& path);
+
+    // Ends the file and gives back what it holds: the core goes idle.
+    void stop();
+
+    void setRepeating(bool repeating);
+
+    // A paused file holds no sound device and decodes nothing; it goes on where it was.
+    void setPaused(bool paused);
+
+    // Takes the news from the core.
+    void update();
+
+    // update, until the size is known, the file has failed or the time is over.
+    void waitForSize(int milliseconds);
+
+    bool failed() const { return state_ == State::failed; }
+
+    // The movie's display size, 0 for a file without a picture, is known.
+    bool hasSize() const { return state_ == State::sized; }
+    int width() const { return width_; }
+    int height() const { return height_; }
+
+    // Draws the next picture, fitted into the surface, when it has come due; tells whether it has.
+    bool render(Surface& surface);
+
+private:
+    enum class State { idle, opening, started, sized, failed };
+
+    MediaPlayer() = default;
+    bool start();
+    void command(const char* const* words, std::uint64_t number);
+    void setProperty(const char* name, const char* value);
+    void handle(const mpv_event& event);
+    void takeReply(const mpv_event& event);
+    void takeProperty(const mpv_event_property& property);
+
+    mpv_handle* core_ = nullptr;
+    mpv_render_context* renderer_ = nullptr;
+    std::atomic<bool> pictureDue_ = false; // set by a thread of the core
+    State state_ = State::idle;
+    std::uint64_t number_ = 0; // counts the files, so that news of a former one is recognised
+    std::int64_t entry_ = 0;   // the core's own number of the file, 0 until it has told
+    bool current_ = false;     // news of the core is about this file
+    std::int64_t width_ = 0;
+    std::int64_t height_ = 0;
+};

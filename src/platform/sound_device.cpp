@@ -1,0 +1,125 @@
+#include "platform/sound_device.h"
+
+#include "platform/file_io.h"
+
+#include <SDL.h>
+#include <alsa/asoundlib.h>
+
+#include <algorithm>
+#include <cstdlib>
+
+namespace {
+
+using namespace std::chrono_literals;
+
+constexpr int wantedFrequency = 48000;
+constexpr int wantedChannels = 2;
+constexpr int bufferFrames = 1024; // 21 ms: a move is heard with its picture
+constexpr int channel = 0;
+
+// A machine without sound is asked again only so often, since each try looks for every kind of server.
+constexpr auto retryInterval = 5s;
+
+constexpr std::size_t largestFile = std::size_t{64} << 20;
+
+// A server that went away leaves a device that takes sound and plays none. SDL numbers what it opens from 2.
+bool deviceLives() {
+    constexpr SDL_AudioDeviceID firstDevice = 2;
+    constexpr SDL_AudioDeviceID lastDevice = 16;
+    for (SDL_AudioDeviceID id = firstDevice; id <= lastDevice; ++id) {
+        if (SDL_GetAudioDeviceStatus(id) != SDL_AUDIO_STOPPED) {
+            return true;
+        }
+    }
+    return false;
+}
+
+// A machine without a sound card is no error, and nobody at a cabinet reads the words.
+void dropMessage(const char*, int, const char*, int, const char*, ...) {}
+
+Mix_Chunk* loadChunk(const std::string& path) {
+    std::string content;
+    const FileDescriptor file = openPlainFile(path.c_str());
+    if (!file.isOpen() || !readWhole(file, content, largestFile) || content.empty()) {
+        return nullptr;
+    }
+    return Mix_LoadWAV_RW(SDL_RWFromConstMem(content.data(), static_cast<int>(content.size())), 1);
+}
+
+} // namespace
+
+bool SoundDevice::open() {
+    if (opened_ && deviceLives()) {
+        return true;
+    }
+    close();
+    const auto now = std::chrono::steady_clock::now();
+    if (now < nextTry_) {
+        return false;
+    }
+    snd_lib_error_set_handler(dropMessage);
+    if (Mix_OpenAudioDevice(wantedFrequency, AUDIO_S16SYS, wantedChannels, bufferFrames, nullptr,
+                            SDL_AUDIO_ALLOW_FREQUENCY_CHANGE) != 0) {
+        SDL_QuitSubSystem(SDL_INIT_AUDIO);
+        nextTry_ = now + retryInterval;
+        return false;
+    }
+    opened_ = true;
+    Uint16 format = 0;
+    int channels = 0;
+    Mix_QuerySpec(&frequency_, &format, &channels);
+    bytesPerFrame_ = channels * (SDL_AUDIO_BITSIZE(format) / 8);
+    return true;
+}
+
+std::int64_t SoundDevice::lengthOf(const Mix_Chunk& chunk) const {
+    constexpr std::int64_t nanosecondsPerSecond = 1'000'000'000;
+    const std::int64_t frames = chunk.alen / static_cast<Uint32>(bytesPerFrame_);
+    return frames > 0 ? (frames + 2 * bufferFrames) * nanosecondsPerSecond / frequency_ : 0;
+}
+
+std::int64_t SoundDevice::play(const std::string& path) {
+    stop();
+    closeWhenSilent_ = false;
+    if (!open()) {
+        return 0;
+    }
+    chunk_.reset(loadChunk(path));
+    if (!chunk_ || Mix_PlayChannel(channel, chunk_.get(), 0) != channel) {
+        return 0;
+    }
+    return lengthOf(*chunk_);
+}
+
+void SoundDevice::stop() {
+    if (opened_) {
+        Mix_HaltChannel(channel);
+        chunk_.reset();
+    }
+}
+
+void SoundDevice::closeWhenSilent() {
+    closeWhenSilent_ = opened_;
+    check();
+}
+
+void SoundDevice::check() {
+    if (closeWhenSilent_ && (Mix_Playing(channel) == 0 || !deviceLives())) {
+        close();
+    }
+}
+
+std::chrono::milliseconds SoundDevice::timeToNextCheck() const {
+    return closeWhenSilent_ ? std::chrono::milliseconds(50)
+                            : std::chrono::milliseconds(std::chrono::hours(1));
+}
+
+void SoundDevice::close() {
+    stop();
+    closeWhenSilent_ = false;
+    if (opened_) {
+        Mix_CloseAudio();
+        SDL_QuitSubSystem(SDL_INIT_AUDIO);
+        opened_ = false;
+    }
+}

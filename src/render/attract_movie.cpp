@@ -1,0 +1,73 @@
+#include "render/attract_movie.h"
+
+#include "config/settings.h"
+#include "platform/media.h"
+#include "platform/window.h"
+#include "state/file_exists.h"
+#include "state/shared_state.h"
+
+#include <string>
+
+HWND movieWindow = nullptr;
+
+namespace {
+
+std::string moviePath(const char* stem) {
+    return std::string(settings.attractDir) + "\\" + stem + ".avi";
+}
+
+// The path of the movie, empty when there is none.
+std::string findMovie(const GameRecord& game) {
+    std::string path = moviePath(game.name);
+    if (!fileExists(path.c_str()) && game.cloneOf) {
+        path = moviePath(game.cloneOf);
+    }
+    return fileExists(path.c_str()) ? path : std::string();
+}
+
+// Never enlarges. A movie that is no wider than the area keeps its size, however high it is.
+double fitScale(double width, double height, double areaWidth, double areaHeight) {
+    if (width <= areaWidth) {
+        return 1;
+    }
+    const double scale = areaWidth / width;
+    return height * scale > areaHeight ? areaHeight / height : scale;
+}
+
+void placeMovie(RECT* area) {
+    RECT natural{};
+    SendMessageA(movieWindow, MCIWNDM_GET_DEST, 0, reinterpret_cast<LPARAM>(&natural));
+    const double areaWidth = area->right - area->left;
+    const double areaHeight = area->bottom - area->top;
+    double width = natural.right - natural.left;
+    double height = natural.bottom - natural.top;
+    const double scale = fitScale(width, height, areaWidth, areaHeight);
+    width *= scale;
+    height *= scale;
+    area->left = static_cast<LONG>(area->left + (areaWidth - width) * 0.5);
+    area->top = static_cast<LONG>(area->top + (areaHeight - height) * 0.5);
+    SetWindowPos(movieWindow, nullptr, area->left, area->top, static_cast<int>(width),
+                 static_cast<int>(height), 0);
+}
+
+} // namespace
+
+int playAttractMovie(const GameRecord* game, RECT* area) {
+    const std::string path = findMovie(*game);
+    if (path.empty()) {
+        return 0;
+    }
+    constexpr DWORD style = MCIWNDF_NOPLAYBAR | MCIWNDF_NOMENU | MCIWNDF_NOERRORDLG | MCIWNDF_NOOPEN;
+    movieWindow = MCIWndCreateA(mainWindow, nullptr, style, path.c_str());
+    placeMovie(area);
+    SendMessageA(movieWindow, MCI_PLAY, 0, 0);
+    const auto command = reinterpret_cast<LPARAM>("play repeat");
+    return SendMessageA(movieWindow, MCIWNDM_SENDSTRINGA, 0, command) == 0 ? 1 : 0;
+}
+
+void closeAttractMovie() {
+    if (movieWindow) {
+        SendMessageA(movieWindow, WM_CLOSE, 0, 0);
+        movieWindow = nullptr;
+    }
+}
