@@ -3,12 +3,18 @@
 #include "platform/display.h"
 #include "platform/key_map.h"
 #include "platform/key_state.h"
+#include "platform/window_internal.h"
 
 SHORT GetAsyncKeyState(int code) {
     displayKeepAlive();
     constexpr int downBit = -0x8000;
     constexpr int pressedBit = 1;
-    return static_cast<SHORT>((keyIsDown(code) ? downBit : 0) | (takeKeyPress(code) ? pressedBit : 0));
+    const bool down = keyIsDown(code);
+    const bool pressed = takeKeyPress(code);
+    if (pressed && !down) {
+        queueWakeUp();
+    }
+    return static_cast<SHORT>((down ? downBit : 0) | (pressed ? pressedBit : 0));
 }
 
 void keybd_event(BYTE code, BYTE, DWORD flags, std::uintptr_t) {

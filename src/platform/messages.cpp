@@ -100,6 +100,12 @@ void addInput(const MSG& message) {
     input.push_back(message);
 }
 
+// In place of one of its kind that still waits.
+void addOnlyInput(const MSG& message) {
+    std::erase_if(input, [&](const MSG& other) { return other.message == message.message; });
+    addInput(message);
+}
+
 void prepareLookUp() {
     displayKeepAlive();
     tellFocus();
@@ -133,8 +139,11 @@ void queueJoystick() {
         return;
     }
     toldJoystick = state;
-    std::erase_if(input, [](const MSG& message) { return message.message == MM_JOY1MOVE; });
-    addInput(makeMessage(focusWindow(), MM_JOY1MOVE, state.buttons, 0));
+    addOnlyInput(makeMessage(focusWindow(), MM_JOY1MOVE, state.buttons, 0));
+}
+
+void queueWakeUp() {
+    addOnlyInput(makeMessage(focusWindow(), WM_NULL, 0, 0));
 }
 
 void dropMessagesOf(HWND handle) {
@@ -171,10 +180,6 @@ BOOL TranslateMessage(const MSG*) {
 
 LRESULT DispatchMessageA(const MSG* message) {
     return sendMessage(message->hwnd, message->message, message->wParam, message->lParam);
-}
-
-LRESULT SendMessageA(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-    return sendMessage(window, message, wParam, lParam);
 }
 
 void PostQuitMessage(int exitCode) {

@@ -1,5 +1,8 @@
 #include "platform/joystick.h"
 
+#include "platform/clock.h"
+#include "support/recording_window.h"
+
 #include <SDL.h>
 #include <gtest/gtest.h>
 
@@ -19,6 +22,7 @@ class JoystickTest : public ::testing::Test {
 protected:
     void SetUp() override {
         SDL_SetHint(SDL_HINT_JOYSTICK_HIDAPI, "0");
+        SDL_SetHint(SDL_HINT_JOYSTICK_ALLOW_BACKGROUND_EVENTS, "1");
         ASSERT_EQ(SDL_InitSubSystem(SDL_INIT_JOYSTICK), 0);
         ASSERT_EQ(SDL_NumJoysticks(), 0) << "a real joystick is in the way of this test";
     }
@@ -87,6 +91,33 @@ TEST_F(JoystickTest, AnswersTheProbeAndTellsItsLimits) {
     EXPECT_EQ(joyGetPos(1, &info), JOYERR_PARMS);
     EXPECT_EQ(joyGetPos(0, nullptr), JOYERR_PARMS);
     EXPECT_EQ(joyGetDevCapsA(0, &capabilities, 400), JOYERR_PARMS);
+}
+
+// So that a loop that waits for a message wakes.
+TEST_F(JoystickTest, AMovementThatCountsBringsOneMessage) {
+    registerRecordingClass();
+    ShowWindow(makeRecordingWindow(0, 0, 100, 100), SW_SHOW);
+    plugIn();
+    const auto movementBrings = [](const std::vector<std::string>& expected) {
+        takeMessages();
+        Sleep(10);
+        for (MSG message{}; PeekMessageA(&message, nullptr, 0, 0, PM_NOREMOVE);) {
+            GetMessageA(&message, nullptr, 0, 0);
+            DispatchMessageA(&message);
+        }
+        EXPECT_EQ(takeMessages(), expected);
+    };
+    movementBrings({"PAINT", "ERASE"});
+    SDL_JoystickSetVirtualButton(pad, 2, 1);
+    movementBrings({"JOYSTICK"});
+    SDL_JoystickSetVirtualButton(pad, 2, 0);
+    movementBrings({"JOYSTICK"});
+    setAxes(9000, -9000);
+    movementBrings({});
+    setAxes(axisHigh, 0);
+    movementBrings({"JOYSTICK"});
+    SDL_JoystickSetVirtualHat(pad, 0, SDL_HAT_UP);
+    movementBrings({"JOYSTICK"});
 }
 
 TEST_F(JoystickTest, NoticesWhenItIsPulledOutAndPluggedInAgain) {

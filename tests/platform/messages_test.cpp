@@ -107,7 +107,7 @@ TEST_F(MessagesTest, TellsTheFocusOfTheDisplayAtTheNextLookUp) {
     EXPECT_EQ(takeMessages(), Messages{});
     EXPECT_EQ(GetAsyncKeyState(VK_UP), 1) << "the press is kept, the key is no longer known to be down";
     drain();
-    EXPECT_EQ(takeMessages(), (Messages{"KILLFOCUS", "KEYDOWN"}));
+    EXPECT_EQ(takeMessages(), (Messages{"KILLFOCUS", "KEYDOWN", "NULL"}));
     const HWND popup = makeRecordingWindow(0, 0, 10, 10, window);
     ShowWindow(popup, SW_SHOW);
     EXPECT_EQ(takeMessages(), (Messages{"NCCREATE", "CREATE", "SIZE 10x10"}))
@@ -128,6 +128,40 @@ TEST_F(MessagesTest, SleepTakesItsTimeAndKeepsTheScreenAlive) {
     EXPECT_NE(GetAsyncKeyState('X'), 0);
     Sleep(0);
     EXPECT_EQ(virtualClockMilliseconds() - start, 1500);
+}
+
+TEST_F(MessagesTest, ATapThatIsReadWhenItIsOverIsFollowedByAMessage) {
+    pressKey(SDL_SCANCODE_UP);
+    Sleep(10);
+    drain();
+    EXPECT_NE(GetAsyncKeyState(VK_UP), 0);
+    EXPECT_EQ(drain(), Messages{}) << "the release is still to come";
+    releaseKey(SDL_SCANCODE_UP);
+    pressKey(SDL_SCANCODE_DOWN);
+    releaseKey(SDL_SCANCODE_DOWN);
+    Sleep(10);
+    drain();
+    takeMessages();
+    for (int read = 0; read < 3; ++read) {
+        GetAsyncKeyState(VK_DOWN);
+    }
+    drain();
+    EXPECT_EQ(takeMessages(), Messages{"NULL"});
+}
+
+TEST_F(MessagesTest, ALoopThatOnlyLooksLetsTimePass) {
+    const std::int64_t start = virtualClockMilliseconds();
+    MSG message{};
+    for (int look = 0; look < 100'000 && virtualClockMilliseconds() - start < 100; ++look) {
+        EXPECT_FALSE(PeekMessageA(&message, nullptr, 0, 0, PM_NOREMOVE));
+    }
+    EXPECT_GE(virtualClockMilliseconds() - start, 100);
+    const std::int64_t paced = virtualClockMilliseconds();
+    for (int look = 0; look < 100; ++look) {
+        PeekMessageA(&message, nullptr, 0, 0, PM_NOREMOVE);
+        virtualClockAdvance(1);
+    }
+    EXPECT_EQ(virtualClockMilliseconds() - paced, 100) << "a loop that does something is not held up";
 }
 
 TEST_F(MessagesTest, ForgetsTheOldestPressesOfALongBlockade) {

@@ -150,12 +150,37 @@ TEST_F(WindowTest, ComposesWindowsByTheirOrderWithFrames) {
 
     MoveWindow(popup, 600, 460, 80, 80, TRUE);
     UpdateWindow(popup);
-    EXPECT_EQ(screenPixel(639, 479), 0x00FF00U) << "half outside the screen";
+    EXPECT_EQ(screenPixel(563, 403), 0x00FF00U) << "moved in whole";
+    EXPECT_EQ(screenPixel(636, 476), 0x00FF00U);
     EXPECT_EQ(screenPixel(110, 110), 0xFF0000U);
     DestroyWindow(popup);
     MSG message{};
     PeekMessageA(&message, nullptr, 0, 0, PM_NOREMOVE);
     EXPECT_EQ(screenPixel(639, 479), 0xFF0000U) << "what lay below needs no new paint";
+}
+
+TEST_F(WindowTest, HoldsAFramedWindowToTheScreen) {
+    const HWND window = makeRecordingWindow(-50, 400, 900, 200, nullptr, WS_POPUP | WS_THICKFRAME);
+    RECT outer{};
+    const auto expectOuter = [&](LONG left, LONG top, LONG right, LONG bottom) {
+        GetWindowRect(window, &outer);
+        EXPECT_EQ(std::tuple(outer.left, outer.top, outer.right, outer.bottom),
+                  std::tuple(left, top, right, bottom));
+    };
+    expectOuter(0, 280, 640, 480);
+    MoveWindow(window, 4, 2, 638, 476, FALSE);
+    expectOuter(2, 2, 640, 478);
+    takeMessages();
+    MoveWindow(window, 0, 2, 1000, 476, FALSE);
+    EXPECT_EQ(takeMessages(), Messages{"SIZE 634x470"});
+    MoveWindow(window, 0, 2, 1200, 476, FALSE);
+    EXPECT_EQ(takeMessages(), Messages{}) << "nothing more is to be had";
+    EXPECT_FALSE(GetWindowRect(nullptr, &outer));
+
+    WNDCLASSA known{};
+    EXPECT_FALSE(GetClassInfoA(nullptr, "Unknown", &known));
+    EXPECT_TRUE(GetClassInfoA(nullptr, "Recording", &known));
+    EXPECT_EQ(known.lpfnWndProc, recordingProc);
 }
 
 TEST_F(WindowTest, KeepsTheFormerPictureUntilANewWindowIsPainted) {

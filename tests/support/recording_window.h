@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/drawing.h"
+#include "platform/joystick.h"
 #include "platform/window.h"
 
 #include <functional>
@@ -17,6 +18,10 @@ inline std::string messageName(UINT message, LPARAM lParam) {
         return " " + std::to_string(lParam & 0xFFFF) + "x" + std::to_string((lParam >> 16) & 0xFFFF);
     };
     switch (message) {
+    case WM_NULL:
+        return "NULL";
+    case MM_JOY1MOVE:
+        return "JOYSTICK";
     case WM_NCCREATE:
         return "NCCREATE";
     case WM_CREATE:
