@@ -2,7 +2,10 @@
 
 #include "config/settings.h"
 #include "platform/drawing.h"
+#include "render/attract_movie.h"
+#include "render/pictures.h"
 #include "render/primitives.h"
+#include "render/status_bar.h"
 #include "state/shared_state.h"
 
 #include <algorithm>
@@ -61,6 +64,19 @@ void selectListFont(HDC dc, int emphasis) {
     SetTextColor(dc, settings.fontColor);
 }
 
+// The quarter of the picture ends at the right edge of the frame, where the bar stands at -90.
+void moveOffStatusBar(RECT& area) {
+    area.left -= statusBarHeight;
+    area.right -= statusBarHeight;
+}
+
+// The marquee crosses the bar of a turned screen. The font of the titles is selected again.
+void restoreStatusBar(HDC dc, LONG width, LONG height) {
+    drawStatusBar(dc, selectedIndex, width, height);
+    selectListFont(dc, 0);
+    SetBkMode(dc, TRANSPARENT);
+}
+
 } // namespace
 
 int drawHighlightBar(HDC dc, std::int32_t selected, const RECT* area, std::int32_t lineHeight) {
@@ -88,12 +104,29 @@ int drawListLines(HDC dc, std::int32_t selected, const RECT* area, std::int32_t 
 }
 
 int drawListView(HDC dc, RECT* area) {
+    const LONG width = area->right;
+    const LONG height = area->bottom + statusBarHeight;
+    const RECT lines = areaBesideStatusBar(width, height);
     selectListFont(dc, 0);
     SetBkMode(dc, TRANSPARENT);
     const std::int32_t lineHeight = textHeight(dc);
-    const std::int32_t page = linesOnPage(dc, *area);
+    const std::int32_t page = linesOnPage(dc, lines);
     bringSelectionToPage(page);
-    drawHighlightBar(dc, selectedIndex, area, lineHeight);
-    drawListLines(dc, selectedIndex, area, lineHeight, page);
+    drawHighlightBar(dc, selectedIndex, &lines, lineHeight);
+    area->left = area->right / 2;
+    area->top = area->bottom / 2;
+    const GameRecord* game = visibleGames[selectedIndex];
+    drawMarqueeBanner(dc, game, area);
+    if (settings.orientation == -90) {
+        moveOffStatusBar(*area);
+    }
+    closeAttractMovie();
+    if (!playAttractMovie(game, area)) {
+        drawPreviewPicture(dc, game, area, previewDirectory(), 0);
+    }
+    if (settings.orientation != 0) {
+        restoreStatusBar(dc, width, height);
+    }
+    drawListLines(dc, selectedIndex, &lines, lineHeight, page);
     return 1;
 }

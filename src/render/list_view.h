@@ -1,13 +1,15 @@
-// The view of titles: a column of game titles in the lower left quarter of the frame, with a bar behind the
-// selected one. Called by drawScreen, which has cleared the frame. It moves topIndex so that the selection is
-// on the page.
+// The view of titles: the selected game's marquee across the top of the frame, a column of titles in the
+// lower left quarter with a bar behind the selected one, and the game's picture in the lower right. Called by
+// drawScreen, which has cleared the frame. It moves topIndex so that the selection is on the page.
 #pragma once
 
 #include "platform/types.h"
 
 #include <cstdint>
 
-// Draws the view into the area, which is the frame less the status bar and is changed on the way. Always 1.
+// Draws the view into the area, which is changed on the way: the frame less the height of the status bar at
+// its foot, at every rotation. The marquee and the picture keep their places when the screen is turned; the
+// titles stand beside the bar. Always 1.
 int drawListView(HDC dc, RECT* area);
 
 // Fills the bar behind the selected line, over half of the area. Always 1. lineHeight in pixels.

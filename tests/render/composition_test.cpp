@@ -1,111 +1,16 @@
 #include "render/composition.h"
 
-#include "config/settings.h"
-#include "platform/device_context.h"
-#include "platform/drawing.h"
 #include "render/primitives.h"
-#include "state/shared_state.h"
+#include "support/frame_test.h"
+#include "support/png_files.h"
 
-#include <gtest/gtest.h>
-
-#include <algorithm>
 #include <array>
-#include <ostream>
-#include <string>
-#include <vector>
-
-static bool operator==(const RECT& a, const RECT& b) {
-    return a.left == b.left && a.top == b.top && a.right == b.right && a.bottom == b.bottom;
-}
-
-static std::ostream& operator<<(std::ostream& stream, const RECT& rect) {
-    return stream << rect.left << "," << rect.top << " " << rect.right << "," << rect.bottom;
-}
+#include <cstdlib>
+#include <cstring>
 
 namespace {
 
-constexpr COLORREF paper = 0x000000;
-constexpr COLORREF barColor = 0x00FF00;    // highlight
-constexpr COLORREF statusColor = 0xFF0000; // blue
-
-// A frame of its own with a number of made-up games.
-class CompositionTest : public ::testing::Test {
-protected:
-    void SetUp() override {
-        char empty[] = "missing.ini";
-        iniPath = empty;
-        loadSettings();
-        settings.backgroundColor = paper;
-        settings.fontColor = 0xFFFFFF;
-        settings.highlightBackColor = barColor;
-        settings.statusBarBackColor = statusColor;
-        settings.statusBarForeColor = 0xFFFFFF;
-        dc = CreateCompatibleDC(nullptr);
-        setGames(25);
-        resizeFrame(640, 480);
-    }
-    void TearDown() override {
-        DeleteDC(dc);
-        DeleteObject(bitmap);
-    }
-
-    void resizeFrame(int newWidth, int newHeight) {
-        width = newWidth;
-        height = newHeight;
-        bitmap = CreateCompatibleBitmap(dc, width, height);
-        DeleteObject(SelectObject(dc, bitmap));
-    }
-
-    void setGames(std::size_t count) {
-        records.assign(count, GameRecord{});
-        pointers.clear();
-        for (GameRecord& record : records) {
-            record.description = title.data();
-            record.manufacturer = maker.data();
-            record.year = 1985;
-            record.video = &video;
-            record.input = &input;
-            pointers.push_back(&record);
-        }
-        visibleGames = pointers.data();
-        visibleCount = static_cast<std::int32_t>(count);
-    }
-
-    void draw() { drawScreen(dc, bitmap); }
-
-    std::uint32_t pixelAt(int x, int y) const { return findDeviceContext(dc)->surface->row(y)[x]; }
-
-    // The rectangle around all pixels of a colour, empty when there is none.
-    RECT extentOf(COLORREF color) const {
-        RECT extent{width, height, 0, 0};
-        for (int y = 0; y < height; ++y) {
-            for (int x = 0; x < width; ++x) {
-                if (pixelAt(x, y) == pixelOf(color)) {
-                    extent = {std::min(extent.left, x), std::min(extent.top, y),
-                              std::max(extent.right, x + 1), std::max(extent.bottom, y + 1)};
-                }
-            }
-        }
-        return extent;
-    }
-
-    std::string title = "Title of a game";
-    std::string maker = "Maker";
-    char raster[7] = "raster";
-    VideoInfo video{raster, orientationHorizontal, 320, 240};
-    InputInfo input{2, 2, 1, controlJoy8Way};
-    std::vector<GameRecord> records;
-    std::vector<GameRecord*> pointers;
-    HDC dc = nullptr;
-    HBITMAP bitmap = nullptr;
-    int width = 0;
-    int height = 0;
-};
-
-bool contains(const RECT& outer, const RECT& inner) {
-    return inner.left >= outer.left && inner.top >= outer.top && inner.right <= outer.right &&
-           inner.bottom <= outer.bottom;
-}
+using CompositionTest = FrameTest;
 
 TEST_F(CompositionTest, PutsTheStatusBarAtTheFootOfTheTurnedScreen) {
     settings.statusBarForeColor = 0x00FFFF;
@@ -220,6 +125,32 @@ TEST_F(CompositionTest, ScrollsByWholePages) {
     selectedIndex = 1;
     draw();
     EXPECT_EQ(topIndex, 0);
+}
+
+TEST_F(CompositionTest, KeepsTheBannerInItsPlaceAndTheBarAboveIt) {
+    std::free(settings.marqueeDir);
+    settings.marqueeDir = strdup(".");
+    PngForm form;
+    form.colorType = PNG_COLOR_TYPE_PALETTE;
+    form.evenColor = 99;
+    folder.write("generic.png", pngBytes(form));
+    settings.statusBarForeColor = statusColor;
+    settings.fontColor = barColor;
+    for (const std::int32_t rotation : {0, 90, 180, -90}) {
+        settings.orientation = rotation;
+        draw();
+        const LONG h = statusBarHeight;
+        const LONG bottom = (height - h) / 2 - 20;
+        const RECT seen = rotation == 0     ? RECT{0, 0, width, bottom}
+                          : rotation == 90  ? RECT{h, 0, width, bottom}
+                          : rotation == 180 ? RECT{0, h, width, bottom}
+                                            : RECT{0, 0, width - h, bottom};
+        EXPECT_EQ(extentOf(0x636363), seen) << rotation;
+        const RECT bar = extentOf(statusColor);
+        EXPECT_EQ((bar.right - bar.left) * (bar.bottom - bar.top),
+                  h * (isQuarterTurn(rotation) ? height : width));
+        EXPECT_NE(textHeight(dc), h) << "the page keys measure the font of the titles";
+    }
 }
 
 TEST_F(CompositionTest, AnEmptyViewIsTheBareBackground) {

@@ -1,0 +1,235 @@
+#include "render/image_browser.h"
+
+#include "render/primitives.h"
+#include "render/status_bar.h"
+#include "support/frame_test.h"
+#include "support/png_files.h"
+
+#include <climits>
+#include <cstdlib>
+#include <cstring>
+
+namespace {
+
+constexpr COLORREF ringColor = 0x0000FF; // red
+constexpr COLORREF page = 0x400000;
+
+constexpr std::int32_t rotations[] = {0, 90, 180, -90};
+
+COLORREF gray(int level) {
+    return static_cast<COLORREF>(level * 0x010101);
+}
+
+// The marquee of each game is a gray of its own.
+class ImageBrowserTest : public FrameTest {
+protected:
+    void SetUp() override {
+        FrameTest::SetUp();
+        settings.menuType = menuTypeImageBrowser;
+        settings.previewBackgroundColor = page;
+        settings.previewHighlightBackColor = ringColor;
+        settings.statusBarForeColor = statusColor;
+        settings.previewPictures = previewFlyers;
+        char** const directories[] = {&settings.marqueeDir, &settings.cabinetDir, &settings.snapshotDir,
+                                      &settings.flyerDir, &settings.titleDir};
+        for (char** directory : directories) {
+            std::free(*directory);
+            *directory = strdup("empty");
+        }
+        std::free(settings.marqueeDir);
+        settings.marqueeDir = strdup(".");
+        for (int game = 0; game < 25; ++game) {
+            addArt("g" + std::to_string(game), levelOf(game));
+        }
+    }
+
+    static int levelOf(int game) { return 20 + 9 * game; }
+
+    void addArt(const std::string& path, int level, int artWidth = 4, int artHeight = 4) const {
+        PngForm form{PNG_COLOR_TYPE_PALETTE, 8};
+        form.width = artWidth;
+        form.height = artHeight;
+        form.evenColor = level;
+        folder.write(path + ".png", pngBytes(form));
+    }
+
+    RECT tileExtent(int game) const { return extentOf(gray(levelOf(game))); }
+
+    // A font whose lines are exactly that high.
+    void selectLineHeight(std::int32_t wanted) const {
+        for (std::int32_t size = 6; size < 40; ++size) {
+            selectFont(dc, settings.fontFace, size, 0, 0);
+            if (textHeight(dc) == wanted) {
+                return;
+            }
+        }
+        FAIL() << "no font of this height";
+    }
+
+    void drawBrowser(const RECT& area) {
+        fillRect(dc, {0, 0, width, height}, paper);
+        browserDirty = 1;
+        drawImageBrowser(dc, bitmap, &area);
+    }
+};
+
+TEST_F(ImageBrowserTest, LaysTheTilesOutAsWorkedThrough) {
+    const struct {
+        std::int32_t rotation;
+        int last; // tile of the page
+        RECT first;
+        RECT lastPlace; // cut by the frame
+    } rows[] = {
+        {0, 3, {20, 20, 340, 104}, {20, 332, 340, 416}},
+        {90, 5, {528, 20, 620, 340}, {0, 20, 60, 340}},
+        {-90, 5, {20, 120, 112, 440}, {580, 120, 640, 440}},
+        {180, 3, {300, 348, 620, 440}, {300, 12, 620, 104}},
+    };
+    selectLineHeight(20);
+    const RECT area{0, 0, 640, 460};
+    for (const auto& row : rows) {
+        settings.orientation = row.rotation;
+        topIndex = 0;
+        selectedIndex = row.last;
+        drawBrowser(area);
+        EXPECT_EQ(topIndex, 0) << "the page ends with this tile";
+        EXPECT_EQ(tileExtent(0), row.first) << row.rotation;
+        EXPECT_EQ(tileExtent(row.last + 1).right, 0);
+        selectedIndex = 0;
+        drawBrowser(area);
+        EXPECT_EQ(tileExtent(row.last), row.lastPlace) << row.rotation;
+        // The ring's stroke is one spacer wide and begins at the tile's edge.
+        const RECT ring = extentOf(ringColor);
+        EXPECT_NEAR(ring.left, row.first.left - 20, 1) << row.rotation;
+        EXPECT_NEAR(ring.top, row.first.top - 20, 1) << row.rotation;
+        EXPECT_NEAR(ring.right, row.first.right + 20, 1) << row.rotation;
+        EXPECT_NEAR(ring.bottom, row.first.bottom + 20, 1) << row.rotation;
+    }
+    resizeFrame(480, 480);
+    settings.orientation = 0;
+    drawBrowser({0, 0, 480, 460});
+    EXPECT_EQ(settings.previewModeHeight, (460 - 40) / 5) << "a square counts as level";
+    resizeFrame(480, 640);
+    drawBrowser({0, 0, 480, 620});
+    EXPECT_EQ(settings.previewModeHeight, (620 - 40) / 9);
+}
+
+TEST_F(ImageBrowserTest, ReadsTheMarqueesOfAPageOnce) {
+    selectedIndex = 0;
+    draw();
+    const RECT second = tileExtent(1);
+    ASSERT_GT(second.right, 0);
+    addArt("g1", 251); // seen only by whoever reads the file again
+    for (selectedIndex = 1; selectedIndex < 4; ++selectedIndex) {
+        draw();
+        ASSERT_EQ(topIndex, 0);
+        EXPECT_EQ(extentOf(gray(251)).right, 0) << selectedIndex;
+    }
+    selectedIndex = 1;
+    draw();
+    EXPECT_GE(tileExtent(1).bottom - tileExtent(1).top, second.bottom - second.top - 2)
+        << "no former ring stays on the page";
+    browserDirty = 1;
+    draw();
+    EXPECT_EQ(extentOf(gray(251)).left, second.left);
+    EXPECT_EQ(browserDirty, 0);
+}
+
+TEST_F(ImageBrowserTest, MovesByWholePages) {
+    draw();
+    std::int32_t tiles = 0;
+    while (tileExtent(tiles).right > 0) {
+        ++tiles;
+    }
+    ASSERT_GE(tiles, 3);
+    setGames(static_cast<std::size_t>(2 * tiles + 1));
+    const struct {
+        std::int32_t selected;
+        std::int32_t top;
+    } steps[] = {{tiles - 1, 0}, {tiles, tiles}, {2 * tiles, tiles + 1}, {tiles + 1, tiles + 1},
+                 {tiles, 1},     {0, 0},         {2 * tiles, tiles + 1}};
+    for (const auto& step : steps) {
+        selectedIndex = step.selected;
+        draw();
+        EXPECT_EQ(topIndex, step.top) << step.selected;
+        EXPECT_GT(tileExtent(topIndex).right, 0) << "the page was made anew";
+    }
+    setGames(2);
+    topIndex = 0;
+    selectedIndex = 1;
+    browserDirty = 1;
+    draw();
+    EXPECT_EQ(topIndex, 0);
+    EXPECT_EQ(tileExtent(2).right, 0);
+}
+
+TEST_F(ImageBrowserTest, PutsThePicturesBesideTheTiles) {
+    std::free(settings.cabinetDir);
+    std::free(settings.flyerDir);
+    settings.cabinetDir = strdup("cabinets");
+    settings.flyerDir = strdup("flyers");
+    std::filesystem::create_directory("cabinets");
+    std::filesystem::create_directory("flyers");
+    addArt("cabinets/g0", 5, 200, 300);
+    addArt("flyers/g0", 7, 400, 300);
+    for (const std::int32_t rotation : rotations) {
+        settings.orientation = rotation;
+        browserDirty = 1;
+        draw();
+        const RECT cabinet = extentOf(gray(5));
+        const RECT flyer = extentOf(gray(7));
+        const RECT bar = extentOf(statusColor);
+        const RECT ring = extentOf(ringColor);
+        const bool turned = isQuarterTurn(rotation);
+        const double cabinetShape =
+            static_cast<double>(cabinet.right - cabinet.left) / (cabinet.bottom - cabinet.top);
+        EXPECT_NEAR(turned ? 1 / cabinetShape : cabinetShape, 2.0 / 3, 0.02) << rotation;
+        const double flyerShape = static_cast<double>(flyer.right - flyer.left) / (flyer.bottom - flyer.top);
+        EXPECT_NEAR(turned ? 1 / flyerShape : flyerShape, 4.0 / 3, 0.02) << rotation;
+        // The bar is whole, so nothing has been drawn over it.
+        const LONG barArea = (bar.right - bar.left) * (bar.bottom - bar.top);
+        EXPECT_EQ(barArea, statusBarHeight * (turned ? height : width)) << rotation;
+        // As the player sees it: ring, then pictures from left to right; cabinet above flyer above bar.
+        const bool inOrder =
+            rotation == 0 ? ring.left < cabinet.left && cabinet.bottom <= flyer.top && flyer.bottom <= bar.top
+            : rotation == 90 ? ring.bottom <= cabinet.top && ring.bottom <= flyer.top &&
+                                   flyer.right <= cabinet.left && bar.right <= flyer.left
+            : rotation == 180 ? cabinet.right <= ring.left && flyer.right <= ring.left &&
+                                    flyer.bottom <= cabinet.top && bar.bottom <= flyer.top
+                              : cabinet.bottom <= ring.top && flyer.bottom <= ring.top &&
+                                    cabinet.right <= flyer.left && flyer.right <= bar.left;
+        EXPECT_TRUE(inOrder) << rotation << ": ring " << ring << ", cabinet " << cabinet << ", flyer "
+                             << flyer;
+    }
+}
+
+TEST_F(ImageBrowserTest, DrawsIntoAnyFrameWithAnySettings) {
+    const struct {
+        int width;
+        int height;
+    } sizes[] = {{1, 1}, {64, 48}, {333, 777}, {3840, 2160}};
+    for (const auto& size : sizes) {
+        resizeFrame(size.width, size.height);
+        for (const std::size_t count : {std::size_t{0}, std::size_t{1}, std::size_t{45294}}) {
+            setGames(count);
+            selectedIndex = std::max(visibleCount - 1, 0);
+            for (const std::int32_t spacer : {0, 20, -7, INT_MAX}) {
+                settings.previewModeSpacer = spacer;
+                for (const std::int32_t rotation : rotations) {
+                    settings.orientation = rotation;
+                    settings.statusBarFontSize = rotation == 0 ? 36 : 8;
+                    settings.showStatusBar = spacer != 0;
+                    settings.menuType =
+                        spacer == 20 && rotation < 0 ? menuTypeListView : menuTypeImageBrowser;
+                    browserDirty = 1;
+                    draw();
+                    EXPECT_GE(topIndex, 0);
+                    EXPECT_TRUE(count == 0 || topIndex <= selectedIndex);
+                    EXPECT_GE(settings.previewModeHeight, count > 0 ? 1 : INT_MIN);
+                }
+            }
+        }
+    }
+}
+
+} // namespace
