@@ -182,6 +182,10 @@ LRESULT DispatchMessageA(const MSG* message) {
     return sendMessage(message->hwnd, message->message, message->wParam, message->lParam);
 }
 
+LRESULT SendMessageA(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    return sendMessage(window, message, wParam, lParam);
+}
+
 void PostQuitMessage(int exitCode) {
     quitCode = exitCode;
 }

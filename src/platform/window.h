@@ -57,6 +57,7 @@ constexpr UINT CS_VREDRAW = 0x0001;
 constexpr UINT CS_HREDRAW = 0x0002;
 
 constexpr DWORD WS_POPUP = 0x80000000;
+constexpr DWORD WS_CHILD = 0x40000000;
 constexpr DWORD WS_THICKFRAME = 0x00040000;
 
 constexpr int CW_USEDEFAULT = static_cast<int>(0x80000000);
@@ -101,9 +102,11 @@ HCURSOR LoadCursorA(HINSTANCE instance, LPCSTR name);
 // Makes a hidden window and sends it WM_NCCREATE (answer FALSE: no window) and WM_CREATE (answer -1: no
 // window), both with creationData in the lParam's place. x, y, width and height are the outer rectangle in
 // screen pixels; CW_USEDEFAULT counts as 0, since only popups are made. The parent of a popup is its owner:
-// the popup lies above it and ends before it. WS_THICKFRAME has a frame, so that the client area is smaller
-// than the outer rectangle on each side, and is held to the screen: never larger, and moved as little as it
-// takes to stand on it whole. Gives null for an unknown class. No WM_SIZE is sent here.
+// the popup lies above it and ends before it. A WS_CHILD has the coordinates of its parent's client area,
+// lies directly above the parent and below its popups, and never has the focus. WS_THICKFRAME has a frame, so
+// that the client area is smaller than the outer rectangle on each side, and is held to the screen: never
+// larger, and moved as little as it takes to stand on it whole. Gives null for an unknown class. No WM_SIZE
+// is sent here.
 HWND CreateWindowExA(DWORD extendedStyle, LPCSTR className, LPCSTR title, DWORD style, int x, int y,
                      int width, int height, HWND parent, HMENU menu, HINSTANCE instance, LPVOID creationData);
 
@@ -123,6 +126,10 @@ BOOL ShowWindow(HWND window, int command);
 // count as 0; a window with WS_THICKFRAME is held to the screen. With repaint, or with a class of CS_HREDRAW
 // or CS_VREDRAW whose size changed, the window is invalid afterwards.
 BOOL MoveWindow(HWND window, int x, int y, int width, int height, BOOL repaint);
+
+// MoveWindow without a repaint, for children: their order cannot be changed, so insertAfter must be null, and
+// no flag is served.
+BOOL SetWindowPos(HWND window, HWND insertAfter, int x, int y, int width, int height, UINT flags);
 
 // The client area: left and top are 0. FALSE and no change when there is no such window.
 BOOL GetClientRect(HWND window, RECT* rect);
@@ -152,6 +159,9 @@ BOOL TranslateMessage(const MSG* message);
 
 // Calls the window procedure of the message's window and gives its result; 0 when the window is gone.
 LRESULT DispatchMessageA(const MSG* message);
+
+// Calls the window procedure at once and gives its result; 0 without effect for a window that does not exist.
+LRESULT SendMessageA(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
 
 // Makes WM_QUIT with the given wParam wait behind the posted messages. It is delivered once.
 void PostQuitMessage(int exitCode);

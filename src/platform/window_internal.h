@@ -43,6 +43,9 @@ Window* findWindow(HWND handle);
 // All windows, from the bottom of the z-order to the top.
 const std::vector<HWND>& windowOrder();
 
+// The outer rectangle in the coordinates of the owner's client area.
+RECT placeInParent(const Window& window);
+
 // Calls the window procedure; 0 for a window that does not exist.
 LRESULT sendMessage(HWND handle, UINT message, WPARAM wParam, LPARAM lParam);
 
@@ -86,6 +89,9 @@ void connectDisplay();
 
 // Something about the windows as a whole changed: place, order, visibility.
 void noteScreenChange();
+
+// Has a function called before the screen is refreshed, to put new pictures of movies into their windows.
+void setPictureSource(void (*update)());
 
 // Shows what has changed, unless a window that was just shown has still to be painted for the first time.
 void refreshScreen();
