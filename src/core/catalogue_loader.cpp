@@ -8,7 +8,9 @@
 #include "overlays/message_window.h"
 #include "platform/clock.h"
 #include "platform/files.h"
+#include "platform/window.h"
 
+#include <cstdio>
 #include <string>
 
 namespace {
@@ -19,6 +21,12 @@ constexpr char xmlFile[] = "listinfo.xml";
 
 constexpr DWORD failureMessageMilliseconds = 7500;
 
+// A request to end also ends the program that runs at the moment.
+bool askedToEnd() {
+    MSG message{};
+    return PeekMessageA(&message, nullptr, 0, 0, PM_NOREMOVE) && message.message == WM_CLOSE;
+}
+
 // Whether the two runs went well shows in the list alone; a failure to start has been told by then.
 void regenerateList() {
     const std::string folder = emulatorFolder();
@@ -27,11 +35,17 @@ void regenerateList() {
     std::string listCommand = std::string(settings.mameExe) + " -listxml";
     runToFile(listCommand.data(), folder.c_str(), xmlFile);
     hideMessage();
+    if (askedToEnd()) {
+        return;
+    }
 
     showMessage("Regenerating game information (2/2)...");
     std::string convertCommand = "xml2info.exe";
     runFilter(convertCommand.data(), folder.c_str(), xmlFile, listFile);
     hideMessage();
+    if (askedToEnd()) {
+        std::remove(listFile); // it may be empty, and would be trusted for ever
+    }
 }
 
 FILE* openList() {

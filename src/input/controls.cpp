@@ -1,12 +1,12 @@
 #include "input/controls.h"
 
 #include "config/settings.h"
+#include "platform/diagnostics.h"
 #include "platform/joystick.h"
 #include "platform/keys.h"
 #include "state/shared_state.h"
 
 #include <cstdint>
-#include <cstdio>
 
 namespace {
 
@@ -63,7 +63,7 @@ int joyPressed(int code) {
     }
     JOYINFO info{};
     if (joyGetPos(0, &info) != JOYERR_NOERROR) {
-        std::puts("Error reading joystick!");
+        writeDiagnostic(standardOutput, "Error reading joystick!");
         return 0;
     }
     return readsAsPressed(code, info) ? 1 : 0;

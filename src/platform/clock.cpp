@@ -10,8 +10,8 @@ namespace {
 constexpr std::int64_t countsPerSecond = 1'000'000'000;
 constexpr std::int64_t nanosecondsPerMillisecond = 1'000'000;
 
-// No sleep is shorter: a loop that sleeps for a millisecond at a time would wake the processor a thousand times a
-// second, for controls that are polled ten times.
+// No sleep is shorter: a loop that sleeps for a millisecond at a time would wake the processor a thousand
+// times a second, for controls that are polled ten times.
 constexpr std::int64_t shortestSleep = 10 * nanosecondsPerMillisecond;
 
 // How long a sleep leaves the display to itself.
@@ -35,5 +35,5 @@ void Sleep(DWORD milliseconds) {
     do {
         clockWait(std::min(end - clockNow(), longestNap));
         displayKeepAlive();
-    } while (clockNow() < end);
+    } while (clockNow() < end && !displayCloseRequested());
 }

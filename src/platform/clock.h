@@ -10,5 +10,6 @@ BOOL QueryPerformanceCounter(LARGE_INTEGER* counter);
 
 // Gives up the processor for at least the given milliseconds, and for no less than 10 unless they are 0.
 // Meanwhile the screen stays alive: what has changed is shown, the display's events are drained, no message
-// is dispatched.
+// is dispatched. A program that has
+// been asked to end sleeps no longer than a moment.
 void Sleep(DWORD milliseconds);

@@ -214,17 +214,21 @@ void handleEvent(const SDL_Event& event) {
     }
 }
 
-void pumpEvents() {
-    SDL_Event event{};
-    while (display.window && SDL_PollEvent(&event) != 0) {
-        handleEvent(event);
-    }
+void lookForCloseRequest() {
     if (takeCloseRequest()) {
         display.closeRequested = true;
         if (display.listener.closeRequested) {
             display.listener.closeRequested();
         }
     }
+}
+
+void pumpEvents() {
+    SDL_Event event{};
+    while (display.window && SDL_PollEvent(&event) != 0) {
+        handleEvent(event);
+    }
+    lookForCloseRequest();
 }
 
 } // namespace
@@ -322,7 +326,12 @@ void displayTakeBack() {
 }
 
 bool displayCloseRequested() {
-    return std::exchange(display.closeRequested, false);
+    lookForCloseRequest(); // a signal may have come since the events were last looked at
+    return display.closeRequested;
+}
+
+void displayForgetCloseRequest() {
+    display.closeRequested = false;
 }
 
 bool displayMousePressed() {

@@ -51,8 +51,10 @@ void displayKeepAlive();
 void displayGiveUp();
 void displayTakeBack();
 
-// The program was asked to end since this was last called.
+// The program has been asked to end. It stays asked until its main window has ended, so that nothing on the way out waits
+// for a person.
 bool displayCloseRequested();
+void displayForgetCloseRequest();
 
 // A mouse button was pressed since this was last called.
 bool displayMousePressed();

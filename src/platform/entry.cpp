@@ -7,6 +7,8 @@
 #include <fcntl.h>
 #include <unistd.h>
 
+#include <csignal>
+
 namespace {
 
 // A program started with a standard stream closed would give that number to the first file it opens, and a
@@ -25,5 +27,7 @@ void fillStandardStreams() {
 
 int main() {
     fillStandardStreams();
+    // A diagnostic that nobody reads any more is no reason to end. Children get the default back.
+    std::signal(SIGPIPE, SIG_IGN);
     return WinMain(GetModuleHandleA(nullptr), nullptr, commandTail(GetCommandLineA()), SW_SHOW);
 }

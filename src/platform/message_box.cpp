@@ -1,4 +1,5 @@
 #include "platform/clock_source.h"
+#include "platform/diagnostics.h"
 #include "platform/display.h"
 #include "platform/drawing.h"
 #include "platform/joystick.h"
@@ -169,8 +170,8 @@ HWND openBox(HWND owner, const BoxLayout& layout) {
 int MessageBoxA(HWND owner, LPCSTR text, LPCSTR title, UINT) {
     const std::string_view message = text ? text : "";
     const std::string_view heading = title ? title : "Error";
-    std::fprintf(stderr, "%s: %s\n", title ? title : "Error", text ? text : "");
-    if (!displayIsReal()) {
+    writeDiagnostic(standardError, std::string(heading) + ": " + std::string(message));
+    if (!displayIsReal() || displayCloseRequested()) {
         return IDOK;
     }
     const HDC measuring = CreateCompatibleDC(nullptr);

@@ -210,6 +210,33 @@ pid_t startFirst(const std::vector<std::string>& programs, std::vector<std::stri
     return 0;
 }
 
+// What a command line starts: the programs that its beginning can mean, and the words for them.
+struct Invocation {
+    std::vector<std::string> programs;
+    std::vector<std::string> words;
+};
+
+// A path without quotes may hold blanks: when its first word is no program, each longer beginning of the line
+// is tried in turn. Only a path: in a bare name the words behind it are never part of the program.
+Invocation resolve(std::string_view line, const std::string& folder) {
+    line.remove_prefix(std::min(line.find_first_not_of(" \t"), line.size()));
+    Invocation result{{}, splitCommandLine(line)};
+    if (result.words.empty()) {
+        return result;
+    }
+    result.programs = findPrograms(nativePath(result.words[0]), folder);
+    const bool isPath = line.front() != '"' && result.words[0].find_first_of("/\\") != std::string::npos;
+    std::size_t end = isPath ? result.words[0].size() : line.size();
+    while (result.programs.empty() && end < line.size()) {
+        end = std::min(line.find(' ', end + 1), line.size());
+        const std::string name(line.substr(0, end));
+        result.programs = findPrograms(nativePath(name), folder);
+        result.words = splitCommandLine("x" + std::string(line.substr(end)));
+        result.words[0] = name;
+    }
+    return result;
+}
+
 } // namespace
 
 BOOL CreateProcessA(LPCSTR applicationName, LPSTR commandLine, SECURITY_ATTRIBUTES*, SECURITY_ATTRIBUTES*,
@@ -221,10 +248,8 @@ BOOL CreateProcessA(LPCSTR applicationName, LPSTR commandLine, SECURITY_ATTRIBUT
     reapAbandoned();
     restoreChildSignal();
     const std::string folder = nativePath(workingDirectory ? workingDirectory : "");
-    std::vector<std::string> words = splitCommandLine(commandLine);
-    const std::vector<std::string> programs =
-        words.empty() ? std::vector<std::string>() : findPrograms(nativePath(words[0]), folder);
-    if (programs.empty()) {
+    Invocation invocation = resolve(commandLine, folder);
+    if (invocation.programs.empty()) {
         return FALSE;
     }
     SpawnSettings settings;
@@ -236,7 +261,7 @@ BOOL CreateProcessA(LPCSTR applicationName, LPSTR commandLine, SECURITY_ATTRIBUT
         soundGiveUp();
         displayGiveUp();
     }
-    const pid_t child = startFirst(programs, words, settings);
+    const pid_t child = startFirst(invocation.programs, invocation.words, settings);
     if (child == 0) {
         if (getsDisplay) {
             displayTakeBack();

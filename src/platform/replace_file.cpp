@@ -46,7 +46,7 @@ bool isNamed(const FileDescriptor& file, const std::string& path) {
 FileDescriptor openTemporary(const std::string& path) {
     constexpr int flags = O_WRONLY | O_CREAT | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY | O_CLOEXEC;
     FileDescriptor file(open(path.c_str(), flags, 0666));
-    if (!file.isOpen() && errno == EACCES && unlink(path.c_str()) == 0) {
+    if (!file.isOpen() && std::remove(path.c_str()) == 0) { // a link, a folder or another's file stood there
         file = FileDescriptor(open(path.c_str(), flags, 0666));
     }
     const bool locked =

@@ -165,6 +165,9 @@ void endWindow(HWND handle) {
     for (const HDC dc : window->contexts) {
         deleteSurfaceDC(dc);
     }
+    if (!window->owner) {
+        displayForgetCloseRequest();
+    }
     dropMessagesOf(handle);
     order.erase(std::remove(order.begin(), order.end(), handle), order.end());
     windows.remove(toValue(handle));

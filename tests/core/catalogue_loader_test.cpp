@@ -5,6 +5,8 @@
 #include "overlays/message_window.h"
 #include "platform/display.h"
 #include "platform/virtual_clock.h"
+#include "platform/window.h"
+#include "state/shared_state.h"
 #include "support/game_list.h"
 #include "support/sdl_events.h"
 #include "support/temporary_folder.h"
@@ -97,6 +99,18 @@ TEST_F(CatalogueLoaderTest, tellsForSevenAndAHalfSecondsThatThereIsNoList) {
     EXPECT_EQ(loadGameList(), 0);
     EXPECT_GE(virtualClockMilliseconds() - start, 7500);
     EXPECT_EQ(gameCount, 0);
+}
+
+TEST_F(CatalogueLoaderTest, aRequestToEndLeavesNoListThatWouldBeTrusted) {
+    WNDCLASSA windowClass{};
+    windowClass.lpfnWndProc = DefWindowProcA;
+    windowClass.lpszClassName = "Main";
+    RegisterClassA(&windowClass);
+    mainWindow = CreateWindowExA(0, "Main", "", WS_POPUP, 0, 0, 0, 0, nullptr, nullptr, nullptr, nullptr);
+    writeProgram("emulator", "kill -TERM $PPID; sleep 20");
+    EXPECT_EQ(loadGameList(), 0);
+    EXPECT_FALSE(folder.has("listinfo.dat"));
+    EXPECT_LT(virtualClockMilliseconds(), 1000) << "nothing is shown for long on the way out";
 }
 
 } // namespace

@@ -192,4 +192,19 @@ TEST_F(Process, ARequestToCloseIsPassedOnToTheChild) {
     EXPECT_EQ(run("sleep 1000"), 128 + SIGTERM);
 }
 
+TEST_F(Process, FindsAnUnquotedPathWithBlanks) {
+    std::filesystem::create_directory("my games");
+    writeScript("my games/the emulator", "echo \"$#:$1\"");
+    for (const std::string name : {"./my games/the emulator", ".\\my games\\the emulator.exe"}) {
+        EXPECT_EQ(run(name + " pong \"a b\""), 0) << name;
+        EXPECT_EQ(folder.read("out"), "2:pong\n");
+        EXPECT_EQ(run(name), 0) << name;
+    }
+    writeScript("my", "echo first");
+    EXPECT_EQ(run("./my games/the emulator"), 0);
+    EXPECT_EQ(folder.read("out"), "first\n") << "the shortest goes first";
+    EXPECT_EQ(run("./nothing games/the emulator"), -1);
+    EXPECT_EQ(run("nothing my"), -1) << "in a bare name no later word is part of the program";
+}
+
 } // namespace

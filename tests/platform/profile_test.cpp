@@ -12,6 +12,7 @@
 #include <unistd.h>
 
 #include <cstring>
+#include <functional>
 #include <optional>
 
 namespace {
@@ -214,14 +215,32 @@ TEST_F(Profile, AFailedWriteLeavesTheOldFile) {
     setrlimit(RLIMIT_FSIZE, &former);
     EXPECT_EQ(folder.read("x.ini"), old);
     EXPECT_EQ(entries(), 1);
-    std::filesystem::create_directory("x.ini.new~");
+    std::filesystem::create_directories("x.ini.new~/kept");
     EXPECT_FALSE(set("S", "K", "new"));
-    std::filesystem::remove("x.ini.new~");
+    std::filesystem::remove_all("x.ini.new~");
     // What a power cut left is neither in the way nor part of the next text.
     folder.write("x.ini.new~", std::string(9000, 'j'));
     EXPECT_TRUE(set("S", "K", "new"));
     EXPECT_EQ(folder.read("x.ini").size(), old.size());
     EXPECT_EQ(entries(), 1);
+}
+
+TEST_F(Profile, WhatStandsInTheWayOfTheNewFileIsPutAside) {
+    folder.write("settings.ini", "[A]\nkey=old\n");
+    folder.write("other", "untouched");
+    const std::function<void()> obstacles[] = {
+        [] { std::filesystem::create_symlink("other", "settings.ini.new~"); },
+        [] { std::filesystem::create_directory("settings.ini.new~"); },
+        [] { mkfifo("settings.ini.new~", 0600); },
+    };
+    int round = 0;
+    for (const auto& obstruct : obstacles) {
+        obstruct();
+        const std::string value = "new" + std::to_string(++round);
+        EXPECT_TRUE(WritePrivateProfileStringA("A", "key", value.c_str(), "settings.ini")) << round;
+        EXPECT_EQ(folder.read("settings.ini"), "[A]\nkey=" + value + "\n");
+    }
+    EXPECT_EQ(folder.read("other"), "untouched");
 }
 
 TEST_F(Profile, ACrashAtAnyInstantLeavesAWholeFile) {

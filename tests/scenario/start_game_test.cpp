@@ -99,6 +99,7 @@ TEST_F(StartGame, ASignalEndsTheGameAndThenTheFrontEnd) {
     frontEnd.tap(150, SDL_SCANCODE_1);
     EXPECT_EQ(frontEnd.runToEnd(), 0);
     EXPECT_EQ(frontEnd.get("System", "SelectedGame"), "alpha");
+    EXPECT_LT(frontEnd.elapsed(), 1500) << "no message holds up a shutdown";
 }
 
 } // namespace
