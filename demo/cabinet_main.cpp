@@ -1,5 +1,6 @@
 // demo-cabinet FOLDER: lays out the demonstration cabinet there.
 
+#include "art/art_pack.h"
 #include "cabinet.h"
 #include "movies.h"
 #include "sounds.h"
@@ -19,7 +20,7 @@ int main(int argc, char** argv) {
     std::filesystem::create_directories(folder + "/sounds", error);
     std::filesystem::create_directories(folder + "/attracts", error);
     if (!layOutCabinet(folder, problem) || !layOutSounds(folder + "/sounds", problem) ||
-        !layOutMovies(folder + "/attracts", problem)) {
+        !layOutMovies(folder + "/attracts", problem) || !writeArtPack(folder, problem)) {
         std::fprintf(stderr, "demo-cabinet: %s\n", problem.c_str());
         return 1;
     }

@@ -14,11 +14,16 @@ struct Stage {
     std::uint32_t seed;
     double hue;
     const SceneMoment& moment;
+    bool titled; // the upper half is covered by lettering
 
     int across(double share) const { return static_cast<int>(share * canvas.width); }
     int down(double share) const { return static_cast<int>(share * canvas.height); }
     int step(double rate) const { return static_cast<int>(moment.seconds * rate) & 1; }
 };
+
+double hueOf(std::uint32_t seed) {
+    return seed % 360 / 360.0;
+}
 
 // Where something that travels `speed` pixels a second stands on a side of that length.
 int wrapped(double start, double speed, double seconds, int side) {
@@ -40,14 +45,25 @@ void drawStars(const Stage& stage, int bottom, int count) {
 void drawInvasion(const Stage& stage) {
     stage.canvas.fill(0, 0, stage.canvas.width, stage.canvas.height, colourOf(stage.hue, 0.8, 0.08));
     drawStars(stage, stage.canvas.height, 90);
-    int columns = (stage.canvas.width - 60) / 19;
+    int cell = stage.titled || stage.canvas.width < 200 ? 1 : 2;
+    int rows = stage.titled ? 4 : 5;
+    int columns = (stage.canvas.width - 60) / (19 * cell);
     int sway = static_cast<int>(std::sin(stage.moment.seconds * 0.8) * 22);
-    int left = (stage.canvas.width - columns * 19) / 2 + sway;
-    for (int row = 0; row < 4; ++row) {
+    int left = (stage.canvas.width - columns * 19 * cell) / 2 + sway;
+    int top = stage.down(stage.titled ? 0.47 : 0.13);
+    for (int row = 0; row < rows; ++row) {
         Colour body = colourOf(stage.hue + 0.13 * row, 0.75, 1.0);
         for (int column = 0; column < columns; ++column)
-            drawCreature(stage.canvas, left + column * 19, stage.down(0.47) + row * 15, 1,
+            drawCreature(stage.canvas, left + column * 19 * cell, top + row * 13 * cell, cell,
                          mixed(stage.seed, static_cast<std::uint32_t>(row)), stage.step(2.5), body, 0);
+    }
+    for (int shield = 0; shield < 4 && !stage.titled; ++shield) {
+        int x = stage.across(0.125 + 0.25 * shield);
+        Colour wall = colourOf(stage.hue + 0.33, 0.7, 0.8);
+        stage.canvas.fill(x - 8, stage.down(0.8), 16, 4, wall);
+        stage.canvas.fill(x - 11, stage.down(0.8) + 4, 22, 5, wall);
+        stage.canvas.fill(x - 11, stage.down(0.8) + 9, 7, 4, wall);
+        stage.canvas.fill(x + 4, stage.down(0.8) + 9, 7, 4, wall);
     }
     int ship = stage.across(0.5 + stage.moment.playerX * 0.42);
     int deck = stage.down(0.9 + stage.moment.playerY * 0.06);
@@ -91,6 +107,34 @@ void drawRoad(const Stage& stage) {
                  colourOf(stage.hue + 0.6, 0.7, 1.0), 0x101010);
 }
 
+// Clouds, ledges of brick with coins over them, a floor, and those who walk there.
+void drawPlatforms(const Stage& stage) {
+    for (int cloud = 0; cloud < 4; ++cloud) {
+        int x = stage.across(0.06 + 0.25 * cloud) + static_cast<int>(stage.seed >> cloud & 15);
+        int y = stage.down(0.12 + 0.05 * (cloud % 2));
+        for (int puff = 0; puff < 3; ++puff)
+            stage.canvas.fill(x + 6 * puff, y - (puff == 1 ? 4 : 0), 14, puff == 1 ? 9 : 6, 0xE8F0F8);
+    }
+    for (int ledge = 0; ledge < 3; ++ledge) {
+        int x = stage.across(0.08 + 0.32 * ledge);
+        int y = stage.down(ledge == 1 ? 0.4 : 0.56);
+        for (int brick = 0; brick < 5; ++brick) {
+            stage.canvas.fill(x + brick * 13, y, 12, 9, colourOf(stage.hue + 0.48, 0.7, 0.85));
+            stage.canvas.fill(x + brick * 13, y + 6, 12, 3, colourOf(stage.hue + 0.48, 0.8, 0.5));
+            stage.canvas.fill(x + brick * 13 + 4, y - 13, 5, 8, 0xFFD040);
+            stage.canvas.fill(x + brick * 13 + 6, y - 11, 1, 4, 0x805010);
+        }
+        drawCreature(stage.canvas, x + 52 - 14 * ledge, y - 16, 2,
+                     mixed(stage.seed, 40u + static_cast<Colour>(ledge)), stage.step(3),
+                     colourOf(stage.hue + 0.62 + 0.2 * ledge, 0.75, 1.0), 0x101010);
+    }
+    int floor = stage.down(0.9);
+    for (int x = 0; x < stage.canvas.width; x += 16) {
+        stage.canvas.fill(x, floor, 15, stage.canvas.height - floor, colourOf(stage.hue + 0.42, 0.6, 0.45));
+        stage.canvas.fill(x, floor, 15, 4, colourOf(stage.hue + 0.3, 0.7, 0.8));
+    }
+}
+
 // Hills in three depths roll past a creature that hops after its fruit.
 void drawHills(const Stage& stage) {
     for (int y = 0; y < stage.canvas.height; ++y) {
@@ -108,6 +152,8 @@ void drawHills(const Stage& stage) {
             stage.canvas.fill(x, top, 1, stage.canvas.height - top, colour);
         }
     }
+    if (!stage.titled)
+        drawPlatforms(stage);
     for (int fruit = 0; fruit < 6; ++fruit) {
         int x = stage.canvas.width -
                 wrapped(fruit * stage.canvas.width / 6.0, 62, stage.moment.seconds, stage.canvas.width + 20);
@@ -117,9 +163,10 @@ void drawHills(const Stage& stage) {
     }
     double hop = std::abs(std::sin(stage.moment.seconds * 4));
     int x = stage.across(0.3 + stage.moment.playerX * 0.25);
-    int y = stage.down(0.9 - 0.14 * hop + 0.08 * stage.moment.playerY) - 24;
-    drawCreature(stage.canvas, x, y, 3, stage.seed, hop < 0.3 ? 0 : 1, colourOf(stage.hue + 0.55, 0.25, 1.0),
-                 0x101018);
+    int cell = stage.titled ? 3 : 4;
+    int y = stage.down(0.9 - 0.14 * hop + 0.08 * stage.moment.playerY) - 8 * cell;
+    drawCreature(stage.canvas, x, y, cell, stage.seed, hop < 0.3 ? 0 : 1,
+                 colourOf(stage.hue + 0.55, 0.25, 1.0), 0x101018);
 }
 
 // A hand-held's glass: every place where a figure can be is printed faintly, one at a time is dark.
@@ -143,7 +190,8 @@ void drawGlass(const Stage& stage) {
     }
 }
 
-// Puts the canvas on the context, each canvas pixel as a sharp block.
+} // namespace
+
 void paintEnlarged(cairo_t* context, PixelCanvas& canvas, double width, double height) {
     cairo_surface_t* surface = cairo_image_surface_create_for_data(
         reinterpret_cast<unsigned char*>(canvas.pixels.data()), CAIRO_FORMAT_RGB24, canvas.width,
@@ -157,21 +205,11 @@ void paintEnlarged(cairo_t* context, PixelCanvas& canvas, double width, double h
     cairo_surface_destroy(surface);
 }
 
-} // namespace
-
-void drawScene(cairo_t* context, const DemoGame& game, const SceneMoment& moment, double width,
-               double height) {
+void drawPixelScene(PixelCanvas& canvas, const DemoGame& game, const SceneMoment& moment, bool titled) {
     std::uint32_t seed = seedOfName(game.name);
-    double hue = seed % 360 / 360.0;
-    if (game.display.type == "vector") {
-        drawVectorScene(context, seed, colourOf(hue, 0.6, 1.0), moment, width, height);
-        return;
-    }
-    // The short side has 192 pixels in either position of the tube; they need not be square.
-    bool portrait = width < height;
-    PixelCanvas canvas(portrait ? 192 : 256, portrait ? 256 : 192);
-    Stage stage{canvas, seed, hue, moment};
+    Stage stage{canvas, seed, hueOf(seed), moment, titled};
     bool wheel = game.control.type == "paddle" || game.control.type == "pedal" || game.control.type == "dial";
+    bool portrait = canvas.width < canvas.height;
     if (game.display.type == "lcd")
         drawGlass(stage);
     else if (wheel && !portrait)
@@ -180,5 +218,18 @@ void drawScene(cairo_t* context, const DemoGame& game, const SceneMoment& moment
         drawInvasion(stage);
     else
         drawHills(stage);
+}
+
+void drawScene(cairo_t* context, const DemoGame& game, const SceneMoment& moment, double width,
+               double height) {
+    if (game.display.type == "vector") {
+        std::uint32_t seed = seedOfName(game.name);
+        drawVectorScene(context, seed, colourOf(hueOf(seed), 0.6, 1.0), moment, width, height);
+        return;
+    }
+    // The short side has 192 pixels in either position of the tube; they need not be square.
+    bool portrait = width < height;
+    PixelCanvas canvas(portrait ? 192 : 256, portrait ? 256 : 192);
+    drawPixelScene(canvas, game, moment, true);
     paintEnlarged(context, canvas, width, height);
 }

@@ -1,0 +1,14 @@
+// The printed sheet with which a maker offered a game to the arcades. Called for the flyer folder.
+#pragma once
+
+#include "art/game_look.h"
+
+struct FlyerPhotos {
+    const Picture& play; // two moments of the game
+    const Picture& laterPlay;
+    const Picture& cabinet;
+};
+
+// Covers the area from (0, 0), three wide and four high.
+void paintFlyer(cairo_t* context, const GameLook& look, const FlyerPhotos& photos, double width,
+                double height);
