@@ -9,6 +9,7 @@
 #include <chrono>
 #include <cstdio>
 #include <filesystem>
+#include <span>
 #include <thread>
 
 namespace {
@@ -32,7 +33,7 @@ struct Stop {
     const char* picture; // file name, or null for a step on the way
 };
 
-constexpr Stop Walk[] = {
+constexpr Stop ListWalk[] = {
     {"Down", 3, "three-down"},    {"Up", 1, nullptr},
     {"Right", 1, "page-down"},    {"Left", 1, nullptr},
     {"x", 1, "jump-to-the-last"}, {"space", 1, "jump-back"},
@@ -40,19 +41,33 @@ constexpr Stop Walk[] = {
     {"z", 1, "sorted-by-title"},  {"Alt_L", 1, "random-pick"},
 };
 
-constexpr Stop TurnedWalk[] = {{"Down", 2, nullptr}, {"Right", 1, "page-down"}};
-
-struct Position {
-    const char* setting; // value of Orientation
-    const char* picture;
-    bool upright; // the long walk with a game
+// The picture cycle begins with the game that has all pictures. F is a key of player 2.
+constexpr Stop BrowserWalk[] = {
+    {"Shift_L", 1, "flyer"},   {"Shift_L", 1, "title"},   {"Shift_L", 1, "cabinet"}, {"Shift_L", 1, nullptr},
+    {"Down", 3, "three-down"}, {"Right", 1, "page-down"}, {"f", 1, "player-2"},      {"Down", 1, "player-1"},
 };
 
-constexpr Position Positions[] = {
-    {"Normal", "upright", true},
-    {"ROR", "turned-right", false},
-    {"ROL", "turned-left", false},
-    {"Inverted", "upside-down", false},
+constexpr Stop TurnedListWalk[] = {{"Shift_L", 1, "flyer"}, {"Down", 2, "two-down"}};
+constexpr Stop TurnedBrowserWalk[] = {{"Down", 2, "two-down"}};
+
+// One run of the front end.
+struct Run {
+    const char* orientation; // as the settings file has it
+    const char* view;
+    const char* picture;
+    std::span<const Stop> walk;
+    bool withGame = false;
+};
+
+constexpr Run Runs[] = {
+    {"Normal", "ListView", "upright-list", ListWalk, true},
+    {"Normal", "ImageBrowser", "upright-browser", BrowserWalk},
+    {"ROR", "ListView", "turned-right-list", TurnedListWalk},
+    {"ROR", "ImageBrowser", "turned-right-browser", TurnedBrowserWalk},
+    {"ROL", "ListView", "turned-left-list", TurnedListWalk},
+    {"ROL", "ImageBrowser", "turned-left-browser", TurnedBrowserWalk},
+    {"Inverted", "ListView", "upside-down-list", TurnedListWalk},
+    {"Inverted", "ImageBrowser", "upside-down-browser", TurnedBrowserWalk},
 };
 
 class Tour {
@@ -65,8 +80,8 @@ public:
         screen = VirtualScreen::start(ScreenWidth, ScreenHeight, problem);
         if (screen == nullptr)
             return fail(problem);
-        for (const Position& position : Positions) {
-            if (!playPosition(position))
+        for (const Run& run : Runs) {
+            if (!play(run))
                 return false;
         }
         return true;
@@ -94,42 +109,39 @@ private:
         return true;
     }
 
-    // One run of the front end, with settings of its own, so that those of the cabinet stay as they are.
-    bool playPosition(const Position& position) {
+    // With settings of its own, so that those of the cabinet stay as they are. A movie would never stand
+    // still for its picture.
+    bool play(const Run& run) {
         fs::path ini = cabinet / "tour.ini";
         std::string problem;
-        std::string settings =
-            cabinetSettings({{"Orientation", position.setting}, {"SelectedGame", std::string(PlayedGame)}});
+        std::string settings = cabinetSettings({{"Orientation", run.orientation},
+                                                {"MenuType", run.view},
+                                                {"SelectedGame", std::string(PlayedGame)},
+                                                {"InvertPlayer2Screen", "1"},
+                                                {"Attract.dir", "none"},
+                                                {"Startup", ""},
+                                                {"Shutdown", ""}});
         if (!writeTextFile(ini.string(), settings, problem))
             return fail(problem);
         ChildOptions options;
         options.words = {frontEnd.string(), ini.filename().string()};
         options.folder = cabinet.string();
-        options.environment = {screen->environment(), "SDL_VIDEODRIVER=x11"};
+        options.environment = {screen->environment(), "SDL_VIDEODRIVER=x11", "SDL_AUDIODRIVER=dummy"};
         ChildProgram program(options);
-        bool played = playRun(program, position);
+        bool played = play(run, program);
         std::error_code error;
         fs::remove(ini, error);
         return played;
     }
 
-    bool playRun(ChildProgram& program, const Position& position) {
-        if (!waitForList(program))
+    bool play(const Run& run, ChildProgram& program) {
+        if (!waitForView(program) || !keep(screen->settled(), run.picture))
             return false;
-        if (!keep(screen->settled(), std::string(position.picture) + "-list"))
+        if (run.withGame && !playGame(program))
             return false;
-        if (position.upright && !playGame(program))
-            return false;
-        if (position.upright) {
-            for (const Stop& stop : Walk) {
-                if (!take(stop, position))
-                    return false;
-            }
-        } else {
-            for (const Stop& stop : TurnedWalk) {
-                if (!take(stop, position))
-                    return false;
-            }
+        for (const Stop& stop : run.walk) {
+            if (!take(stop, run))
+                return false;
         }
         screen->tap("Escape");
         std::optional<int> code = program.waitForExit(ExitLimit);
@@ -138,8 +150,9 @@ private:
         return *code == 0 || fail("the front end ended with exit code " + std::to_string(*code));
     }
 
-    // The list stands when the bar behind the selected game is on the screen.
-    bool waitForList(ChildProgram& program) {
+    // The view stands when the bar behind the selected title, or the ring around its marquee, is on the
+    // screen.
+    bool waitForView(ChildProgram& program) {
         constexpr std::uint32_t Bar = 0xBC1454;
         bool shown = screen->waitFor(
             [&](const Screenshot& shot) {
@@ -149,22 +162,20 @@ private:
         if (!program.running())
             return fail("the front end ended before it showed anything");
         if (!shown)
-            return fail("the list of games did not appear");
+            return fail("the games did not appear");
         return screen->waitForFocus(FrontEndTitle, StepLimit) ||
                fail("the front end has not got the keyboard");
     }
 
-    bool take(const Stop& stop, const Position& position) {
+    bool take(const Stop& stop, const Run& run) {
         for (int i = 0; i < stop.times; ++i) {
             Screenshot before = screen->capture();
             screen->tap(stop.key);
             if (!screen->waitFor([&](const Screenshot& shot) { return shot != before; }, StepLimit))
                 return fail("the key " + std::string(stop.key) + " changed nothing");
-            screen->settled(150);
         }
-        if (stop.picture == nullptr)
-            return true;
-        return keep(screen->settled(), std::string(position.picture) + "-" + stop.picture);
+        Screenshot shot = screen->settled(150);
+        return stop.picture == nullptr || keep(shot, std::string(run.picture) + "-" + stop.picture);
     }
 
     bool playGame(ChildProgram& program) {
