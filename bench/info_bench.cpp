@@ -16,7 +16,7 @@
 namespace {
 
 constexpr int blockCount = 50'000;
-constexpr int linesInBlock = 12;
+constexpr int linesInBlock = 9;
 
 void readList(const std::string& path) {
     FILE* list = openTextFile(path.c_str());
@@ -71,8 +71,8 @@ int main(int argc, char** argv) {
     writeInfo("utf8.dat", "\xEF\xBB\xBF", "\xC3\xA9");
     freeGameList();
     for (const char* name : {"ansi.dat", "utf8.dat"}) {
-        benchmark::RegisterBenchmark(
-            name, [&](benchmark::State& state) { measureInfo(state, list, folder.pathOf(name)); })
+        benchmark::RegisterBenchmark(name, [&list, info = folder.pathOf(name)](
+                                               benchmark::State& state) { measureInfo(state, list, info); })
             ->UseManualTime()
             ->Unit(benchmark::kMillisecond);
     }

@@ -8,6 +8,7 @@
 #include <cstdlib>
 #include <cstring>
 #include <string_view>
+#include <unordered_map>
 #include <vector>
 
 namespace {
@@ -49,15 +50,27 @@ struct Block {
     }
 };
 
+// The records by name, of equal names the first, as gameIndex has them. Its chains, of names with the same
+// sum of letters, are too long for tens of thousands of look-ups in a row.
+using NameIndex = std::unordered_map<std::string_view, GameRecord*>;
+
+NameIndex indexNames() {
+    NameIndex names;
+    names.reserve(static_cast<std::size_t>(gameCount));
+    for (std::int32_t game = 0; game < gameCount; ++game) {
+        if (allGames[game]->name != nullptr) {
+            names.emplace(allGames[game]->name, allGames[game]);
+        }
+    }
+    return names;
+}
+
 // Only the first name of the line counts.
-void openBlock(Block& block, std::string_view line) {
+void openBlock(Block& block, std::string_view line, const NameIndex& names) {
     constexpr std::size_t nameStart = 6;
     line.remove_prefix(std::min(nameStart, line.size()));
-    line = line.substr(0, line.find(','));
-    char name[lineBufferSize];
-    std::memcpy(name, line.data(), line.size());
-    name[line.size()] = '\0';
-    block.game = static_cast<GameRecord*>(hashFind(name, gameIndex));
+    const auto found = names.find(line.substr(0, line.find(',')));
+    block.game = found != names.end() ? found->second : nullptr;
 }
 
 void freeInfo(GameRecord& game) {
@@ -113,13 +126,14 @@ const Statement* findStatement(std::string_view line) {
 }
 
 // Moves on to the statement's state; false when the statement is out of place.
-bool carryOut(const Statement& statement, std::string_view line, State& state, Block& block) {
+bool carryOut(const Statement& statement, std::string_view line, const NameIndex& names, State& state,
+              Block& block) {
     if (state != statement.wanted && state != statement.alsoWanted) {
         return false;
     }
     state = statement.next;
     if (state == State::header) {
-        openBlock(block, line);
+        openBlock(block, line, names);
     } else if (state == State::outside) {
         closeBlock(block);
     }
@@ -129,6 +143,7 @@ bool carryOut(const Statement& statement, std::string_view line, State& state, B
 } // namespace
 
 std::int32_t parseGameInfo(FILE* stream) {
+    const NameIndex names = indexNames();
     State state = State::outside;
     Block block;
     char buffer[lineBufferSize];
@@ -139,7 +154,7 @@ std::int32_t parseGameInfo(FILE* stream) {
         // The last character goes whatever it is: normally the line end.
         const std::string_view line(buffer, std::strlen(buffer) - 1);
         if (const Statement* statement = findStatement(line)) {
-            if (!carryOut(*statement, line, state, block)) {
+            if (!carryOut(*statement, line, names, state, block)) {
                 std::puts("invalid state found!!!");
                 break;
             }

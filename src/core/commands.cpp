@@ -3,8 +3,10 @@
 #include "catalogue/game_filter.h"
 #include "catalogue/game_sort.h"
 #include "config/settings.h"
+#include "core/popup_commands.h"
 #include "core/start_game.h"
 #include "input/controls.h"
+#include "input/mapped_controls.h"
 #include "input/sounds.h"
 #include "overlays/message_window.h"
 #include "platform/keys.h"
@@ -21,15 +23,6 @@
 
 namespace {
 
-using Mapping = std::int32_t Settings::*;
-
-// A command whose controls stand in the ini file. The joystick counts as player 1.
-struct MappedCommand {
-    Mapping key;
-    Mapping joystick;
-    Mapping player2Key;
-};
-
 enum CommandIndex : std::size_t {
     selectUp,
     selectDown,
@@ -37,10 +30,12 @@ enum CommandIndex : std::size_t {
     selectPageUp,
     exitProgram,
     startGame,
+    gameInfo,
+    showMenu,
 };
 
-// In the order in which they are polled. The last two only show who touched the controls.
-constexpr std::array<MappedCommand, 8> mappedCommands = {{
+// In the order in which they are polled.
+constexpr std::array<MappedControl, 8> mappedCommands = {{
     {&Settings::keySelectUp, &Settings::joySelectUp, &Settings::keyP2SelectUp},
     {&Settings::keySelectDown, &Settings::joySelectDown, &Settings::keyP2SelectDown},
     {&Settings::keySelectPageDown, &Settings::joySelectPageDown, &Settings::keyP2SelectPageDown},
@@ -67,64 +62,8 @@ constexpr std::int32_t jumpLength = 100;
 constexpr std::int32_t lastSortOrder = sortByManufacturer;
 constexpr std::int32_t lastCycledPicture = previewTitles;
 
-// What the players ask for in one tick.
-struct PolledControls {
-    std::array<bool, mappedCommands.size()> player1{};
-    std::array<bool, mappedCommands.size()> player2{};
-
-    bool asksFor(CommandIndex command) const { return player1[command] || player2[command]; }
-};
-
-bool touched(const std::array<bool, mappedCommands.size()>& flags) {
-    return std::find(flags.begin(), flags.end(), true) != flags.end();
-}
-
-PolledControls pollControls() {
-    PolledControls controls;
-    for (std::size_t index = 0; index < mappedCommands.size(); ++index) {
-        const MappedCommand& command = mappedCommands[index];
-        controls.player1[index] = keyPressed(settings.*command.key) || joyPressed(settings.*command.joystick);
-    }
-    for (std::size_t index = 0; index < mappedCommands.size(); ++index) {
-        controls.player2[index] = keyPressed(settings.*mappedCommands[index].player2Key) != 0;
-    }
-    return controls;
-}
-
 bool fires(const FixedCommand& command) {
     return keyPressed(command.key) || joyPressed(command.joystick);
-}
-
-// The picture upside down.
-std::int32_t oppositeOf(std::int32_t rotation) {
-    switch (rotation) {
-    case 90:
-        return -90;
-    case -90:
-        return 90;
-    case 180:
-        return 0;
-    default:
-        return 180;
-    }
-}
-
-// Turns the screen to the player who touched the controls, player 1 when both did. The new rotation shows
-// with the next frame, which the command of the same tick usually brings.
-void turnToPlayer(const PolledControls& controls) {
-    if (!settings.invertPlayer2Screen) {
-        return;
-    }
-    std::int32_t wanted = settings.orientation;
-    if (touched(controls.player1)) {
-        wanted = settings.baseOrientation;
-    } else if (touched(controls.player2)) {
-        wanted = oppositeOf(settings.baseOrientation);
-    }
-    if (wanted != settings.orientation) {
-        settings.orientation = wanted;
-        browserDirty = 1;
-    }
 }
 
 void redraw(HWND window) {
@@ -229,8 +168,11 @@ void carryOutFixedCommands(HWND window) {
 } // namespace
 
 void handleTick(HWND window) {
-    const PolledControls controls = pollControls();
-    turnToPlayer(controls);
+    const PolledControls controls = pollControls(mappedCommands);
+    // The new rotation shows with the next frame, which the command of the same tick usually brings.
+    if (turnToPlayer(controls)) {
+        browserDirty = 1;
+    }
     carryOutMoves(window, controls);
     carryOutFixedCommands(window);
     if (controls.asksFor(exitProgram)) {
@@ -239,5 +181,16 @@ void handleTick(HWND window) {
     }
     if (controls.asksFor(startGame)) {
         startSelectedGame(window);
+    }
+    if (controls.asksFor(gameInfo)) {
+        showSelectedGameInfo();
+    }
+    if (controls.asksFor(showMenu)) {
+        runOptionsMenu(window);
+    }
+    // A popup that sees a quit ends with it, and the program has to end all the same.
+    RECT client{};
+    if (controls.asksFor(exitProgram) || !GetClientRect(window, &client)) {
+        PostQuitMessage(0);
     }
 }

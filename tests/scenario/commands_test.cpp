@@ -163,6 +163,8 @@ TEST(Commands, AnEmptyViewTouchesNoRecord) {
         frontEnd.tap(time, key);
         time += 200;
     }
+    frontEnd.tap(time, SDL_SCANCODE_ESCAPE); // leaves the menu
+    time += 800;
     frontEnd.at(time, [] {
         EXPECT_EQ(visibleCount, 0);
         EXPECT_EQ(selectedIndex, 0);

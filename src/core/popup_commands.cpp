@@ -1,0 +1,70 @@
+#include "core/popup_commands.h"
+
+#include "catalogue/game_filter.h"
+#include "config/settings.h"
+#include "input/controls.h"
+#include "overlays/game_info_window.h"
+#include "overlays/message_window.h"
+#include "overlays/options_menu.h"
+#include "platform/clock.h"
+#include "platform/window.h"
+#include "render/composition.h"
+#include "state/shared_state.h"
+
+#include <algorithm>
+#include <string>
+
+namespace {
+
+// Milliseconds.
+constexpr DWORD noInfoDelay = 1500;
+constexpr DWORD menuAnswersDelay = 200;
+constexpr DWORD afterPopupDelay = 300;
+
+// The record whose text stands for the game; null when there is none.
+const GameRecord* gameWithInfo(const GameRecord& game) {
+    if (game.infoLineCount > 0) {
+        return &game;
+    }
+    const std::int32_t parent = game.cloneOf ? findVisibleGame(game.cloneOf) : -1;
+    return parent >= 0 && visibleGames[parent]->infoLineCount > 0 ? visibleGames[parent] : nullptr;
+}
+
+bool hasSelection() {
+    return selectedIndex >= 0 && selectedIndex < visibleCount;
+}
+
+void filterAndKeepSelection() {
+    const std::string name = hasSelection() ? visibleGames[selectedIndex]->name : "";
+    filterGames();
+    selectedIndex = std::max(findVisibleGame(name.c_str()), 0);
+    browserDirty = 1;
+}
+
+} // namespace
+
+void showSelectedGameInfo() {
+    if (!settings.useMameInfoDat || !hasSelection()) {
+        return;
+    }
+    if (const GameRecord* source = gameWithInfo(*visibleGames[selectedIndex])) {
+        showGameInfo(source->infoLines, source->infoLineCount);
+        Sleep(afterPopupDelay);
+        flushKeys();
+    } else {
+        showMessage("No game information found.");
+        Sleep(noInfoDelay);
+        hideMessage();
+    }
+}
+
+void runOptionsMenu(HWND window) {
+    if (showOptionsMenu()) {
+        Sleep(menuAnswersDelay);
+        filterAndKeepSelection();
+        drawScreen(backDC, backBitmap);
+        InvalidateRect(window, nullptr, FALSE);
+    }
+    Sleep(afterPopupDelay);
+    flushKeys();
+}

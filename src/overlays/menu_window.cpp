@@ -1,0 +1,291 @@
+#include "overlays/menu_window.h"
+
+#include "config/settings.h"
+#include "input/controls.h"
+#include "input/mapped_controls.h"
+#include "overlays/popup_window.h"
+#include "platform/clock.h"
+#include "platform/drawing.h"
+#include "render/primitives.h"
+#include "state/shared_state.h"
+
+#include <algorithm>
+#include <array>
+#include <memory>
+#include <vector>
+
+namespace {
+
+constexpr LPCSTR menuClass = "MenuWndClass";
+
+// Pixels between the two ends of a line and its texts, and what a menu is wider than its longest texts.
+constexpr std::int32_t textMargin = 6;
+constexpr std::int32_t widthBeyondTexts = 112;
+
+// One open menu.
+struct MenuWindow {
+    MenuItem** items = nullptr; // borrowed
+    std::int32_t itemCount = 0;
+    HWND window = nullptr; // null again once the window has ended
+    HDC clientDC = nullptr;
+    HDC drawDC = nullptr;
+    HBITMAP bitmap = nullptr;
+    std::int32_t selected = 0;
+    std::int32_t top = 0; // first line shown
+    bool done = false;
+};
+
+// The open menus, the innermost last; null where one has ended. The window procedure finds its record here.
+std::vector<std::unique_ptr<MenuWindow>> menuWindows;
+
+enum MenuAction : std::size_t { lineUp, lineDown, nextChoice, previousChoice, closeMenu };
+
+constexpr std::array<MappedControl, 5> menuControls = {{
+    {&Settings::keySelectUp, &Settings::joySelectUp, &Settings::keyP2SelectUp},
+    {&Settings::keySelectDown, &Settings::joySelectDown, &Settings::keyP2SelectDown},
+    {&Settings::keySelectPageDown, &Settings::joySelectPageDown, &Settings::keyP2SelectPageDown},
+    {&Settings::keySelectPageUp, &Settings::joySelectPageUp, &Settings::keyP2SelectPageUp},
+    {&Settings::keyExit, &Settings::joyExit, &Settings::keyP2Exit},
+}};
+
+MenuWindow* findMenuWindow(HWND window) {
+    const auto found = std::ranges::find_if(
+        menuWindows, [window](const auto& record) { return record && record->window == window; });
+    return found != menuWindows.end() ? found->get() : nullptr;
+}
+
+void selectMenuFont(HDC dc, int emphasis) {
+    selectFont(dc, settings.fontFace, settings.menuFontSize, settings.orientation, emphasis);
+}
+
+// The client size at which every line and its longest value have room.
+SIZE wantedSize(const MenuWindow& record) {
+    std::int32_t maxLabel = 0;
+    std::int32_t maxChoice = 0;
+    for (std::int32_t line = 0; line < record.itemCount; ++line) {
+        const MenuItem& item = *record.items[line];
+        maxLabel = std::max(maxLabel, textWidth(record.drawDC, item.label));
+        for (std::int32_t choice = 0; choice < item.choiceCount; ++choice) {
+            maxChoice = std::max(maxChoice, textWidth(record.drawDC, item.choices[choice]));
+        }
+    }
+    const LONG along = maxLabel + maxChoice + widthBeyondTexts;
+    const LONG across = textHeight(record.drawDC) * record.itemCount;
+    return isQuarterTurn(settings.orientation) ? SIZE{across, along} : SIZE{along, across};
+}
+
+// Centres the window over the main window with the wanted client size, as far as the platform grants it. The
+// size message that this brings renders the menu at its new size.
+void resizeMenu(const MenuWindow& record, const RECT& client, SIZE wanted) {
+    RECT outer{};
+    RECT main{};
+    GetWindowRect(record.window, &outer);
+    GetWindowRect(mainWindow, &main);
+    const LONG x = (main.right - main.left - wanted.cx) / 2;
+    const LONG y = (main.bottom - main.top - wanted.cy) / 2;
+    MoveWindow(record.window, std::max(x, 0), std::max(y, 0),
+               wanted.cx + outer.right - outer.left - client.right,
+               wanted.cy + outer.bottom - outer.top - client.bottom, TRUE);
+}
+
+// Scrolls to the selected line when it is out of view: to the middle, except at the ends of the list.
+void bringSelectionIntoView(MenuWindow& record, std::int32_t lines) {
+    if (record.selected < record.top || record.selected > record.top + lines - 1) {
+        record.top = std::max(std::min(record.selected - lines / 2, record.itemCount - lines), 0);
+    }
+}
+
+const char* valueOf(const MenuItem& item) {
+    if (item.subItemCount != 0) {
+        return "[...]";
+    }
+    return item.choiceCount > 0 ? item.choices[item.current] : nullptr;
+}
+
+// `across`: from the edge of the first line to the top of this one.
+void drawLine(HDC dc, const RECT& client, const MenuItem& item, std::int32_t across) {
+    const LONG length = isQuarterTurn(settings.orientation) ? client.bottom : client.right;
+    drawText(dc, textOrigin(client, textMargin, across), item.label);
+    if (const char* value = valueOf(item)) {
+        drawText(dc, textOrigin(client, length - textWidth(dc, value) - textMargin, across), value);
+    }
+}
+
+void drawMenu(MenuWindow& record) {
+    const HDC dc = record.drawDC;
+    RECT client{};
+    GetClientRect(record.window, &client);
+    selectMenuFont(dc, 0);
+    SetTextColor(dc, settings.fontColor);
+    SetBkMode(dc, TRANSPARENT);
+    fillRect(dc, client, settings.backgroundColor);
+    const std::int32_t lines = linesThatFit(dc, client.right, client.bottom, 0);
+    const std::int32_t lineHeight = textHeight(dc);
+    bringSelectionIntoView(record, lines);
+    for (std::int32_t line = 0; line < lines && record.top + line < record.itemCount; ++line) {
+        const bool isSelected = record.top + line == record.selected;
+        if (isSelected) {
+            selectMenuFont(dc, 1);
+        }
+        drawLine(dc, client, *record.items[record.top + line], lineHeight * line);
+        if (isSelected) {
+            selectMenuFont(dc, 0);
+        }
+    }
+}
+
+void redraw(MenuWindow& record) {
+    drawMenu(record);
+    InvalidateRect(record.window, nullptr, FALSE);
+}
+
+void fitAndRender(MenuWindow& record) {
+    RECT client{};
+    GetClientRect(record.window, &client);
+    renewPopupBitmap(record.window, record.clientDC, record.drawDC, record.bitmap);
+    selectMenuFont(record.drawDC, 0);
+    const SIZE wanted = wantedSize(record);
+    if (wanted.cx != client.right || wanted.cy != client.bottom) {
+        resizeMenu(record, client, wanted);
+    }
+    redraw(record);
+}
+
+LRESULT menuWindowProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    if (message == WM_NCCREATE && !menuWindows.empty()) {
+        menuWindows.back()->window = window;
+    }
+    MenuWindow* record = findMenuWindow(window);
+    if (!record) {
+        return 0;
+    }
+    switch (message) {
+    case WM_CREATE:
+        createPopupContexts(window, record->clientDC, record->drawDC);
+        return 0;
+    case WM_DESTROY:
+        releasePopupContexts(window, record->clientDC, record->drawDC, record->bitmap);
+        record->window = nullptr;
+        return 0;
+    case WM_SIZE:
+        fitAndRender(*record);
+        return 0;
+    case WM_SETFOCUS:
+        appActive = 1;
+        return 0;
+    case WM_KILLFOCUS:
+        appActive = 0;
+        return 0;
+    case WM_PAINT:
+        paintPopup(window, record->clientDC, record->drawDC);
+        return 0;
+    default:
+        return DefWindowProcA(window, message, wParam, lParam);
+    }
+}
+
+int ensureMenuClass() {
+    WNDCLASSA known{};
+    return GetClassInfoA(appInstance, menuClass, &known) ||
+           registerPopupClass(menuClass, "MenuMenu", menuWindowProc);
+}
+
+HWND createMenuWindow(int x, int y, int width, int height) {
+    return ensureMenuClass() ? createPopup(menuClass, x, y, width, height) : nullptr;
+}
+
+std::int32_t stepped(std::int32_t index, std::int32_t step, std::int32_t count) {
+    return count > 0 ? (index + step + count) % count : 0;
+}
+
+void stepLine(MenuWindow& record, std::int32_t step) {
+    record.selected = stepped(record.selected, step, record.itemCount);
+    redraw(record);
+}
+
+void stepChoice(MenuWindow& record, std::int32_t step) {
+    MenuItem& item = *record.items[record.selected];
+    item.current = stepped(item.current, step, item.choiceCount);
+    redraw(record);
+}
+
+void takeNextChoice(MenuWindow& record) {
+    const MenuItem& item = *record.items[record.selected];
+    if (item.subItemCount != 0) {
+        runMenu(item.subItems, item.subItemCount);
+        flushKeys();
+    } else {
+        stepChoice(record, 1);
+    }
+}
+
+void menuTick(MenuWindow& record) {
+    const PolledControls controls = pollControls(menuControls);
+    if (turnToPlayer(controls)) {
+        browserDirty = 1;
+    }
+    const bool hasLines = record.itemCount > 0;
+    if (hasLines && controls.asksFor(lineUp)) {
+        stepLine(record, -1);
+    }
+    if (hasLines && controls.asksFor(lineDown)) {
+        stepLine(record, 1);
+    }
+    if (hasLines && controls.asksFor(nextChoice)) {
+        takeNextChoice(record);
+    }
+    if (hasLines && controls.asksFor(previousChoice)) {
+        stepChoice(record, -1);
+    }
+    if (controls.asksFor(closeMenu)) {
+        record.done = true;
+    }
+}
+
+// Ticks that a stall has held up are made up for, back to back. Ends also when the window is gone, since the
+// quit that comes with the end of the main window reaches the innermost of several menus only.
+void menuLoop(MenuWindow& record) {
+    const std::int64_t period = popupTickPeriod();
+    std::int64_t lastTick = popupClock();
+    while (period > 0 && servePopupMessage(record.done) && record.window) {
+        if (popupClock() - lastTick >= period) {
+            menuTick(record);
+            lastTick += period;
+        } else {
+            Sleep(1);
+        }
+    }
+}
+
+} // namespace
+
+int runMenu(MenuItem** items, std::int32_t count) {
+    const std::size_t place = menuWindows.size();
+    menuWindows.push_back(std::make_unique<MenuWindow>());
+    MenuWindow& record = *menuWindows.back();
+    record.items = items;
+    record.itemCount = count;
+    record.window = createMenuWindow(0, 0, 100, 100);
+    if (!record.window) {
+        MessageBoxA(nullptr, "Failed to create message window!", "Error!", MB_OK);
+        menuWindows[place].reset();
+        return 0;
+    }
+    ShowWindow(record.window, SW_SHOWDEFAULT);
+    UpdateWindow(record.window);
+    flushKeys();
+    menuLoop(record);
+    DestroyWindow(record.window);
+    menuWindows[place].reset();
+    return 1;
+}
+
+void closeMenuWindows() {
+    for (const auto& record : menuWindows) {
+        if (record) {
+            DestroyWindow(record->window);
+        }
+    }
+    menuWindows.clear();
+    UnregisterClassA(menuClass, appInstance);
+}

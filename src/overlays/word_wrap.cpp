@@ -1,0 +1,107 @@
+#include "overlays/word_wrap.h"
+
+#include "config/settings.h"
+#include "platform/text.h"
+#include "platform/window.h"
+#include "render/primitives.h"
+
+#include <algorithm>
+#include <cctype>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <string_view>
+#include <vector>
+
+namespace {
+
+// Pixels that stay free at each end of a line.
+constexpr LONG textMargin = 6;
+
+struct Wrapper {
+    HDC dc;
+    LONG limit;
+    std::vector<char*> pieces;
+    bool failed = false;
+
+    bool fits(std::string_view stretch) {
+        SIZE size{};
+        if (!GetTextExtentPoint32A(dc, stretch.data(), static_cast<int>(stretch.size()), &size)) {
+            failed = true;
+            return false;
+        }
+        return size.cx <= limit;
+    }
+
+    void append(std::string_view stretch) { pieces.push_back(strndup(stretch.data(), stretch.size())); }
+
+    // How many characters at the head of the text fit. A longer stretch is never narrower, so doubling and
+    // then halving finds the number.
+    std::size_t fittingLength(std::string_view text) {
+        std::size_t fitting = 0;
+        std::size_t tooLong = 1;
+        while (fitting < text.size() && fits(text.substr(0, tooLong))) {
+            fitting = tooLong;
+            tooLong = std::min(2 * tooLong, text.size());
+        }
+        while (tooLong > fitting + 1) {
+            const std::size_t middle = fitting + (tooLong - fitting) / 2;
+            (fits(text.substr(0, middle)) ? fitting : tooLong) = middle;
+        }
+        return fitting;
+    }
+
+    // Takes one line off a text that is not empty.
+    void cut(std::string_view& text) {
+        const std::size_t fitting = fittingLength(text);
+        std::size_t end = fitting == text.size() ? 0 : fitting + 1;
+        while (end > 0 && !std::isspace(static_cast<unsigned char>(text[end - 1]))) {
+            --end;
+        }
+        const std::size_t length = end > 0 ? end - 1 : std::max<std::size_t>(fitting, 1);
+        append(text.substr(0, length));
+        text.remove_prefix(end > 0 ? end : length);
+    }
+
+    void wrap(std::string_view line) {
+        if (line.empty()) {
+            append(line);
+        }
+        while (!line.empty() && !failed) {
+            cut(line);
+        }
+    }
+};
+
+char** toArray(const std::vector<char*>& texts) {
+    const std::size_t size = texts.size() * sizeof(char*);
+    auto** array = static_cast<char**>(std::malloc(size));
+    std::memcpy(static_cast<void*>(array), static_cast<const void*>(texts.data()), size);
+    return array;
+}
+
+} // namespace
+
+char** wordWrapText(HWND window, HDC dc, const char* const* lines, std::int32_t count,
+                    std::int32_t* outCount) {
+    RECT client{};
+    GetClientRect(window, &client);
+    const LONG length = isQuarterTurn(settings.orientation) ? client.bottom : client.right;
+    Wrapper wrapper{dc, length - 2 * textMargin, {}, false};
+    for (std::int32_t line = 0; line < count && !wrapper.failed; ++line) {
+        wrapper.wrap(lines[line]);
+    }
+    *outCount = 0;
+    if (wrapper.failed) {
+        std::fputs("GetTextExtentPoint32 failed in wordWrapText()!", stdout);
+        for (char* piece : wrapper.pieces) {
+            std::free(piece);
+        }
+        return nullptr;
+    }
+    if (wrapper.pieces.empty()) {
+        return nullptr;
+    }
+    *outCount = static_cast<std::int32_t>(wrapper.pieces.size());
+    return toArray(wrapper.pieces);
+}
