@@ -1,5 +1,6 @@
 #include "cabinet.h"
 
+#include "game_info.h"
 #include "games.h"
 
 #include <filesystem>
@@ -23,7 +24,7 @@ Marquee.dir=marquees
 Cabinet.dir=cabinets
 Attract.dir=attracts
 AmbienceFile=sounds/ambience.wav
-UseMameInfoDat=0
+Mameinfo.dat=mameinfo.dat
 Orientation=Normal
 MenuType=ListView
 PreviewPictures=ScreenShots
@@ -98,6 +99,8 @@ bool layOutCabinet(const std::string& folder, std::string& problem) {
     fs::path ini = cabinet / "kestravox.ini";
     if (!fs::exists(fs::symlink_status(ini, error)) &&
         !writeTextFile(ini.string(), cabinetSettings(), problem))
+        return false;
+    if (!writeTextFile((cabinet / "mameinfo.dat").string(), demoGameInfo(), problem))
         return false;
     if (!layOutRoms(cabinet / "roms", problem))
         return false;
