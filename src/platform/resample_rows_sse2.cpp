@@ -46,11 +46,11 @@ __m128i packPixels(__m128i a, __m128i b, __m128i c, __m128i d) {
     return _mm_and_si128(bytes, _mm_set1_epi32(0x00FFFFFF));
 }
 
-// A number of taps that is known here lets the compiler unroll the loop over them: 4 are those of every
-// enlargement.
+// Here and below: a number that is known when compiling lets the loop over it be unrolled. 4 are those of
+// every enlargement.
 template <int KnownTaps>
-void mixAll(const std::int16_t* mixed, const std::int32_t* starts, const std::int16_t* weights, int anyTaps,
-            std::uint32_t* pixels, int count) {
+void mixAllColumns(const std::int16_t* mixed, const std::int32_t* starts, const std::int16_t* weights,
+                   int anyTaps, std::uint32_t* pixels, int count) {
     const int taps = KnownTaps > 0 ? KnownTaps : anyTaps;
     const auto pixelAt = [=](int i) { return mixPixel(mixed + starts[i], weights + i * taps, taps); };
     int i = 0;
@@ -64,10 +64,10 @@ void mixAll(const std::int16_t* mixed, const std::int32_t* starts, const std::in
     }
 }
 
-} // namespace
-
-void mixRows(const std::uint8_t* const* rows, const std::int16_t* weights, int count, std::int16_t* mixed,
-             int length) {
+template <int KnownCount>
+void mixAllRows(const std::uint8_t* const* rows, const std::int16_t* weights, int anyCount,
+                std::int16_t* mixed, int length) {
+    const int count = KnownCount > 0 ? KnownCount : anyCount;
     const __m128i zero = _mm_setzero_si128();
     int i = 0;
     for (; i + bytesAtOnce <= length; i += bytesAtOnce) {
@@ -96,11 +96,22 @@ void mixRows(const std::uint8_t* const* rows, const std::int16_t* weights, int c
     }
 }
 
+} // namespace
+
+void mixRows(const std::uint8_t* const* rows, const std::int16_t* weights, int count, std::int16_t* mixed,
+             int length) {
+    if (count == 4) {
+        mixAllRows<4>(rows, weights, count, mixed, length);
+    } else {
+        mixAllRows<0>(rows, weights, count, mixed, length);
+    }
+}
+
 void mixColumns(const std::int16_t* mixed, const std::int32_t* starts, const std::int16_t* weights, int taps,
                 std::uint32_t* pixels, int count) {
     if (taps == 4) {
-        mixAll<4>(mixed, starts, weights, taps, pixels, count);
+        mixAllColumns<4>(mixed, starts, weights, taps, pixels, count);
     } else {
-        mixAll<0>(mixed, starts, weights, taps, pixels, count);
+        mixAllColumns<0>(mixed, starts, weights, taps, pixels, count);
     }
 }
