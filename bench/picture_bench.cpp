@@ -1,0 +1,272 @@
+// What pictures cost a redraw and a rebuilt page of tiles, beside decoding the same files with libpng alone,
+// and whether memory grows over 10,000 redraws. The art is made here, photograph-like, in the sizes of real
+// packs. Bare decoding and drawing take turns, so that a busy machine slows both.
+#include "config/settings.h"
+#include "platform/device_context.h"
+#include "platform/drawing.h"
+#include "render/composition.h"
+#include "state/shared_state.h"
+#include "support/temporary_folder.h"
+
+#include <benchmark/benchmark.h>
+#include <png.h>
+
+#include <cmath>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <ctime>
+#include <string>
+#include <vector>
+
+namespace {
+
+constexpr int gameCount = 40;
+
+// Processor time, which a busy machine disturbs least. Nothing here waits for anything.
+double secondsSince(std::clock_t start) {
+    return static_cast<double>(std::clock() - start) / CLOCKS_PER_SEC;
+}
+
+// Slow waves of colour with fine grain, as a scan of printed paper has.
+void writePhotograph(const std::string& path, png_uint_32 width, png_uint_32 height, unsigned seed) {
+    std::vector<png_byte> pixels;
+    unsigned noise = seed;
+    for (png_uint_32 i = 0; i < width * height; ++i) {
+        const double x = static_cast<double>(i % width) / 97;
+        const double y = static_cast<double>(i / width) / 61;
+        for (int channel = 0; channel < 3; ++channel) {
+            noise = noise * 1664525 + 1013904223;
+            const double wave = std::sin(x + channel + seed) + std::cos(y * 1.3 - x + channel * 0.7);
+            pixels.push_back(static_cast<png_byte>(128 + 55 * wave + static_cast<int>(noise >> 28)));
+        }
+    }
+    png_image image{};
+    image.version = PNG_IMAGE_VERSION;
+    image.width = width;
+    image.height = height;
+    image.format = PNG_FORMAT_RGB;
+    png_image_write_to_file(&image, path.c_str(), 0, pixels.data(), 0, nullptr);
+    png_image_free(&image);
+}
+
+// Rows as they come, into one block, by the plain calls.
+void decodeBare(const std::string& path) {
+    FILE* file = std::fopen(path.c_str(), "rb");
+    png_structp png = png_create_read_struct(PNG_LIBPNG_VER_STRING, nullptr, nullptr, nullptr);
+    png_infop info = png_create_info_struct(png);
+    png_init_io(png, file);
+    png_read_info(png, info);
+    const std::size_t stride = png_get_rowbytes(png, info);
+    std::vector<png_byte> pixels(stride * png_get_image_height(png, info));
+    std::vector<png_bytep> rows;
+    for (std::size_t offset = 0; offset < pixels.size(); offset += stride) {
+        rows.push_back(&pixels[offset]);
+    }
+    png_read_image(png, rows.data());
+    png_read_end(png, nullptr);
+    png_destroy_read_struct(&png, &info, nullptr);
+    std::fclose(file);
+    benchmark::DoNotOptimize(pixels.data());
+}
+
+double residentMegabytes() {
+    FILE* file = std::fopen("/proc/self/statm", "r");
+    long total = 0;
+    long resident = 0;
+    const int read = std::fscanf(file, "%ld %ld", &total, &resident);
+    std::fclose(file);
+    return read == 2 ? static_cast<double>(resident) * 4096 / 1e6 : 0;
+}
+
+struct ArtFolder {
+    const char* name;
+    char** setting;
+    png_uint_32 width;
+    png_uint_32 height;
+};
+
+const ArtFolder artFolders[] = {
+    {"marquees", &settings.marqueeDir, 1200, 360},
+    {"cabinets", &settings.cabinetDir, 600, 1200},
+    {"snaps", &settings.snapshotDir, 640, 480},
+    {"flyers", &settings.flyerDir, 1200, 1600},
+};
+
+// All games share the files of the first.
+void writeArt(png_uint_32 reduction) {
+    for (const ArtFolder& art : artFolders) {
+        writePhotograph(art.name + std::string("/g0.png"), art.width / reduction, art.height / reduction, 7);
+    }
+}
+
+// The catalogue and the art of the cabinet that is drawn.
+struct Cabinet {
+    Cabinet() : records(gameCount, GameRecord{}) {
+        iniPath = "missing.ini";
+        loadSettings();
+        for (const ArtFolder& art : artFolders) {
+            std::filesystem::create_directory(art.name);
+            std::free(*art.setting);
+            *art.setting = strdup(art.name);
+        }
+        writeArt(1);
+        for (int link = 0; link < gameCount * static_cast<int>(std::size(artFolders)); ++link) {
+            const std::string folder = artFolders[link / gameCount].name + std::string("/g");
+            if (link % gameCount > 0) {
+                std::filesystem::create_hard_link(folder + "0.png",
+                                                  folder + std::to_string(link % gameCount) + ".png");
+            }
+        }
+        for (int game = 0; game < gameCount; ++game) {
+            GameRecord& record = records[static_cast<std::size_t>(game)];
+            record.name = strdup(("g" + std::to_string(game)).c_str());
+            record.description = strdup(("A Game with a Title " + std::to_string(game)).c_str());
+            record.manufacturer = record.description;
+            record.year = 1985;
+            record.video = &video;
+            pointers.push_back(&record);
+        }
+        visibleGames = pointers.data();
+        visibleCount = gameCount;
+    }
+
+    char raster[7] = "raster";
+    VideoInfo video{raster, orientationHorizontal, 320, 240};
+    std::vector<GameRecord> records;
+    std::vector<GameRecord*> pointers;
+};
+
+struct Frame {
+    Frame(int width, int height) {
+        for (HDC* dc : {&backDC, &scratchDC}) {
+            *dc = CreateCompatibleDC(nullptr);
+            HBITMAP& bitmap = dc == &backDC ? backBitmap : scratchBitmap;
+            bitmap = CreateCompatibleBitmap(*dc, width, height);
+            SelectObject(*dc, bitmap);
+        }
+        browserDirty = 1;
+        topIndex = 0;
+        selectedIndex = 0;
+    }
+    ~Frame() {
+        for (const HDC dc : {backDC, scratchDC}) {
+            DeleteDC(dc);
+        }
+        DeleteObject(backBitmap);
+        DeleteObject(scratchBitmap);
+    }
+};
+
+struct Scene {
+    const char* name;
+    std::int32_t menuType;
+    std::int32_t rotation;
+    std::int32_t previewPictures;
+    bool rebuildsPage;
+    std::vector<std::string> files; // those that the redraw decodes, without the tiles
+};
+
+// Tiles of a page that lie in the catalogue.
+int tilesOnPage(int height, int width, std::int32_t rotation) {
+    const int run = rotation == 90 || rotation == -90 ? width : height;
+    const int pitch = settings.previewModeHeight + settings.previewModeSpacer;
+    return std::min((run - settings.previewModeSpacer - statusBarHeight) / pitch + 1, gameCount);
+}
+
+void measureScene(benchmark::State& state, const Scene& scene, int width, int height) {
+    settings.menuType = scene.menuType;
+    settings.orientation = scene.rotation;
+    settings.previewPictures = scene.previewPictures;
+    const Frame frame(width, height);
+    drawScreen(backDC, backBitmap);
+    std::vector<std::string> files = scene.files;
+    if (scene.rebuildsPage) {
+        files.insert(files.end(), static_cast<std::size_t>(tilesOnPage(height, width, scene.rotation)),
+                     "marquees/g0.png");
+    }
+    double drawing = 0;
+    double decoding = 0;
+    double copying = 0;
+    for ([[maybe_unused]] auto step : state) {
+        auto start = std::clock();
+        for (const std::string& file : files) {
+            decodeBare(file);
+        }
+        decoding += secondsSince(start);
+        start = std::clock();
+        BitBlt(scratchDC, 0, 0, width, height, backDC, 0, 0, SRCCOPY);
+        copying += secondsSince(start);
+        browserDirty = 1;
+        drawScreen(backDC, backBitmap); // the page again, which the copy has spoilt
+        browserDirty = scene.rebuildsPage ? 1 : 0;
+        start = std::clock();
+        drawScreen(backDC, backBitmap);
+        const double time = secondsSince(start);
+        drawing += time;
+        state.SetIterationTime(time);
+    }
+    const auto count = static_cast<double>(state.iterations());
+    state.counters["decoding_ms"] = decoding / count * 1e3;
+    state.counters["copy_ms"] = copying / count * 1e3;
+    state.counters["ratio"] = (drawing - copying) / decoding;
+}
+
+// Both views in turn, at all rotations, with small art: what is kept per redraw does not depend on its size.
+void measureMemory(benchmark::State& state) {
+    writeArt(10);
+    const Frame frame(640, 480);
+    const std::int32_t rotations[] = {0, 90, 180, -90};
+    double before = 0;
+    for ([[maybe_unused]] auto step : state) {
+        for (int redraw = 0; redraw < 10'000 + 100; ++redraw) {
+            settings.orientation = rotations[redraw % 4];
+            settings.menuType = redraw / 4 % 2 == 0 ? menuTypeListView : menuTypeImageBrowser;
+            settings.previewPictures = redraw / 8 % 5;
+            selectedIndex = redraw % gameCount;
+            browserDirty = redraw % 16 == 0 ? 1 : 0;
+            drawScreen(backDC, backBitmap);
+            before = redraw == 99 ? residentMegabytes() : before;
+        }
+    }
+    state.counters["MB_before"] = before;
+    state.counters["MB_after"] = residentMegabytes();
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    benchmark::Initialize(&argc, argv);
+    const TemporaryFolder folder;
+    const std::string marquee = "marquees/g0.png";
+    const std::string cabinet = "cabinets/g0.png";
+    const std::string snap = "snaps/g0.png";
+    const std::string flyer = "flyers/g0.png";
+    const Scene scenes[] = {
+        {"list/screen_shot", menuTypeListView, 0, previewScreenShots, false, {marquee, snap}},
+        {"list/flyer", menuTypeListView, 0, previewFlyers, false, {marquee, flyer}},
+        {"list/screen_shot/90", menuTypeListView, 90, previewScreenShots, false, {marquee, snap}},
+        {"list/flyer/180", menuTypeListView, 180, previewFlyers, false, {marquee, flyer}},
+        {"browser/screen_shot", menuTypeImageBrowser, 0, previewScreenShots, false, {cabinet, snap}},
+        {"browser/flyer/90", menuTypeImageBrowser, 90, previewFlyers, false, {cabinet, flyer}},
+        {"browser/new_page", menuTypeImageBrowser, 0, previewScreenShots, true, {cabinet, snap}},
+        {"browser/new_page/90", menuTypeImageBrowser, 90, previewScreenShots, true, {cabinet, snap}},
+    };
+    const Cabinet cabinetFolder;
+    for (const Scene& scene : scenes) {
+        for (const auto& [width, height] : {std::pair(1440, 1080), {1920, 1080}}) {
+            const std::string name = scene.name + ("/" + std::to_string(width));
+            benchmark::RegisterBenchmark(name.c_str(),
+                                         [&scene, width = width, height = height](benchmark::State& state) {
+                                             measureScene(state, scene, width, height);
+                                         })
+                ->UseManualTime()
+                ->Unit(benchmark::kMillisecond);
+        }
+    }
+    benchmark::RegisterBenchmark("10000_redraws", measureMemory)
+        ->Iterations(1)
+        ->Unit(benchmark::kMillisecond);
+    benchmark::RunSpecifiedBenchmarks();
+    return 0;
+}
