@@ -30,6 +30,7 @@ struct MediaWindow {
     bool playing = false; // as wanted by the messages so far
     bool repeating = false;
     bool guessed = false; // was placed before its size was known
+    bool resized = false; // the picture has to be drawn in the new size
     RECT place{};
 };
 
@@ -81,7 +82,9 @@ void openMedia(MediaWindow& media) {
         media.opened = true;
         media.player->open(media.path);
         media.player->setRepeating(media.repeating);
-        media.player->setPaused(!media.playing);
+        if (media.playing) {
+            media.player->setPaused(false);
+        }
     }
 }
 
@@ -121,12 +124,18 @@ void updateMedia(MediaWindow& media) {
     } else if (media.player->hasSize() && media.guessed) {
         shrinkIntoPlace(media);
     }
-    if (media.player->render(window->client) && !window->visible) {
-        ShowWindow(media.handle, SW_SHOW);
+    if (media.player->render(window->client, media.resized && window->visible)) {
+        media.resized = false;
+        if (!window->visible) {
+            ShowWindow(media.handle, SW_SHOW);
+        }
     }
 }
 
 void updateAll() {
+    for (const auto& player : idlePlayers) {
+        player->update();
+    }
     for (const auto& media : mediaWindows) {
         updateMedia(*media);
     }
@@ -192,6 +201,7 @@ LRESULT mediaProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) 
     case MCIWNDM_GET_DEST:
         return giveSize(*media, reinterpret_cast<RECT*>(lParam));
     case WM_SIZE:
+        media->resized = true;
         if (media->guessed) {
             media->place = placeInParent(*findWindow(window));
         }

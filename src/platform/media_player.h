@@ -30,7 +30,7 @@ public:
     // A paused file holds no sound device and decodes nothing; it goes on where it was.
     void setPaused(bool paused);
 
-    // Takes the news from the core.
+    // Takes the news from the core. To be called often, also for a player that has nothing to play.
     void update();
 
     // update, until the size is known, the file has failed or the time is over.
@@ -43,14 +43,18 @@ public:
     int width() const { return width_; }
     int height() const { return height_; }
 
-    // Draws the next picture, fitted into the surface, when it has come due; tells whether it has.
-    bool render(Surface& surface);
+    // Draws the next picture, fitted into the surface, when it has come due, or the present one again; tells
+    // whether it has.
+    bool render(Surface& surface, bool again);
 
 private:
     enum class State { idle, opening, started, sized, failed };
 
     MediaPlayer() = default;
     bool start();
+    bool pictureIsDue();
+    bool pictureIsEmpty();
+    void skipPicture();
     void command(const char* const* words, std::uint64_t number);
     void setProperty(const char* name, const char* value);
     void handle(const mpv_event& event);

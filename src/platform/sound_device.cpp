@@ -1,9 +1,9 @@
 #include "platform/sound_device.h"
 
+#include "platform/alsa_messages.h"
 #include "platform/file_io.h"
 
 #include <SDL.h>
-#include <alsa/asoundlib.h>
 
 #include <algorithm>
 #include <cstdlib>
@@ -34,9 +34,6 @@ bool deviceLives() {
     return false;
 }
 
-// A machine without a sound card is no error, and nobody at a cabinet reads the words.
-void dropMessage(const char*, int, const char*, int, const char*, ...) {}
-
 Mix_Chunk* loadChunk(const std::string& path) {
     std::string content;
     const FileDescriptor file = openPlainFile(path.c_str());
@@ -57,7 +54,7 @@ bool SoundDevice::open() {
     if (now < nextTry_) {
         return false;
     }
-    snd_lib_error_set_handler(dropMessage);
+    silenceAlsa();
     if (Mix_OpenAudioDevice(wantedFrequency, AUDIO_S16SYS, wantedChannels, bufferFrames, nullptr,
                             SDL_AUDIO_ALLOW_FREQUENCY_CHANGE) != 0) {
         SDL_QuitSubSystem(SDL_INIT_AUDIO);

@@ -1,0 +1,147 @@
+// What movies cost: how long the opening holds the caller up, what a long run through many of them leaves
+// behind, and the processor time of one that plays. Usage: media_bench [STEPS [MOVIE]]; MOVIE is played for
+// the processor time in place of a computed one of 640x480 at 60 pictures a second.
+#include "avi_writer.h"
+#include "platform/clock.h"
+#include "platform/display.h"
+#include "platform/media.h"
+#include "platform/window.h"
+#include "sounds.h"
+
+#include <algorithm>
+#include <chrono>
+#include <cstdio>
+#include <cstdlib>
+#include <ctime>
+#include <filesystem>
+#include <fstream>
+#include <string>
+#include <vector>
+
+namespace {
+
+using Clock = std::chrono::steady_clock;
+
+constexpr int tickMilliseconds = 100;
+
+double millisecondsSince(Clock::time_point start) {
+    return std::chrono::duration<double, std::milli>(Clock::now() - start).count();
+}
+
+std::string computedMovie(int width, int height, int framesPerSecond, int seconds) {
+    AviWriter writer({width, height, framesPerSecond, SoundRate});
+    for (int number = 0; number < framesPerSecond * seconds; ++number) {
+        std::vector<std::uint32_t> pixels;
+        for (int index = 0; index < width * height; ++index) {
+            const int x = index % width + 3 * number;
+            const int y = index / width + 2 * number;
+            pixels.push_back(
+                static_cast<std::uint32_t>(((x & 0xFF) << 16) | ((y & 0xFF) << 8) | ((x ^ y) & 0x7F)));
+        }
+        writer.addPicture(pixels);
+        writer.addSound(play({{0, 1.0 / framesPerSecond, 440, 0, 0.3, 0}}, 1.0 / framesPerSecond));
+    }
+    return writer.content();
+}
+
+HWND openMainWindow() {
+    WNDCLASSA windowClass{};
+    windowClass.lpfnWndProc = DefWindowProcA;
+    windowClass.lpszClassName = "Frame";
+    RegisterClassA(&windowClass);
+    const HWND window =
+        CreateWindowExA(0, "Frame", nullptr, WS_POPUP, 0, 0, 0, 0, nullptr, nullptr, nullptr, nullptr);
+    ShowWindow(window, SW_MAXIMIZE);
+    UpdateWindow(window);
+    return window;
+}
+
+// As the front end does it for a new frame.
+HWND playMovie(HWND parent, const std::string& file) {
+    const HWND movie = MCIWndCreateA(parent, nullptr, 0, file.c_str());
+    RECT size{};
+    SendMessageA(movie, MCIWNDM_GET_DEST, 0, reinterpret_cast<LPARAM>(&size));
+    SetWindowPos(movie, nullptr, 10, 10, std::min(size.right, 640), std::min(size.bottom, 480), 0);
+    SendMessageA(movie, MCI_PLAY, 0, 0);
+    SendMessageA(movie, MCIWNDM_SENDSTRINGA, 0, reinterpret_cast<LPARAM>("play repeat"));
+    return movie;
+}
+
+long countOf(const char* folder) {
+    return std::distance(std::filesystem::directory_iterator(folder), std::filesystem::directory_iterator());
+}
+
+long residentKilobytes() {
+    long pages = 0;
+    long resident = 0;
+    std::ifstream("/proc/self/statm") >> pages >> resident;
+    return resident * 4;
+}
+
+void printState(int step) {
+    std::printf("  after %5d steps: %6ld KiB resident, %ld threads, %ld files\n", step, residentKilobytes(),
+                countOf("/proc/self/task"), countOf("/proc/self/fd"));
+    std::fflush(stdout);
+}
+
+// A player who holds the stick: a step every tick, each with a movie that is closed by the next.
+void soak(HWND parent, const std::vector<std::string>& files, int steps) {
+    std::vector<double> holdUps;
+    HWND movie = nullptr;
+    for (int step = 0; step < steps; ++step) {
+        if (step % std::max(steps / 10, 1) == 0) {
+            printState(step);
+        }
+        const auto start = Clock::now();
+        SendMessageA(movie, WM_CLOSE, 0, 0);
+        movie = playMovie(parent, files[static_cast<std::size_t>(step) % files.size()]);
+        const double holdUp = millisecondsSince(start);
+        holdUps.push_back(holdUp);
+        Sleep(static_cast<DWORD>(std::max(1.0, tickMilliseconds - holdUp)));
+    }
+    printState(steps);
+    SendMessageA(movie, WM_CLOSE, 0, 0);
+    Sleep(500);
+    std::printf("  first opening, with the loading of the library: %.1f ms\n", holdUps[0]);
+    std::sort(holdUps.begin(), holdUps.end());
+    const auto share = [&](double part) {
+        return holdUps[static_cast<std::size_t>(part * (holdUps.size() - 1))];
+    };
+    std::printf("  hold-up of a tick: median %.1f ms, 99 of 100 below %.1f ms, most %.1f ms\n", share(0.5),
+                share(0.99), holdUps.back());
+}
+
+void playAlone(HWND parent, const std::string& file) {
+    constexpr int seconds = 10;
+    const HWND movie = playMovie(parent, file);
+    Sleep(2000);
+    const std::clock_t start = std::clock();
+    Sleep(seconds * 1000);
+    std::printf("  playing %s: %.1f%% of a processor\n", file.c_str(),
+                100.0 * static_cast<double>(std::clock() - start) / CLOCKS_PER_SEC / seconds);
+    SendMessageA(movie, WM_CLOSE, 0, 0);
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    const int steps = argc > 1 ? std::atoi(argv[1]) : 200;
+    char folder[] = "/tmp/media_bench.XXXXXX";
+    if (!mkdtemp(folder)) {
+        return 1;
+    }
+    const std::string path = folder;
+    std::vector<std::string> files;
+    for (int number = 0; number < 4; ++number) {
+        files.push_back(path + "/" + std::to_string(number) + ".avi");
+        std::ofstream(files.back(), std::ios::binary) << computedMovie(320 + 16 * number, 240, 20, 2);
+    }
+    files.push_back(path + "/damaged.avi");
+    std::ofstream(files.back(), std::ios::binary) << std::string(20000, '\x5A');
+    const std::string large = path + "/large.avi";
+    std::ofstream(large, std::ios::binary) << computedMovie(640, 480, 60, 4);
+    const HWND parent = openMainWindow();
+    soak(parent, files, steps);
+    playAlone(parent, argc > 2 ? argv[2] : large);
+    std::filesystem::remove_all(path);
+}

@@ -1,0 +1,176 @@
+#include "platform/media.h"
+
+#include "platform/window.h"
+#include "support/movie_files.h"
+#include "support/temporary_folder.h"
+
+#include <gtest/gtest.h>
+
+#include <sys/stat.h>
+
+namespace {
+
+constexpr int movieX = 100;
+constexpr int movieY = 60;
+
+class MediaTest : public ::testing::Test {
+protected:
+    void SetUp() override {
+        displaySetSize(640, 480);
+        WNDCLASSA windowClass{};
+        windowClass.lpfnWndProc = DefWindowProcA;
+        windowClass.lpszClassName = "Frame";
+        RegisterClassA(&windowClass);
+        parent = CreateWindowExA(0, "Frame", nullptr, WS_POPUP, 0, 0, 640, 480, nullptr, nullptr, nullptr,
+                                 nullptr);
+        ShowWindow(parent, SW_SHOW);
+        UpdateWindow(parent);
+    }
+
+    HWND open(const std::string& file) const { return MCIWndCreateA(parent, nullptr, 0, file.c_str()); }
+
+    // Opens, places at the natural size and plays; the answer of "play repeat".
+    HWND play(const std::string& file, LRESULT* answer = nullptr) const {
+        const HWND movie = open(file);
+        const RECT size = sizeOf(movie);
+        SetWindowPos(movie, nullptr, movieX, movieY, size.right, size.bottom, 0);
+        SendMessageA(movie, MCI_PLAY, 0, 0);
+        const LRESULT given =
+            SendMessageA(movie, MCIWNDM_SENDSTRINGA, 0, reinterpret_cast<LPARAM>("play repeat"));
+        if (answer) {
+            *answer = given;
+        }
+        return movie;
+    }
+
+    // The library is loaded with the first file, and its size is a guess by then.
+    static RECT sizeOf(HWND movie) {
+        RECT size{};
+        keepAliveUntil([&] {
+            SendMessageA(movie, MCIWNDM_GET_DEST, 0, reinterpret_cast<LPARAM>(&size));
+            return size.right < 20000;
+        });
+        return size;
+    }
+
+    static int shown() { return pictureNumberAt(movieX, movieY); }
+
+    TemporaryFolder folder;
+    HWND parent = nullptr;
+};
+
+TEST_F(MediaTest, RepeatsAMovieWithoutAnEmptyPicture) {
+    constexpr int pictures = 20;
+    play(folder.write("a.avi", numberedMovie(pictures, 25, 440)));
+    ASSERT_TRUE(keepAliveUntil([] { return shown() >= 0; }));
+    int last = shown();
+    int rounds = 0;
+    int gaps = 0;
+    ASSERT_TRUE(keepAliveUntil([&] {
+        const int now = shown();
+        EXPECT_GE(now, 0) << "the picture went";
+        if (now < last) {
+            EXPECT_LE(now, 3) << "back to the start, after " << last;
+            EXPECT_GE(last, pictures - 4);
+            ++rounds;
+        } else {
+            gaps += now > last + 3 ? 1 : 0;
+        }
+        last = now;
+        return rounds == 3 || HasFailure();
+    }));
+    EXPECT_EQ(gaps, 0);
+}
+
+TEST_F(MediaTest, PausesAndGoesOnWhereItWas) {
+    const HWND movie = play(folder.write("a.avi", numberedMovie(60, 15, 440)));
+    ASSERT_TRUE(keepAliveUntil([] { return shown() >= 5; }));
+    SendMessageA(movie, MCI_PAUSE, 0, 0);
+    keepAliveUntil([] { return false; }, 200);
+    const int paused = shown();
+    keepAliveUntil([] { return false; }, 600);
+    EXPECT_EQ(shown(), paused);
+    SendMessageA(movie, MCI_RESUME, 0, 0);
+    ASSERT_TRUE(keepAliveUntil([&] { return shown() != paused; }));
+    EXPECT_GT(shown(), paused);
+    EXPECT_LE(shown(), paused + 4);
+}
+
+TEST_F(MediaTest, LiesBetweenItsParentAndThePopupsAndEndsWithTheParent) {
+    const HWND popup = CreateWindowExA(0, "Frame", nullptr, WS_POPUP, movieX, movieY, 16, 480, parent,
+                                       nullptr, nullptr, nullptr);
+    ShowWindow(popup, SW_SHOW);
+    UpdateWindow(popup);
+    const HWND movie = play(folder.write("a.avi", numberedMovie(4, 10)));
+    keepAliveUntil([] { return shown() >= 0; }, 500);
+    EXPECT_EQ(shown(), -1) << "the popup covers the first column";
+    DestroyWindow(popup);
+    EXPECT_TRUE(keepAliveUntil([] { return shown() >= 0; }));
+    SendMessageA(movie, WM_CLOSE, 0, 0);
+    displayKeepAlive();
+    EXPECT_EQ(shown(), -1);
+    const HWND other = play(folder.pathOf("a.avi"));
+    EXPECT_TRUE(keepAliveUntil([] { return shown() >= 0; }));
+    DestroyWindow(parent);
+    RECT rect{};
+    EXPECT_FALSE(GetClientRect(other, &rect));
+}
+
+TEST_F(MediaTest, RefusesWhatIsNoMovieAndNeverWaitsForIt) {
+    sizeOf(open(folder.write("good.avi", numberedMovie(2, 10))));
+    std::filesystem::create_directory("folder.avi");
+    mkfifo("fifo.avi", 0600);
+    folder.write("empty.avi", "");
+    folder.write("noise.avi", std::string(5000, '\x5A'));
+    folder.write("playlist.avi", "#EXTM3U\n#EXT-X-TARGETDURATION:9\n#EXTINF:9,\ngood.avi\n#EXT-X-ENDLIST\n");
+    folder.write("concat.avi", "ffconcat version 1.0\nfile good.avi\n");
+    for (const char* name : {"absent.avi", "folder.avi", "fifo.avi", "empty.avi", "noise.avi", "playlist.avi",
+                             "concat.avi", "/dev/zero", "good.avi/"}) {
+        const auto start = std::chrono::steady_clock::now();
+        LRESULT answer = 0;
+        const HWND movie = play(name, &answer);
+        EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(5)) << name;
+        EXPECT_NE(answer, 0) << name;
+        EXPECT_NE(movie, nullptr) << name;
+        SendMessageA(movie, WM_CLOSE, 0, 0);
+    }
+}
+
+TEST_F(MediaTest, KnowsSizesFromOnePixelToFourThousand) {
+    for (const SIZE size : {SIZE{1, 1}, SIZE{63, 17}, SIZE{4000, 3000}}) {
+        AviWriter writer({size.cx, size.cy, 10, 0});
+        writer.addPicture(std::vector<std::uint32_t>(static_cast<std::size_t>(size.cx * size.cy), 0xFFFFFF));
+        const HWND movie = play(folder.write("a.avi", writer.content()));
+        const RECT found = sizeOf(movie);
+        EXPECT_EQ(found.right, size.cx);
+        EXPECT_EQ(found.bottom, size.cy);
+        SetWindowPos(movie, nullptr, 0, 0, 64, 64, 0);
+        const auto middle = [] { return displayPixels().pixels[32 * displayPixels().stride + 32] & 0xFF; };
+        EXPECT_TRUE(keepAliveUntil([&] { return middle() > 0xF0; })) << size.cx;
+        SendMessageA(movie, WM_CLOSE, 0, 0);
+        displayKeepAlive();
+        EXPECT_EQ(middle(), 0U);
+    }
+}
+
+TEST_F(MediaTest, ManyOpeningsLeaveNothingBehind) {
+    const std::string file = folder.write("a.avi", numberedMovie(4, 10, 440));
+    const auto count = [](const char* path) {
+        return std::distance(std::filesystem::directory_iterator(path),
+                             std::filesystem::directory_iterator());
+    };
+    const auto openAndClose = [&](int times) {
+        for (int index = 0; index < times; ++index) {
+            SendMessageA(play(file), WM_CLOSE, 0, 0);
+        }
+        keepAliveUntil([] { return false; }, 300);
+    };
+    openAndClose(5);
+    const auto files = count("/proc/self/fd");
+    const auto threads = count("/proc/self/task");
+    openAndClose(60);
+    EXPECT_LE(count("/proc/self/fd"), files);
+    EXPECT_LE(count("/proc/self/task"), threads);
+}
+
+} // namespace

@@ -1,0 +1,153 @@
+#include "platform/sound.h"
+
+#include "platform/virtual_clock.h"
+#include "riff.h"
+#include "sounds.h"
+#include "support/heard.h"
+#include "support/temporary_folder.h"
+
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <sys/stat.h>
+#include <thread>
+
+namespace {
+
+constexpr int deviceRate = 48000;
+
+void pass(int milliseconds) {
+    std::this_thread::sleep_for(std::chrono::milliseconds(milliseconds));
+}
+
+// The device writes what it would play into a file, at the speed of a real one.
+class SoundTest : public ::testing::Test {
+protected:
+    void SetUp() override {
+        setenv("SDL_AUDIODRIVER", "disk", 1);
+        setenv("SDL_DISKAUDIOFILE", folder.pathOf("heard.raw").c_str(), 1);
+    }
+
+    // Milliseconds of virtual time that a synchronous sound takes.
+    static std::int64_t lengthOf(const std::string& file, BOOL expected) {
+        const std::int64_t start = virtualClockMilliseconds();
+        EXPECT_EQ(PlaySoundA(file.c_str(), nullptr, SND_SYNC | SND_FILENAME | SND_NODEFAULT), expected)
+            << file;
+        return virtualClockMilliseconds() - start;
+    }
+
+    std::string tone(const char* name, double pitch, double seconds) const {
+        return folder.write(name, waveFile(play({{0, seconds, pitch, 0, 0.9, 0}}, seconds)));
+    }
+
+    std::string recorded() const {
+        return heard(folder.read("heard.raw"), deviceRate, {{'A', 400}, {'B', 1000}});
+    }
+
+    TemporaryFolder folder;
+};
+
+struct Coding {
+    const char* name;
+    std::uint32_t tag; // 1 PCM, 3 float, 17 IMA ADPCM
+    std::uint32_t channels;
+    std::uint32_t rate;
+    std::uint32_t bits;
+};
+
+// A fifth of a second of silence.
+std::string wave(const Coding& coding) {
+    const bool adpcm = coding.tag == 17;
+    const std::uint32_t block = adpcm ? 256 * coding.channels : coding.channels * coding.bits / 8;
+    constexpr std::uint32_t samplesPerBlock = 505;
+    std::string format;
+    appendNumber(format, coding.tag, 2);
+    appendNumber(format, coding.channels, 2);
+    appendNumber(format, coding.rate, 4);
+    appendNumber(format, adpcm ? coding.rate * block / samplesPerBlock : coding.rate * block, 4);
+    appendNumber(format, block, 2);
+    appendNumber(format, coding.bits, 2);
+    if (adpcm) {
+        appendNumber(format, 2, 2);
+        appendNumber(format, samplesPerBlock, 2);
+    }
+    const std::uint32_t blocks = coding.rate / 5 / (adpcm ? samplesPerBlock : 1);
+    return riffChunk("RIFF",
+                     "WAVE" + riffChunk("fmt ", format) +
+                         riffChunk("data", std::string(blocks * block, coding.bits == 8 ? '\x80' : '\0')));
+}
+
+TEST_F(SoundTest, PlaysEveryCodingForItsLength) {
+    constexpr Coding codings[] = {
+        {"8.wav", 1, 1, 11025, 8},      {"16.wav", 1, 2, 44100, 16},    {"24.wav", 1, 2, 48000, 24},
+        {"float.wav", 3, 1, 22050, 32}, {"adpcm.wav", 17, 1, 22050, 4}, {"wrong.mp3", 1, 2, 96000, 16},
+    };
+    for (const Coding& coding : codings) {
+        EXPECT_NEAR(lengthOf(folder.write(coding.name, wave(coding)), TRUE), 235, 40) << coding.name;
+    }
+    std::string lying = wave(codings[1]);
+    lying.replace(40, 4, "\xFF\xFF\xFF\x7F");
+    EXPECT_NEAR(lengthOf(folder.write("lying.wav", lying), TRUE), 235, 40);
+}
+
+TEST_F(SoundTest, WhatCannotBePlayedTakesNoTime) {
+    std::filesystem::create_directory("folder.wav");
+    mkfifo("fifo.wav", 0600);
+    folder.write("empty.wav", "");
+    folder.write("noise.wav", std::string(3000, '\x5A'));
+    folder.write("head.wav", wave({"", 1, 1, 11025, 8}).substr(0, 30));
+    folder.write("nothing.wav", waveFile({}));
+    for (const char* file : {"absent.wav", "folder.wav", "fifo.wav", "empty.wav", "noise.wav", "head.wav",
+                             "nothing.wav", "/dev/zero"}) {
+        EXPECT_EQ(lengthOf(file, FALSE), 0) << file;
+    }
+}
+
+TEST_F(SoundTest, ANewSoundCutsOffTheOld) {
+    const std::string low = tone("low.wav", 400, 2);
+    const std::string high = tone("high.wav", 1000, 0.2);
+    PlaySoundA(low.c_str(), nullptr, SND_ASYNC);
+    pass(400);
+    PlaySoundA(high.c_str(), nullptr, SND_ASYNC);
+    pass(500);
+    PlaySoundA(low.c_str(), nullptr, SND_ASYNC);
+    pass(300);
+    std::filesystem::remove(low); // a sound goes on without its file
+    pass(100);
+    PlaySoundA(nullptr, nullptr, 0);
+    pass(300);
+    const std::string letters = recorded();
+    std::string told = order(letters);
+    std::erase(told, '?'); // a slice may hold the end of one and the start of the next
+    EXPECT_EQ(told.substr(0, 1) == "." ? told.substr(1) : told, "AB.A.") << letters;
+    EXPECT_LT(std::count(letters.begin(), letters.end(), 'A'), 1000 / sliceMilliseconds);
+    EXPECT_NEAR(std::count(letters.begin(), letters.end(), 'B') * sliceMilliseconds, 200, 60) << letters;
+}
+
+TEST_F(SoundTest, GivesTheDeviceUpAndOpensItAgain) {
+    const auto recordingGrows = [&] {
+        const auto before = std::filesystem::file_size("heard.raw");
+        pass(150);
+        return std::filesystem::file_size("heard.raw") > before;
+    };
+    const std::string sound = tone("low.wav", 400, 0.4);
+    PlaySoundA(sound.c_str(), nullptr, SND_ASYNC);
+    pass(150);
+    EXPECT_TRUE(recordingGrows());
+    soundGiveUp();
+    pass(300);
+    EXPECT_EQ(order(recorded()).back(), '.') << "the sound was played to its end";
+    EXPECT_FALSE(recordingGrows());
+    PlaySoundA(sound.c_str(), nullptr, SND_ASYNC);
+    pass(150);
+    EXPECT_TRUE(recordingGrows());
+}
+
+TEST_F(SoundTest, AMachineWithoutSoundIsSilentAtOnce) {
+    setenv("SDL_AUDIODRIVER", "no such driver", 1);
+    testing::internal::CaptureStderr();
+    EXPECT_EQ(lengthOf(tone("low.wav", 400, 2), FALSE), 0);
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
+}
+
+} // namespace
