@@ -38,8 +38,10 @@ inline unsigned sampleAt(const PngForm& form, int x, int y, int channel) {
     if (form.evenColor >= 0) {
         return static_cast<unsigned>(form.evenColor);
     }
-    const unsigned mixed =
-        static_cast<unsigned>(x * 7919 + y * 104729 + channel * 1299709 + x * y) * 2654435761U;
+    const auto column = static_cast<unsigned>(x);
+    const auto row = static_cast<unsigned>(y);
+    const unsigned place = column * 7919 + row * 104729 + static_cast<unsigned>(channel) * 1299709;
+    const unsigned mixed = (place + column * row) * 2654435761U;
     return mixed >> (32 - form.depth);
 }
 
