@@ -74,20 +74,6 @@ void setColor(cairo_t* cairo, COLORREF color) {
                          (color >> 16 & 0xFF) / 255.0);
 }
 
-// cairo sets the byte that a pixel does not use.
-void clearUnusedBytes(Surface& surface, const RoundedPath& path, int penWidth) {
-    const auto inside = [](double value, int size) {
-        return static_cast<int>(std::clamp(value, 0.0, static_cast<double>(size)));
-    };
-    const int left = inside(path.left - penWidth, surface.width);
-    const int right = inside(path.right + penWidth, surface.width);
-    for (int y = inside(path.top - penWidth, surface.height);
-         y < inside(path.bottom + penWidth, surface.height); ++y) {
-        std::transform(surface.row(y) + left, surface.row(y) + right, surface.row(y) + left,
-                       [](std::uint32_t pixel) { return pixel & 0xFFFFFF; });
-    }
-}
-
 void drawPath(Surface& surface, const RoundedPath& path, const Pen& pen, const COLORREF* inside) {
     const CairoSurface target(cairo_image_surface_create_for_data(
         reinterpret_cast<unsigned char*>(surface.pixels.get()), CAIRO_FORMAT_RGB24, surface.width,
@@ -102,7 +88,9 @@ void drawPath(Surface& surface, const RoundedPath& path, const Pen& pen, const C
     cairo_set_line_width(cairo.get(), pen.width);
     cairo_stroke(cairo.get());
     cairo_surface_flush(target.get());
-    clearUnusedBytes(surface, path, pen.width);
+    const auto first = [&](double place) { return static_cast<std::int64_t>(place) - pen.width; };
+    const auto last = [&](double place) { return static_cast<std::int64_t>(place) + pen.width; };
+    surface.clearUnusedBytes({first(path.left), first(path.top), last(path.right), last(path.bottom)});
     surface.changed = true;
 }
 

@@ -7,6 +7,21 @@ namespace {
 
 constexpr int largestSide = 32767;
 
+struct PixelArea {
+    int left;
+    int top;
+    int right;
+    int bottom;
+};
+
+PixelArea cut(const Area& area, int width, int height) {
+    const auto within = [](std::int64_t place, int size) {
+        return static_cast<int>(std::clamp<std::int64_t>(place, 0, size));
+    };
+    return {within(area.left, width), within(area.top, height), within(area.right, width),
+            within(area.bottom, height)};
+}
+
 } // namespace
 
 bool Surface::resize(int newWidth, int newHeight) {
@@ -28,10 +43,7 @@ bool Surface::resize(int newWidth, int newHeight) {
 }
 
 void Surface::fill(const Area& area, std::uint32_t pixel) {
-    const int left = static_cast<int>(std::clamp<std::int64_t>(area.left, 0, width));
-    const int top = static_cast<int>(std::clamp<std::int64_t>(area.top, 0, height));
-    const int right = static_cast<int>(std::clamp<std::int64_t>(area.right, 0, width));
-    const int bottom = static_cast<int>(std::clamp<std::int64_t>(area.bottom, 0, height));
+    const auto [left, top, right, bottom] = cut(area, width, height);
     if (left >= right || top >= bottom) {
         return;
     }
@@ -41,4 +53,14 @@ void Surface::fill(const Area& area, std::uint32_t pixel) {
         std::memcpy(row(y) + left, first, static_cast<std::size_t>(right - left) * sizeof(pixel));
     }
     changed = true;
+}
+
+void Surface::clearUnusedBytes(const Area& area) {
+    const auto [left, top, right, bottom] = cut(area, width, height);
+    for (int y = top; y < bottom; ++y) {
+        std::uint32_t* line = row(y);
+        for (int x = left; x < right; ++x) {
+            line[x] &= 0x00FFFFFF;
+        }
+    }
 }

@@ -34,6 +34,10 @@ struct Surface {
     // Sets every pixel of the area, cut to the surface; an empty or reversed area sets none.
     void fill(const Area& area, std::uint32_t pixel);
 
+    // Sets the unused byte of every pixel of the area to 0: the drawing library leaves something there when
+    // it blends.
+    void clearUnusedBytes(const Area& area);
+
     std::uint32_t* row(int y) const {
         return pixels.get() + static_cast<std::size_t>(y) * static_cast<std::size_t>(width);
     }

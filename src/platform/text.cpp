@@ -127,17 +127,6 @@ private:
     std::size_t count_ = 0;
 };
 
-// The drawing library leaves something in the unused byte of the pixels that it blends.
-void clearUnusedBytes(Surface& surface, const Area& area) {
-    const auto left = std::clamp<std::int64_t>(area.left, 0, surface.width);
-    const auto right = std::clamp<std::int64_t>(area.right, 0, surface.width);
-    const auto bottom = std::min<std::int64_t>(area.bottom, surface.height);
-    for (auto y = std::max<std::int64_t>(area.top, 0); y < bottom; ++y) {
-        std::uint32_t* row = surface.row(static_cast<int>(y));
-        std::for_each(row + left, row + right, [](std::uint32_t& pixel) { pixel &= 0x00FFFFFF; });
-    }
-}
-
 // The pixels that the glyphs of a text can have touched, with two to spare for hinting.
 Area inkArea(const FontObject& font, const Placement& placement, std::int64_t width) {
     const FontFace& face = *font.face;
@@ -198,7 +187,7 @@ BOOL TextOutA(HDC dc, int x, int y, LPCSTR text, int length) {
         surface.fill(placement.screenArea({0, 0, width, font->height()}), pixelOf(context->backgroundColor));
     }
     GlyphPainter(surface, *font, placement, context->textColor).paint(text, length);
-    clearUnusedBytes(surface, inkArea(*font, placement, width));
+    surface.clearUnusedBytes(inkArea(*font, placement, width));
     surface.changed = true;
     return TRUE;
 }
