@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <atomic>
 #include <filesystem>
+#include <fontconfig/fontconfig.h>
 #include <functional>
 #include <system_error>
 #include <thread>
@@ -172,6 +173,9 @@ bool writeArtPack(const std::string& folder, std::string& problem) {
     for (unsigned i = 0; i < std::clamp(std::thread::hardware_concurrency(), 1u, MostThreads); ++i)
         workers.emplace_back(work);
     workers.clear();
+    // The stores of letters would count as lost memory at the end of the program.
+    cairo_debug_reset_static_data();
+    FcFini();
     if (!whole)
         problem = "cannot write the pictures in " + folder;
     return whole;
