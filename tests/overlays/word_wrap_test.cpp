@@ -1,0 +1,76 @@
+#include "overlays/word_wrap.h"
+
+#include "platform/drawing.h"
+#include "render/primitives.h"
+#include "support/popup_fixture.h"
+
+#include <cstdlib>
+#include <string>
+#include <vector>
+
+namespace {
+
+class WordWrapTest : public PopupTest {
+protected:
+    WordWrapTest() { selectFont(dc, settings.fontFace, 18, 0, 0); }
+    ~WordWrapTest() override { DeleteDC(dc); }
+
+    // Wraps a line in a window as wide as a text, with a bar behind each piece.
+    std::string wrap(const std::string& line, const std::string& width) {
+        const LONG limit = textWidth(dc, width.c_str());
+        MoveWindow(mainWindow, 0, 0, isQuarterTurn(settings.orientation) ? 20 : limit + 12,
+                   isQuarterTurn(settings.orientation) ? limit + 12 : 20, FALSE);
+        const char* lines[] = {line.c_str()};
+        std::int32_t count = -1;
+        char** pieces = wordWrapText(mainWindow, dc, lines, 1, &count);
+        std::string result;
+        for (std::int32_t piece = 0; piece < count; ++piece) {
+            result += std::string(pieces[piece]) + "|";
+            std::free(pieces[piece]);
+        }
+        std::free(static_cast<void*>(pieces));
+        return result;
+    }
+
+    HDC dc = CreateCompatibleDC(nullptr);
+};
+
+TEST_F(WordWrapTest, CutsAtWhiteSpaceAndWideWordsAtTheEdge) {
+    const struct {
+        const char* line;
+        const char* width;
+        const char* expected;
+    } rows[] = {
+        {"", "mm", "|"},
+        {"one two", "one two", "one two|"},
+        {"one two", "one tw", "one|two|"},
+        {"one two", "one ", "one|two|"},
+        {"one two", "one", "one|two|"},
+        {"one\ttwo\vthree", "three", "one|two|three|"},
+        {"one  two", "one two", "one |two|"},
+        {"one two ", "one two", "one two|"},
+        {"mmmmmm", "mmm", "mmm|mmm|"},
+        {"mmmmm mm", "mm", "mm|mm|m|mm|"},
+        {"ii mmmmm", "mm", "ii|mm|mm|m|"},
+        {"mm", "", "m|m|"},
+        {"m", "i", "m|"},
+        {" mm", "m", "|m|m|"},
+    };
+    for (const std::int32_t rotation : {0, 90, 180, -90}) {
+        settings.orientation = rotation;
+        for (const auto& row : rows) {
+            EXPECT_EQ(wrap(row.line, row.width), row.expected) << row.line << " in " << row.width;
+        }
+    }
+}
+
+TEST_F(WordWrapTest, TellsWhenItCannotMeasure) {
+    const char* lines[] = {"text", ""};
+    std::int32_t count = -1;
+    testing::internal::CaptureStdout();
+    EXPECT_EQ(wordWrapText(mainWindow, nullptr, lines, 2, &count), nullptr);
+    EXPECT_EQ(testing::internal::GetCapturedStdout(), "GetTextExtentPoint32 failed in wordWrapText()!");
+    EXPECT_EQ(count, 0);
+}
+
+} // namespace
