@@ -1,0 +1,167 @@
+#include "config/settings.h"
+#include "platform/joystick.h"
+#include "platform/window.h"
+#include "support/front_end.h"
+
+#include <gtest/gtest.h>
+
+#include <map>
+#include <set>
+
+namespace {
+
+// The keys that the menu saves, with what the file holds.
+std::map<std::string, std::string> savedState(const FrontEnd& frontEnd) {
+    std::map<std::string, std::string> state;
+    for (const char* key : {"MenuType", "Fontface", "Fontsize", "StatusBarFontFace", "StatusBarFontSize",
+                            "MenuFontSize", "ShowStatusBar", "PreviewPictures", "Orientation"}) {
+        state[key] = frontEnd.get("Settings", key);
+    }
+    for (const char* key : {"DisplayMissingRoms", "DisplayVertical", "DisplayHorizontal", "DisplayClones",
+                            "DisplayNeoGeo", "DisplayNonNeoGeo", "DisplayVector", "DisplayRaster",
+                            "MinPlayers", "MaxPlayers", "MinButtons", "MaxButtons", "MinCoins", "MaxCoins"}) {
+        state[key] = frontEnd.get("RomOptions", key);
+    }
+    return state;
+}
+
+// Opens the menu at 150 ms, steps every line once if asked to, and leaves it and the program.
+std::map<std::string, std::string> visitMenu(FrontEnd& frontEnd, bool change) {
+    frontEnd.restart();
+    frontEnd.tap(150, SDL_SCANCODE_2);
+    std::int64_t time = 350;
+    for (int line = 0; change && line < 23; ++line) {
+        frontEnd.tap(time, SDL_SCANCODE_RIGHT);
+        frontEnd.tap(time + 100, SDL_SCANCODE_DOWN);
+        time += 200;
+    }
+    frontEnd.tap(time, SDL_SCANCODE_ESCAPE);
+    EXPECT_EQ(frontEnd.run(time + 1200), 0);
+    return savedState(frontEnd);
+}
+
+TEST(Popups, EveryLineOfTheMenuIsKeptAcrossAStart) {
+    FrontEnd frontEnd;
+    frontEnd.writeGames(5);
+    const auto first = visitMenu(frontEnd, false);
+    EXPECT_EQ(first.at("Fontface"), "Arial");
+    EXPECT_EQ(first.at("Orientation"), "Normal");
+    const auto changed = visitMenu(frontEnd, true);
+    for (const auto& [key, value] : first) {
+        EXPECT_NE(changed.at(key), value) << key;
+    }
+    EXPECT_EQ(changed.at("MenuType"), "ImageBrowser");
+    EXPECT_EQ(changed.at("Orientation"), "Inverted");
+    EXPECT_EQ(changed.at("MaxCoins"), "0") << "8 wraps to 0";
+    EXPECT_EQ(visitMenu(frontEnd, false), changed);
+}
+
+TEST(Popups, TheMenuHidesGamesAndKeepsTheSelectionWhereItCan) {
+    FrontEnd frontEnd;
+    frontEnd.writeGames(6);
+    frontEnd.addRom("g002");
+    frontEnd.addRom("g004");
+    frontEnd.set("System", "SelectedGame", "g004");
+    frontEnd.tap(150, SDL_SCANCODE_2);
+    for (int line = 0; line < 6; ++line) {
+        frontEnd.tap(350 + 100 * line, SDL_SCANCODE_DOWN);
+    }
+    frontEnd.tap(950, SDL_SCANCODE_RIGHT); // missing games: no
+    frontEnd.tap(1050, SDL_SCANCODE_ESCAPE);
+    frontEnd.at(1900, [] {
+        EXPECT_EQ(visibleCount, 2);
+        EXPECT_EQ(FrontEnd::selectedName(), "g004");
+    });
+    EXPECT_EQ(frontEnd.run(2200), 0);
+}
+
+TEST(Popups, AStopOfTheMachineEndsPopupAndProgramAndKeepsTheAnswers) {
+    for (const SDL_Scancode popup : {SDL_SCANCODE_2, SDL_SCANCODE_LCTRL}) {
+        FrontEnd frontEnd;
+        frontEnd.writeGames(3);
+        frontEnd.folder().write("mameinfo.dat", "$info=g000\n$mame\nText\n\n$end\n");
+        frontEnd.tap(150, popup);
+        frontEnd.tap(350, SDL_SCANCODE_RIGHT);
+        frontEnd.at(550, [] { pushEvent(SDL_QUIT); });
+        EXPECT_EQ(frontEnd.runToEnd(), 0);
+        EXPECT_LT(frontEnd.elapsed(), 1500);
+        EXPECT_EQ(frontEnd.get("Settings", "MenuType"),
+                  popup == SDL_SCANCODE_2 ? "ImageBrowser" : "ListView");
+    }
+}
+
+TEST(Popups, ExitAndMenuInOneTickEndTheProgram) {
+    FrontEnd frontEnd;
+    frontEnd.writeGames(3);
+    frontEnd.tap(150, SDL_SCANCODE_2);
+    frontEnd.tap(150, SDL_SCANCODE_ESCAPE);
+    EXPECT_EQ(frontEnd.runToEnd(), 0);
+    EXPECT_LT(frontEnd.elapsed(), 1500);
+}
+
+// How long the command of the GameInfo key holds the tick up, told by what the Down key behind it does.
+TEST(Popups, InformationIsTheGamesOwnOrThatOfItsVisibleParent) {
+    FrontEnd frontEnd;
+    frontEnd.folder().write("listinfo.dat", FrontEnd::block("a") + FrontEnd::block("b", "\tcloneof a\n") +
+                                                FrontEnd::block("c", "\tcloneof zzz\n"));
+    frontEnd.folder().write("mameinfo.dat", "$info=a\r\n$mame\r\nText\r\n\r\nMore\r\n\r\n$end\r\n");
+    const struct {
+        const char* game;
+        bool hasText;
+    } rows[] = {{"a", true}, {"b", true}, {"c", false}};
+    for (const auto& row : rows) {
+        frontEnd.restart();
+        frontEnd.set("System", "SelectedGame", row.game);
+        frontEnd.set("Settings", "InvertPlayer2Screen", "1");
+        frontEnd.tap(150, SDL_SCANCODE_LCTRL);
+        frontEnd.tap(350, SDL_SCANCODE_F); // player 2 scrolls, and the text turns
+        frontEnd.at(490, [row] { EXPECT_EQ(settings.orientation, row.hasText ? 180 : 0) << row.game; });
+        frontEnd.tap(550, SDL_SCANCODE_Q);
+        frontEnd.at(1400, [row] { EXPECT_EQ(FrontEnd::selectedName(), row.game) << "the list stood still"; });
+        EXPECT_EQ(frontEnd.run(2200), 0);
+    }
+}
+
+// The one joystick of a cabinet: browse, read, change an option, start a game, leave.
+TEST(Popups, AJoystickAloneReachesEverything) {
+    FrontEnd frontEnd;
+    frontEnd.writeGames(3);
+    frontEnd.addRom("g001");
+    const std::string script = "#!/bin/sh\necho \"$1\" > " + frontEnd.folder().pathOf("played") + "\n";
+    frontEnd.set("Settings", "Mame.exe", frontEnd.folder().write("emulator", script));
+    std::filesystem::permissions("emulator", std::filesystem::perms::all);
+    frontEnd.folder().write("mameinfo.dat", "$info=g001\n$mame\nText\n\n$end\n");
+    const std::pair<const char*, const char*> codes[] = {
+        {"SelectUp", "203"}, {"SelectDown", "202"}, {"SelectPageUp", "201"}, {"SelectPageDown", "200"},
+        {"StartGame", "1"},  {"ShowMenu", "256"},   {"GameInfo", "64"},      {"Exit", "512"}};
+    for (const auto& [key, code] : codes) {
+        frontEnd.set("JoystickMappings", key, code);
+    }
+    JOYINFO unplugged{};
+    ASSERT_EQ(joyGetPos(0, &unplugged), JOYERR_UNPLUGGED); // starts the joysticks as the front end does
+    static SDL_Joystick* pad = nullptr;
+    pad = SDL_JoystickOpen(SDL_JoystickAttachVirtual(SDL_JOYSTICK_TYPE_GAMECONTROLLER, 2, 12, 1));
+    const auto push = [&](std::int64_t time, int axis, Sint16 position) {
+        frontEnd.at(time, [=] { SDL_JoystickSetVirtualAxis(pad, axis, position); });
+        frontEnd.at(time + 90, [=] { SDL_JoystickSetVirtualAxis(pad, axis, 0); });
+    };
+    const auto press = [&](std::int64_t time, int number) {
+        frontEnd.at(time, [=] { SDL_JoystickSetVirtualButton(pad, number, 1); });
+        frontEnd.at(time + 90, [=] { SDL_JoystickSetVirtualButton(pad, number, 0); });
+    };
+    push(150, 1, 32767);
+    press(350, 6);        // information
+    press(750, 6);        // and away
+    press(1850, 8);       // menu
+    push(2050, 0, 32767); // the first line
+    press(2250, 9);       // away: the front end itself goes on
+    frontEnd.at(3200, [] { EXPECT_EQ(settings.menuType, menuTypeImageBrowser); });
+    press(4050, 0); // the game
+    press(7050, 9);
+    EXPECT_EQ(frontEnd.runToEnd(), 0);
+    EXPECT_EQ(frontEnd.folder().read("played"), "g001\n");
+    EXPECT_EQ(frontEnd.get("Settings", "MenuType"), "ImageBrowser");
+    EXPECT_LT(frontEnd.elapsed(), 8000);
+}
+
+} // namespace
