@@ -1,0 +1,106 @@
+#include "render/attract_movie.h"
+
+#include "config/settings.h"
+#include "platform/media.h"
+#include "platform/window.h"
+#include "state/shared_state.h"
+#include "support/movie_files.h"
+#include "support/temporary_folder.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+class AttractMovieTest : public ::testing::Test {
+protected:
+    void SetUp() override {
+        displaySetSize(640, 480);
+        WNDCLASSA windowClass{};
+        windowClass.lpfnWndProc = DefWindowProcA;
+        windowClass.lpszClassName = "Frame";
+        RegisterClassA(&windowClass);
+        mainWindow = CreateWindowExA(0, "Frame", nullptr, WS_POPUP, 0, 0, 640, 480, nullptr, nullptr, nullptr,
+                                     nullptr);
+        std::filesystem::create_directory("attracts");
+        settings.attractDir = directory;
+        game.name = name;
+        game.cloneOf = parent;
+        write("warmup", 16, 16);
+        playUntilKnown("warmup");
+    }
+
+    void write(const std::string& stem, int width, int height) const {
+        AviWriter writer({width, height, 10, 0});
+        writer.addPicture(std::vector<std::uint32_t>(static_cast<std::size_t>(width * height), 0xFFFFFF));
+        folder.write("attracts/" + stem + ".avi", writer.content());
+    }
+
+    // The first movie loads the library, and its size is a guess meanwhile.
+    void playUntilKnown(const std::string& stem) const {
+        const HWND window = MCIWndCreateA(mainWindow, nullptr, 0, ("attracts/" + stem + ".avi").c_str());
+        ASSERT_TRUE(keepAliveUntil([&] {
+            RECT size{};
+            SendMessageA(window, MCIWNDM_GET_DEST, 0, reinterpret_cast<LPARAM>(&size));
+            return size.right == 16;
+        }));
+        SendMessageA(window, WM_CLOSE, 0, 0);
+    }
+
+    TemporaryFolder folder;
+    char directory[9] = "attracts";
+    char name[6] = "clone";
+    char parent[7] = "parent";
+    GameRecord game{};
+};
+
+TEST_F(AttractMovieTest, FitsTheMovieWithoutEnlargingIt) {
+    struct Case {
+        SIZE movie;
+        POINT corner; // in an area of (320, 240) to (620, 440), which is 300 by 200
+        SIZE window;
+    };
+    constexpr Case cases[] = {
+        {{300, 100}, {320, 290}, {300, 100}}, // as wide as the area
+        {{100, 50}, {420, 315}, {100, 50}},
+        {{100, 301}, {420, 189}, {100, 301}}, // higher than the area, and not looked at
+        {{600, 100}, {320, 315}, {300, 50}},
+        {{400, 400}, {370, 240}, {200, 200}}, // the height decides
+    };
+    for (const Case& fit : cases) {
+        write("clone", fit.movie.cx, fit.movie.cy);
+        RECT area{};
+        // On a busy machine the size may come too late for a try.
+        keepAliveUntil([&] {
+            closeAttractMovie();
+            area = {320, 240, 620, 440};
+            EXPECT_EQ(playAttractMovie(&game, &area), 1);
+            return area.left == fit.corner.x;
+        });
+        RECT window{};
+        GetClientRect(movieWindow, &window);
+        EXPECT_EQ(area.left, fit.corner.x) << fit.movie.cx;
+        EXPECT_EQ(area.top, fit.corner.y) << fit.movie.cx;
+        EXPECT_EQ(window.right, fit.window.cx) << fit.movie.cx;
+        EXPECT_EQ(window.bottom, fit.window.cy) << fit.movie.cx;
+        EXPECT_EQ(area.right, 620);
+        closeAttractMovie();
+        EXPECT_EQ(movieWindow, nullptr);
+    }
+}
+
+TEST_F(AttractMovieTest, ACloneWithoutAMovieShowsThatOfItsParent) {
+    RECT area{0, 0, 300, 200};
+    EXPECT_EQ(playAttractMovie(&game, &area), 0);
+    EXPECT_EQ(movieWindow, nullptr);
+    write("parent", 100, 50);
+    EXPECT_EQ(playAttractMovie(&game, &area), 1);
+    EXPECT_NE(movieWindow, nullptr);
+    folder.write("attracts/clone.avi", "damaged");
+    EXPECT_TRUE(keepAliveUntil([&] {
+        closeAttractMovie();
+        return playAttractMovie(&game, &area) == 0;
+    })) << "a picture is wanted";
+    EXPECT_NE(movieWindow, nullptr);
+}
+
+} // namespace
