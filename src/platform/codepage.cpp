@@ -135,9 +135,12 @@ std::string utf8ToCodePage(std::string_view text) {
     std::string result;
     result.reserve(text.size());
     while (!text.empty()) {
-        if (static_cast<unsigned char>(text.front()) < 0x80) {
-            result += text.front();
-            text.remove_prefix(1);
+        const auto* plainEnd =
+            std::ranges::find_if(text, [](char byte) { return static_cast<unsigned char>(byte) >= 0x80; });
+        const auto plain = static_cast<std::size_t>(plainEnd - text.begin());
+        if (plain > 0) {
+            result.append(text.substr(0, plain));
+            text.remove_prefix(plain);
             continue;
         }
         utf8proc_int32_t letter = 0;
