@@ -68,6 +68,26 @@ RECT barRect(std::int32_t width, std::int32_t height) {
     }
 }
 
+// What lies behind a point of the bar, so that no end of a long text of the game looks out behind the
+// position.
+RECT endOfBar(RECT bar, std::int32_t start) {
+    switch (settings.orientation) {
+    case 90:
+        bar.top += start;
+        break;
+    case 180:
+        bar.right -= start;
+        break;
+    case -90:
+        bar.bottom -= start;
+        break;
+    default:
+        bar.left += start;
+        break;
+    }
+    return bar;
+}
+
 } // namespace
 
 RECT areaBesideStatusBar(std::int32_t width, std::int32_t height) {
@@ -98,6 +118,8 @@ int drawStatusBar(HDC dc, std::int32_t index, std::int32_t width, std::int32_t h
     const std::int32_t length = isQuarterTurn(settings.orientation) ? height : width;
     fillRect(dc, bar, settings.statusBarBackColor);
     drawText(dc, textOrigin(bar, textMargin, 0), gameText(*visibleGames[index]).data());
-    drawText(dc, textOrigin(bar, length - textWidth(dc, position.data()) - textMargin, 0), position.data());
+    const std::int32_t start = length - textWidth(dc, position.data()) - textMargin;
+    fillRect(dc, endOfBar(bar, start), settings.statusBarBackColor);
+    drawText(dc, textOrigin(bar, start, 0), position.data());
     return 1;
 }

@@ -175,7 +175,15 @@ TEST_F(CompositionTest, ShowsGamesWithoutWordsAndWithTooManyOfThem) {
     for (const std::int32_t rotation : {0, 90, 180, -90}) {
         settings.orientation = rotation;
         draw();
-        EXPECT_GT(extentOf(statusColor).right, 0) << "the position is written over the rest";
+        const RECT bar = extentOf(statusColor);
+        ASSERT_GT(bar.right, 0);
+        const LONG middleX = (bar.left + bar.right) / 2;
+        const LONG middleY = (bar.top + bar.bottom) / 2;
+        const POINT end = rotation == 0     ? POINT{bar.right - 2, middleY}
+                          : rotation == 90  ? POINT{middleX, bar.bottom - 2}
+                          : rotation == 180 ? POINT{bar.left + 1, middleY}
+                                            : POINT{middleX, bar.top + 1};
+        EXPECT_EQ(pixelAt(end.x, end.y), pixelOf(statusColor)) << "nothing looks out behind the position";
     }
 }
 
