@@ -31,14 +31,28 @@ struct Stop {
     const char* key;
     int times;
     const char* picture; // file name, or null for a step on the way
+    int pause = 0;       // milliseconds for which the front end then listens to no key
 };
 
+constexpr int PopupPause = 700;
+
 constexpr Stop ListWalk[] = {
-    {"Down", 3, "three-down"},    {"Up", 1, nullptr},
-    {"Right", 1, "page-down"},    {"Left", 1, nullptr},
-    {"x", 1, "jump-to-the-last"}, {"space", 1, "jump-back"},
-    {"z", 1, "sorted-by-year"},   {"z", 1, "sorted-by-manufacturer"},
-    {"z", 1, "sorted-by-title"},  {"Alt_L", 1, "random-pick"},
+    {"Control_L", 1, "information"},
+    {"Down", 4, "information-scrolled"},
+    {"Control_L", 1, nullptr, PopupPause},
+    {"2", 1, "options"},
+    {"Down", 2, "options-third-line"},
+    {"Escape", 1, nullptr, PopupPause},
+    {"Down", 3, "three-down"},
+    {"Up", 1, nullptr},
+    {"Right", 1, "page-down"},
+    {"Left", 1, nullptr},
+    {"x", 1, "jump-to-the-last"},
+    {"space", 1, "jump-back"},
+    {"z", 1, "sorted-by-year"},
+    {"z", 1, "sorted-by-manufacturer"},
+    {"z", 1, "sorted-by-title"},
+    {"Alt_L", 1, "random-pick"},
 };
 
 // The picture cycle begins with the game that has all pictures. F is a key of player 2.
@@ -47,7 +61,12 @@ constexpr Stop BrowserWalk[] = {
     {"Down", 3, "three-down"}, {"Right", 1, "page-down"}, {"f", 1, "player-2"},      {"Down", 1, "player-1"},
 };
 
-constexpr Stop TurnedListWalk[] = {{"Shift_L", 1, "flyer"}, {"Down", 2, "two-down"}};
+constexpr Stop TurnedListWalk[] = {{"Control_L", 1, "information"},
+                                   {"Control_L", 1, nullptr, PopupPause},
+                                   {"2", 1, "options"},
+                                   {"Escape", 1, nullptr, PopupPause},
+                                   {"Shift_L", 1, "flyer"},
+                                   {"Down", 2, "two-down"}};
 constexpr Stop TurnedBrowserWalk[] = {{"Down", 2, "two-down"}};
 
 // One run of the front end.
@@ -175,6 +194,7 @@ private:
                 return fail("the key " + std::string(stop.key) + " changed nothing");
         }
         Screenshot shot = screen->settled(150);
+        std::this_thread::sleep_for(std::chrono::milliseconds(stop.pause));
         return stop.picture == nullptr || keep(shot, std::string(run.picture) + "-" + stop.picture);
     }
 
