@@ -62,7 +62,7 @@ std::int64_t carryOut(SoundDevice& device, const Request& request) {
     }
 }
 
-void runDevice() {
+void serveRequests() {
     SoundService& shared = service();
     SoundDevice device;
     std::unique_lock lock(shared.mutex);
@@ -70,7 +70,7 @@ void runDevice() {
         shared.changed.wait_for(lock, device.timeToNextCheck(), [&] { return shared.waiting.has_value(); });
         const std::optional<Request> request = std::exchange(shared.waiting, std::nullopt);
         if (request && request->order == Order::quit) {
-            break;
+            return;
         }
         lock.unlock();
         const std::int64_t length = request ? carryOut(device, *request) : 0;
@@ -82,9 +82,12 @@ void runDevice() {
             shared.changed.notify_all();
         }
     }
-    lock.unlock();
-    device.close();
-    lock.lock();
+}
+
+void runDevice() {
+    serveRequests();
+    SoundService& shared = service();
+    const std::lock_guard lock(shared.mutex);
     shared.running = false;
     shared.changed.notify_all();
 }

@@ -45,6 +45,11 @@ Mix_Chunk* loadChunk(const std::string& path) {
 
 } // namespace
 
+SoundDevice::~SoundDevice() {
+    close();
+    SDL_TLSCleanup();
+}
+
 bool SoundDevice::open() {
     if (opened_ && deviceLives()) {
         return true;

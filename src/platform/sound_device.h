@@ -11,6 +11,9 @@
 
 class SoundDevice {
 public:
+    // Closes the device and releases what SDL keeps for the thread.
+    ~SoundDevice();
+
     // Ends the sound that plays, opens the device when it is closed or dead, and plays the file. Gives the
     // sound's length in nanoseconds, up to the moment when its end has left the device's buffer; 0 when there
     // is nothing to hear.
