@@ -36,7 +36,7 @@ struct Ring {
 // Halfway down, where no corner is, each side is as wide as its pen and lies half on either side of the
 // outermost pixels.
 TEST(Shapes, SidesAreCrispAndInPlace) {
-    const Ring first(1, {0, 0, 9, 9}, 1); // makes the stock objects
+    const Ring warmUp(1, {0, 0, 9, 9}, 1); // makes the stock objects
     const std::size_t objects = liveObjectCount();
     const RECT rects[] = {{10, 12, 50, 48}, {50, 48, 10, 12}, {50, 12, 10, 48}};
     for (const int width : {0, 1, 2, 3, 8}) {
