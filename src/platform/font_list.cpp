@@ -1,6 +1,7 @@
 #include "platform/font_list.h"
 
 #include "platform/codepage.h"
+#include "platform/font_match.h"
 
 #include <fontconfig/fontconfig.h>
 
@@ -53,6 +54,7 @@ std::string fullNameOf(FcPattern* font) {
 }
 
 std::set<std::string> installedNames() {
+    releaseFontconfigAtExit();
     std::set<std::string> names;
     for (const FcSetName set : {FcSetSystem, FcSetApplication}) {
         const FcFontSet* fonts = FcConfigGetFonts(nullptr, set);

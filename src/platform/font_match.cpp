@@ -182,8 +182,12 @@ std::optional<FontChoice> chooseLike(FcPattern* face, const FontRequest& request
 
 } // namespace
 
-std::optional<FontChoice> chooseFont(FontRequest request) {
+void releaseFontconfigAtExit() {
     static const FontconfigUse use;
+}
+
+std::optional<FontChoice> chooseFont(FontRequest request) {
+    releaseFontconfigAtExit();
     InstalledName installed = findInstalled(request, false);
     if (!installed.isFamily && !installed.face && request.nameIsCut) {
         installed = findInstalled(request, true);

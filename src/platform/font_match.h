@@ -15,6 +15,9 @@ struct FontChoice {
     bool operator==(const FontChoice&) const = default;
 };
 
+// Has the list of installed fonts given back when the program ends. Before any use of it.
+void releaseFontconfigAtExit();
+
 struct FontRequest {
     std::string name;       // UTF-8, a family or a full name
     bool nameIsCut = false; // only the first part of a longer name
