@@ -260,7 +260,9 @@ bool MediaPlayer::pictureIsEmpty() {
 void MediaPlayer::skipPicture() {
     if (pictureIsDue()) {
         int skip = 1;
+        int block = 0;
         mpv_render_param parameters[] = {{MPV_RENDER_PARAM_SKIP_RENDERING, &skip},
+                                         {MPV_RENDER_PARAM_BLOCK_FOR_TARGET_TIME, &block},
                                          {MPV_RENDER_PARAM_INVALID, nullptr}};
         mpvLibrary().renderContextRender(renderer_, parameters);
     }
