@@ -1,5 +1,6 @@
-// A cabinet of the size of a current emulator's, made up for the benchmarks: a list and the zips that belong
-// to it. Called by the benchmarks that measure what the number of games costs.
+// A cabinet of the size of a current emulator's, made up for the
+// benchmarks: a list and the zips that belong to it. Called by
+// the benchmarks that measure what the number of games costs.
 #pragma once
 
 #include <filesystem>

@@ -1,5 +1,6 @@
-// Writes a movie file as arcade cabinets have them: AVI with Motion JPEG pictures and PCM sound, interleaved
-// and indexed. Used for the movies of the demonstration cabinet, by tests and by the benchmark.
+// Writes a movie file as arcade cabinets have them: AVI with Motion
+// JPEG pictures and PCM sound, interleaved and indexed. Used for the
+// movies of the demonstration cabinet, by tests and by the benchmark.
 #pragma once
 
 #include <cstdint>

@@ -1,5 +1,6 @@
-// Lays out the folder of the demonstration cabinet: settings, ROM folder, no game list yet. Used by
-// demo-cabinet, the tour and the end-to-end tests. A settings file that is already there is never touched.
+// Lays out the folder of the demonstration cabinet: settings, ROM folder,
+// no game list yet. Used by demo-cabinet, the tour and the end-to-end
+// tests. A settings file that is already there is never touched.
 #pragma once
 
 #include <string>

@@ -1,5 +1,6 @@
-// A program that runs beside this one and never outlives it: the virtual display, the front end under test.
-// Used by the tour and the end-to-end tests. No shell is involved; the words are passed as they are.
+// A program that runs beside this one and never outlives it: the virtual
+// display, the front end under test. Used by the tour and the end-to-end
+// tests. No shell is involved; the words are passed as they are.
 #pragma once
 
 #include <optional>

@@ -57,7 +57,8 @@ Button 5: strudel
 TRIVIA
 The crème brûlée in round 4 is the first dessert in any arcade game that has to be lit by the player.
 The naïve ending, in which everybody pays, takes 41 minutes and has been seen by one person, who was not believed.)"},
-    {"thistlew", R"(The manual of this game has 212 pages, 190 of which are footnotes. In short: the umbrella opens upwards.)"},
+    {"thistlew",
+     R"(The manual of this game has 212 pages, 190 of which are footnotes. In short: the umbrella opens upwards.)"},
     {"mechagma", R"(Mecha Grandma (c) 1994 Hexagon Toybox.
 
 She has been oiled, she has been patient, and now somebody has parked in front of the bakery.

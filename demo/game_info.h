@@ -1,5 +1,6 @@
-// The information file of the demonstration cabinet: what there is to read about some of its games. Called
-// when the cabinet is laid out. Not every game has a text, and a clone without one shows that of its parent.
+// The information file of the demonstration cabinet: what there is to read
+// about some of its games. Called when the cabinet is laid out. Not every
+// game has a text, and a clone without one shows that of its parent.
 #pragma once
 
 #include <string>

@@ -1,5 +1,6 @@
-// Pieces of RIFF files, which hold the numbers of sounds and movies with the low byte first. Used by the
-// writers of both.
+// Pieces of RIFF files, which hold the
+// numbers of sounds and movies with the low
+// byte first. Used by the writers of both.
 #pragma once
 
 #include <cstdint>

@@ -1,5 +1,6 @@
-// A picture of the virtual screen in memory: compared and searched by the tour and the end-to-end tests,
-// written as PNG for people.
+// A picture of the virtual screen in memory:
+// compared and searched by the tour and the
+// end-to-end tests, written as PNG for people.
 #pragma once
 
 #include <cstdint>

@@ -1,5 +1,6 @@
-// The sounds of the demonstration cabinet, all computed: five effects and a track that repeats without a
-// seam. Used when the cabinet is laid out, and by the movies and tests, which build on the notes.
+// The sounds of the demonstration cabinet, all computed: five effects
+// and a track that repeats without a seam. Used when the cabinet is
+// laid out, and by the movies and tests, which build on the notes.
 #pragma once
 
 #include <cstdint>

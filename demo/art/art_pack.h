@@ -1,5 +1,6 @@
-// Writes the art folders of the demonstration cabinet. Called once by demo-cabinet. Like any real pack it has
-// gaps, and one file in it is damaged.
+// Writes the art folders of the demonstration
+// cabinet. Called once by demo-cabinet. Like any real
+// pack it has gaps, and one file in it is damaged.
 #pragma once
 
 #include <string>

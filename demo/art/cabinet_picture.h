@@ -1,4 +1,5 @@
-// A game's cabinet in an arcade at night: its marquee, its tube, its controls and the painting on its side.
+// A game's cabinet in an arcade at night: its marquee,
+// its tube, its controls and the painting on its side.
 // Called for the cabinet folder and for the flyers.
 #pragma once
 

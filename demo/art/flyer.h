@@ -1,4 +1,6 @@
-// The printed sheet with which a maker offered a game to the arcades. Called for the flyer folder.
+// The printed sheet with which a maker offered a game to the
+// arcades: lettering, hero, small pictures and promises on
+// paper. Called for the flyer folder. It knows nothing of files.
 #pragma once
 
 #include "art/game_look.h"

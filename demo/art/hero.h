@@ -1,5 +1,6 @@
-// The creature of a game, as the pixels of the running game have it, painted as an illustrator would: round,
-// inked, with a face. Called for marquees, flyers and cabinets.
+// The creature of a game, as the pixels of the running game
+// have it, painted as an illustrator would: round, inked,
+// with a face. Called for marquees, flyers and cabinets.
 #pragma once
 
 #include "art/game_look.h"

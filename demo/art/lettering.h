@@ -1,5 +1,6 @@
-// The logo of a game: its title in the lettering of its maker and time, with outlines, depth, gradients and a
-// bend. Called for marquees, flyers and title screens, and for the small print on them.
+// The logo of a game: its title in the lettering of its maker and
+// time, with outlines, depth, gradients and a bend. Called for
+// marquees, flyers and title screens, and for the small print on them.
 #pragma once
 
 #include "art/game_look.h"

@@ -1,5 +1,6 @@
-// The lit sign above a cabinet's screen. Called for the marquee folder and for the pictures that show a
-// cabinet.
+// The lit sign above a cabinet's screen.
+// Called for the marquee folder and for
+// the pictures that show a cabinet.
 #pragma once
 
 #include "art/game_look.h"

@@ -1,5 +1,6 @@
-// The lettering of a game's screen: the title, large enough to be read from across a room, and the lines
-// above and below it. Owned by the game window. The title is drawn once, since it does not change.
+// The lettering of a game's screen: the title, large enough to be
+// read from across a room, and the lines above and below it. Owned by
+// the game window. The title is drawn once, since it does not change.
 #pragma once
 
 #include "games.h"

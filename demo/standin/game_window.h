@@ -1,5 +1,6 @@
-// The full-screen window of a running game: shows its scene, answers its keys, and ends on Escape, on a
-// request of the system, or after a time. Called once by the stand-in's main program. It makes no sound.
+// The full-screen window of a running game: shows its scene, answers
+// its keys, and ends on Escape, on a request of the system, or after a
+// time. Called once by the stand-in's main program. It makes no sound.
 #pragma once
 
 #include "games.h"

@@ -1,5 +1,6 @@
-// The command line of the stand-in emulator. Read once by its main program; words that it does not know are
-// skipped, as the options of a real emulator would mean nothing to it.
+// The command line of the stand-in emulator. Read once by its
+// main program; words that it does not know are skipped, as
+// the options of a real emulator would mean nothing to it.
 #pragma once
 
 #include <optional>

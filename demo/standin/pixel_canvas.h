@@ -1,5 +1,6 @@
-// A small picture of big pixels, the playfield of a raster or lcd game, and the colours and sprites that are
-// drawn from a game's name. Used by the scenes only; the window enlarges the picture.
+// A small picture of big pixels, the playfield of a raster or lcd
+// game, and the colours and sprites that are drawn from a game's
+// name. Used by the scenes only; the window enlarges the picture.
 #pragma once
 
 #include <cstdint>

@@ -19,8 +19,8 @@ struct SceneMoment {
 void drawScene(cairo_t* context, const DemoGame& game, const SceneMoment& moment, double width,
                double height);
 
-// The same at the resolution of the canvas; `titled` leaves the upper half to the lettering. Not for a game on
-// a vector tube.
+// The same at the resolution of the canvas; `titled` leaves the upper half to the lettering. Not for a game
+// on a vector tube.
 void drawPixelScene(PixelCanvas& canvas, const DemoGame& game, const SceneMoment& moment, bool titled);
 
 // Puts a canvas on the area from (0, 0), each of its pixels as a sharp block.

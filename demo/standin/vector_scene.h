@@ -1,4 +1,6 @@
-// The scene of a game on a vector tube: glowing lines over a black screen. Called by drawScene only.
+// The scene of a game on a vector tube: glowing lines over
+// a black screen, in the colours of the game. Called by
+// drawScene only. It keeps nothing between two pictures.
 #pragma once
 
 #include "standin/pixel_canvas.h"

@@ -1,5 +1,6 @@
-// The order of the catalogue, by the key that the setting sortBy names. Called at the start and by the sort
-// command. The view keeps its old order until it is filtered anew.
+// The order of the catalogue, by the key that the setting
+// sortBy names. Called at the start and by the sort command.
+// The view keeps its old order until it is filtered anew.
 #pragma once
 
 // Compares two entries of allGames, that is, two addresses of GameRecord pointers, as strcmp does. A year of

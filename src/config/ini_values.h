@@ -1,5 +1,6 @@
-// Single values of an ini file in the forms that the settings use. Called by the settings only. A value is
-// cut to 254 characters; nothing reports a failure, since a missing file or key simply gives the default.
+// Single values of an ini file in the forms that the settings use. Called
+// by the settings only. A value is cut to 254 characters; nothing reports
+// a failure, since a missing file or key simply gives the default.
 #pragma once
 
 #include "platform/types.h"

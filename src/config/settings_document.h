@@ -1,5 +1,6 @@
-// The chapter of the manual on the ini file, made from the table of settings. Called by the tool that writes
-// docs/settings.md and by the test that keeps that file up to date; the front end itself does not use it.
+// The chapter of the manual on the ini file, made from the table of
+// settings. Called by the tool that writes docs/settings.md and by the test
+// that keeps that file up to date; the front end itself does not use it.
 #pragma once
 
 #include <string>

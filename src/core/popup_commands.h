@@ -1,5 +1,6 @@
-// The GameInfo and ShowMenu commands: which text is shown, and what follows a menu. Called by the tick, which
-// stands still until the player has left the popup.
+// The GameInfo and ShowMenu commands: which text is
+// shown, and what follows a menu. Called by the tick,
+// which stands still until the player has left the popup.
 #pragma once
 
 #include "platform/types.h"

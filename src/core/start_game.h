@@ -1,5 +1,6 @@
-// The StartGame command: what happens on the screen around the run of a game. Called by the tick, which
-// stands still until the game has ended.
+// The StartGame command: what happens on the screen
+// around the run of a game. Called by the tick,
+// which stands still until the game has ended.
 #pragma once
 
 #include "platform/types.h"

@@ -1,5 +1,6 @@
-// The sounds around the list of games: wave files for events and one track behind everything. Called by the
-// start-up, the commands and the start of a game. Whatever cannot be played is silence, and nobody is told.
+// The sounds around the list of games: wave files for events and one track
+// behind everything. Called by the start-up, the commands and the start of
+// a game. Whatever cannot be played is silence, and nobody is told.
 #pragma once
 
 #include "platform/types.h"

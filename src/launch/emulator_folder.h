@@ -1,5 +1,6 @@
-// The working directory of the outside programs. Called by the game launch and the regeneration of the game
-// list.
+// The working directory of the outside
+// programs. Called by the game launch and
+// the regeneration of the game list.
 #pragma once
 
 #include <string>

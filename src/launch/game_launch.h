@@ -1,5 +1,6 @@
-// Starts the emulator for one game, with that game's options from the ini file, and waits for its end. Called
-// by the StartGame command, which looks after the screen and the sounds around it.
+// Starts the emulator for one game, with that game's options from
+// the ini file, and waits for its end. Called by the StartGame
+// command, which looks after the screen and the sounds around it.
 #pragma once
 
 #include "platform/types.h"

@@ -1,4 +1,6 @@
-// Cuts paragraphs into lines that fit a popup. Called by the scroller. It draws nothing.
+// Cuts paragraphs into lines that fit a popup, at
+// blanks where there are any. Called by the scroller
+// when its window has a new size. It draws nothing.
 #pragma once
 
 #include "platform/types.h"

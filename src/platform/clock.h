@@ -1,5 +1,6 @@
-// The performance counter and Sleep. Called by every loop and delay. The time itself comes from
-// clock_source.h, of which the build has two: the machine's clock, and a virtual one for tests.
+// The performance counter and Sleep. Called by every loop and
+// delay. The time itself comes from clock_source.h, of which the
+// build has two: the machine's clock, and a virtual one for tests.
 #pragma once
 
 #include "platform/types.h"

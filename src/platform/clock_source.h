@@ -1,5 +1,6 @@
-// Where time comes from. Called by the platform's clock and waits only. One of two files is linked: the
-// machine's steady clock, or virtual time, which stands still except while somebody waits.
+// Where time comes from. Called by the platform's clock and waits
+// only. One of two files is linked: the machine's steady clock, or
+// virtual time, which stands still except while somebody waits.
 #pragma once
 
 #include <cstdint>

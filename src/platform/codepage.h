@@ -1,5 +1,6 @@
-// The Windows code page 1252, the text of everything inside the application. Called where text comes in from
-// UTF-8 and where it becomes glyphs.
+// The Windows code page 1252, the text of everything
+// inside the application. Called where text comes in
+// from UTF-8 and where it becomes glyphs.
 #pragma once
 
 #include <string>

@@ -1,5 +1,6 @@
-// The inside of a device context, for the drawing and text operations: what is selected in it and its text
-// state. Inside the platform only. The selected objects themselves belong to gdi_objects.h.
+// The inside of a device context, for the drawing and text operations:
+// what is selected in it and its text state. Inside the platform only.
+// The selected objects themselves belong to gdi_objects.h.
 #pragma once
 
 #include "platform/drawing.h"

@@ -51,8 +51,8 @@ void displayKeepAlive();
 void displayGiveUp();
 void displayTakeBack();
 
-// The program has been asked to end. It stays asked until its main window has ended, so that nothing on the way out waits
-// for a person.
+// The program has been asked to end. It stays asked until its main window has ended, so that nothing on the
+// way out waits for a person.
 bool displayCloseRequested();
 void displayForgetCloseRequest();
 

@@ -1,5 +1,6 @@
-// The application as the platform starts it. The application defines WinMain; the process entry, and tests
-// that run the whole front end, call it. Nothing else belongs here.
+// The application as the platform starts it. The application
+// defines WinMain; the process entry, and tests that run the
+// whole front end, call it. Nothing else belongs here.
 #pragma once
 
 #include "platform/types.h"

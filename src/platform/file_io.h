@@ -1,5 +1,6 @@
-// Descriptors that close themselves, and whole reads and writes. Called by the files, profiles and processes
-// of the platform, which know what a failure means; nothing here reports one but by its result.
+// Descriptors that close themselves, and whole reads and writes. Called
+// by the files, profiles and processes of the platform, which know what
+// a failure means; nothing here reports one but by its result.
 #pragma once
 
 #include <sys/stat.h>

@@ -1,5 +1,6 @@
-// The list of installed fonts. Called by the options menu, each time it opens. It opens no font file: what
-// the machine knows of its fonts is enough. Fonts are made by platform/text.h, which takes these names.
+// The list of installed fonts. Called by the options menu, each time it
+// opens. It opens no font file: what the machine knows of its fonts is
+// enough. Fonts are made by platform/text.h, which takes these names.
 #pragma once
 
 #include "platform/text.h"

@@ -1,5 +1,6 @@
-// Finds the font file for a face name, weight and slant through fontconfig. Called by fonts.cpp, which keeps
-// what was found: a search costs milliseconds on a machine with thousands of fonts. Loads and draws nothing.
+// Finds the font file for a face name, weight and slant through fontconfig.
+// Called by fonts.cpp, which keeps what was found: a search costs
+// milliseconds on a machine with thousands of fonts. Loads and draws nothing.
 #pragma once
 
 #include <optional>

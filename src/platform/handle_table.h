@@ -1,5 +1,6 @@
-// Handles that cannot be misused: a handle is a number that names a slot and its generation, so that a
-// deleted or foreign one is recognised instead of followed. Inside the platform only.
+// Handles that cannot be misused: a handle is a number that names
+// a slot and its generation, so that a deleted or foreign one is
+// recognised instead of followed. Inside the platform only.
 #pragma once
 
 #include <cstddef>

@@ -1,4 +1,6 @@
-// Virtual-key codes and the names that SDL and X11 have for the same keys. Inside the platform only.
+// Virtual-key codes and the names that SDL and X11 have for the
+// same keys, as one table. Inside the platform only: called
+// where key events come in and where keys are synthesised.
 #pragma once
 
 #include <cstdint>

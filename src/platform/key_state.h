@@ -1,5 +1,6 @@
-// Which keys are down and which were pressed since somebody last asked, by virtual-key code. Inside the
-// platform only: the display reports, the key operations and the message box ask.
+// Which keys are down and which were pressed since somebody last
+// asked, by virtual-key code. Inside the platform only: the
+// display reports, the key operations and the message box ask.
 #pragma once
 
 constexpr int VK_RETURN = 13;

@@ -1,5 +1,6 @@
-// State of the keyboard by virtual-key code, and synthesised keys. Called by the polling and the process
-// runner. Keys reach it as events of the display; key messages for windows are made from the same events.
+// State of the keyboard by virtual-key code, and synthesised keys. Called
+// by the polling and the process runner. Keys reach it as events of the
+// display; key messages for windows are made from the same events.
 #pragma once
 
 #include "platform/types.h"

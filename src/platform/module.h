@@ -1,4 +1,5 @@
-// The running program: its command line, handle, path and console title. Called by the entry and by
+// The running program: its command line, handle, path
+// and console title. Called by the entry and by
 // everything that looks for files beside the program.
 #pragma once
 

@@ -48,13 +48,13 @@ constexpr DWORD WAIT_FAILED = 0xFFFFFFFF;
 
 // Starts a program. The first word of commandLine names it: a name without a separator is looked for beside
 // the running program, in workingDirectory, in the current directory and on PATH, a path is taken from the
-// current directory; each under the name given, then without a trailing ".exe". A path without quotes may hold
-// blanks: when its first word is no program, each longer beginning of the line is tried. The child gets the working
-// directory (the current one when null), the environment, the three standard streams (those of startup with
-// STARTF_USESTDHANDLES) and no other open file; the request to hide its window is the child's own affair.
-// FALSE when it cannot be started: no such program, a directory, not executable, no such working directory.
-// Both handles of `process` must be closed. applicationName and environment must be null; the attributes and
-// flags are not used.
+// current directory; each under the name given, then without a trailing ".exe". A path without quotes may
+// hold blanks: when its first word is no program, each longer beginning of the line is tried. The child gets
+// the working directory (the current one when null), the environment, the three standard streams (those of
+// startup with STARTF_USESTDHANDLES) and no other open file; the request to hide its window is the child's
+// own affair. FALSE when it cannot be started: no such program, a directory, not executable, no such working
+// directory. Both handles of `process` must be closed. applicationName and environment must be null; the
+// attributes and flags are not used.
 BOOL CreateProcessA(LPCSTR applicationName, LPSTR commandLine, SECURITY_ATTRIBUTES* processAttributes,
                     SECURITY_ATTRIBUTES* threadAttributes, BOOL inheritHandles, DWORD flags,
                     LPVOID environment, LPCSTR workingDirectory, const STARTUPINFOA* startup,

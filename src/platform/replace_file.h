@@ -1,5 +1,6 @@
-// Replacing a file in one step, so that a power cut at any instant leaves the old text or the new, whole.
-// Called by the profile writes. Does not look at what the text says, and keeps no copy.
+// Replacing a file in one step, so that a power cut at any instant
+// leaves the old text or the new, whole. Called by the profile
+// writes. Does not look at what the text says, and keeps no copy.
 #pragma once
 
 #include <string>

@@ -1,5 +1,6 @@
-// Facts and switches of the screen as a whole: its size, the mouse cursor, the screen saver. Called by the
-// windows and the game launch.
+// Facts and switches of the screen as a whole:
+// its size, the mouse cursor, the screen saver.
+// Called by the windows and the game launch.
 #pragma once
 
 #include "platform/types.h"

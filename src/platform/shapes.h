@@ -1,5 +1,6 @@
-// Pens, hollow brushes and the outlines that they draw. Called by the image browser for the ring around the
-// selected tile. Pens and brushes are objects of drawing.h: selected, replaced and deleted as those.
+// Pens, hollow brushes and the outlines that they draw. Called by the
+// image browser for the ring around the selected tile. Pens and brushes
+// are objects of drawing.h: selected, replaced and deleted as those.
 #pragma once
 
 #include "platform/drawing.h"

@@ -1,5 +1,6 @@
-// The sound device and the one sound on it, over SDL2_mixer. Used by the thread of the sound service alone;
-// every call may wait for the sound server. It knows nothing of the front end or of time other than its own.
+// The sound device and the one sound on it, over SDL2_mixer. Used by the
+// thread of the sound service alone; every call may wait for the sound
+// server. It knows nothing of the front end or of time other than its own.
 #pragma once
 
 #include <SDL_mixer.h>

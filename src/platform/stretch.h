@@ -1,5 +1,6 @@
-// Device-independent bitmaps, and the one operation that draws them. Called by the pictures. The filter that
-// reduces and enlarges stands in resample.h.
+// Device-independent bitmaps, and the one operation
+// that draws them. Called by the pictures. The filter
+// that reduces and enlarges stands in resample.h.
 #pragma once
 
 #include "platform/drawing.h"

@@ -1,5 +1,6 @@
-// A block of pixels, the one thing that is drawn into: the client area of a window or a bitmap. Inside the
-// platform only: shared by windows, device contexts and the compositor.
+// A block of pixels, the one thing that is drawn into: the
+// client area of a window or a bitmap. Inside the platform
+// only: shared by windows, device contexts and the compositor.
 #pragma once
 
 #include "platform/types.h"

@@ -1,5 +1,6 @@
-// Key events that other programs of the X11 display take for real ones. Inside the platform only: called by
-// the display.
+// Key events that other programs of the X11
+// display take for real ones. Inside the
+// platform only: called by the display.
 #pragma once
 
 #include <cstdint>

@@ -1,5 +1,6 @@
-// What CloseHandle closes: files, processes and threads, all in one table. Called by the files and the
-// processes of the platform. Window and drawing handles have tables of their own.
+// What CloseHandle closes: files, processes and threads, all in
+// one table. Called by the files and the processes of the
+// platform. Window and drawing handles have tables of their own.
 #pragma once
 
 #include "platform/file_io.h"

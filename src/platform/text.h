@@ -1,5 +1,6 @@
-// Fonts, text and its metrics. Called by everything that draws text. Text is 8-bit, in the Windows code page
-// 1252, and becomes glyphs here only; one line at a time, without shaping.
+// Fonts, text and its metrics. Called by everything that draws
+// text. Text is 8-bit, in the Windows code page 1252, and
+// becomes glyphs here only; one line at a time, without shaping.
 #pragma once
 
 #include "platform/types.h"

@@ -1,4 +1,6 @@
-// Control of virtual time, in builds that link clock_source_virtual.cpp. For tests only.
+// Control of virtual time, in builds that link clock_source_virtual.cpp:
+// what happens when, and how late it is. Called by tests only; the
+// program never sees that its time is not real.
 #pragma once
 
 #include <cstdint>

@@ -1,4 +1,5 @@
-// The inside of a window, shared by the files that make up the window service: windows, messages, focus,
+// The inside of a window, shared by the files that make
+// up the window service: windows, messages, focus,
 // painting, the compositor. Inside the platform only.
 #pragma once
 

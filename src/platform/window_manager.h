@@ -1,5 +1,6 @@
-// Whether somebody else looks after the windows of the X11 display. Inside the platform only: called by the
-// display.
+// Whether somebody else looks after the
+// windows of the X11 display. Inside the
+// platform only: called by the display.
 #pragma once
 
 // True when a window manager runs. A cabinet has none, and a window that covers the screen is all that is

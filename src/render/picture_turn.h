@@ -1,5 +1,6 @@
-// Turns the pixels of a decoded picture to the rotation in force. Called by the drawing of pictures, which
-// stretches what comes out; the rotation turns the screen clockwise.
+// Turns the pixels of a decoded picture to the rotation in
+// force. Called by the drawing of pictures, which stretches
+// what comes out; the rotation turns the screen clockwise.
 #pragma once
 
 #include "png/png_dib.h"

@@ -1,4 +1,6 @@
-// The one question that the catalogue and the pictures ask the file system. Opens nothing.
+// The one question that the catalogue and the pictures
+// ask the file system: is there such a file? Called
+// before anything is opened. It opens nothing itself.
 #pragma once
 
 #include <cstdint>

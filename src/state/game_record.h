@@ -1,4 +1,5 @@
-// One game of the catalogue with its display and control data. Filled by the list parser, read by everything
+// One game of the catalogue with its display and control
+// data. Filled by the list parser, read by everything
 // that shows, sorts, filters or starts a game.
 #pragma once
 

@@ -1,5 +1,6 @@
-// The process-wide state that several subsystems share. Each variable says who writes it; everybody else only
-// reads. State that one subsystem keeps to itself stands in that subsystem.
+// The process-wide state that several subsystems share. Each
+// variable says who writes it; everybody else only reads. State
+// that one subsystem keeps to itself stands in that subsystem.
 #pragma once
 
 #include "platform/types.h"

@@ -1,5 +1,6 @@
-// A frame with its page of tiles, in a folder of its own, and a number of made-up games named g0, g1 and so
-// on, for the tests of the views.
+// A frame with its page of tiles, in a folder of
+// its own, and a number of made-up games named
+// g0, g1 and so on, for the tests of the views.
 #pragma once
 
 #include "config/settings.h"

@@ -1,5 +1,6 @@
-// The whole front end on virtual time, in a folder of its own: a list, an ini file, a script of what happens
-// when, and the state while it runs. Ticks come at 100, 200, 300 ... milliseconds.
+// The whole front end on virtual time, in a folder of its own: a
+// list, an ini file, a script of what happens when, and the state
+// while it runs. Ticks come at 100, 200, 300 ... milliseconds.
 #pragma once
 
 #include "config/settings.h"

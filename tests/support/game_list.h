@@ -1,4 +1,6 @@
-// The catalogue from the text of a list file, for tests that need games.
+// The catalogue from the text of a list file, for
+// tests that need games without files. Called by
+// the tests of the catalogue. It sets no setting.
 #pragma once
 
 #include "catalogue/game_catalogue.h"

@@ -1,4 +1,6 @@
-// What a recording holds: the loudest of some expected tones, in slices of 20 milliseconds.
+// What a recording holds: the loudest of some expected
+// tones, in slices of 20 milliseconds. Called by the
+// tests of sounds and movies. It plays nothing.
 #pragma once
 
 #include <cmath>

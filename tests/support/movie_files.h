@@ -1,4 +1,6 @@
-// Movies whose pictures carry their number, and the number as it is seen on the screen.
+// Movies whose pictures carry their number, and the
+// number as it is seen on the screen. Called by the
+// tests of movies. It knows nothing of the player.
 #pragma once
 
 #include "avi_writer.h"

@@ -1,5 +1,6 @@
-// Pictures that tests make themselves: any colour type, depth and interlacing that a PNG can have, with
-// samples that depend on the place.
+// Pictures that tests make themselves: any colour
+// type, depth and interlacing that a PNG can
+// have, with samples that depend on the place.
 #pragma once
 
 #include <png.h>

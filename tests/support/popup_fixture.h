@@ -1,5 +1,6 @@
-// A main window with settings of their own for the tests of the popups, and keys pressed at moments of
-// virtual time while a popup runs.
+// A main window with settings of their own for
+// the tests of the popups, and keys pressed at
+// moments of virtual time while a popup runs.
 #pragma once
 
 #include "config/settings.h"

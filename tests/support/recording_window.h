@@ -1,4 +1,6 @@
-// A window class whose procedure writes down what it is sent, for the tests of the window service.
+// A window class whose procedure writes down what it is
+// sent, for the tests of the window service. Called by
+// the tests of windows and messages. It draws nothing.
 #pragma once
 
 #include "platform/drawing.h"

@@ -1,4 +1,6 @@
-// Events of the display as SDL delivers the real ones, for tests that play a person.
+// Events of the display as SDL delivers the real ones, for
+// tests that play a person. Called by every test that presses
+// keys. They are seen when the display is looked at next.
 #pragma once
 
 #include <SDL.h>

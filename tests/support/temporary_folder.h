@@ -1,4 +1,5 @@
-// A folder of its own for one test, with short ways to write and read the files in it. It becomes the current
+// A folder of its own for one test, with short ways to
+// write and read the files in it. It becomes the current
 // directory while it lives and goes with all its content.
 #pragma once
 

@@ -1,4 +1,6 @@
-// Runs the converter on a text, in this process. Called by the tests of the converter.
+// Runs the converter on a text, in this process, and
+// gives what it wrote. Called by the tests of the
+// converter. The program itself is tested apart.
 #pragma once
 
 #include <optional>

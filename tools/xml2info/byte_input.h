@@ -1,5 +1,6 @@
-// The bytes of an open file or pipe, in order, with the option to put some back. Shared by the search for the
-// list's start and the converter's workers, who take turns; takes no lock itself.
+// The bytes of an open file or pipe, in order, with the option to
+// put some back. Shared by the search for the list's start and
+// the converter's workers, who take turns; takes no lock itself.
 #pragma once
 
 #include <cstddef>

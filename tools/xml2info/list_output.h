@@ -1,5 +1,6 @@
-// Puts the list file together and writes it. Called by the program's entry once the whole list is known to be
-// good. A file that cannot be written whole is left empty: the front end would trust half a list for ever.
+// Puts the list file together and writes it. Called by the program's entry
+// once the whole list is known to be good. A file that cannot be written
+// whole is left empty: the front end would trust half a list for ever.
 #pragma once
 
 #include "xml2info/list_block.h"

@@ -1,5 +1,6 @@
-// Finds the game list in what an emulator wrote: warnings may stand before it, even ones that hold angle
-// brackets. Called once by the converter. Reads no machine.
+// Finds the game list in what an emulator wrote: warnings
+// may stand before it, even ones that hold angle brackets.
+// Called once by the converter. Reads no machine.
 #pragma once
 
 #include "xml2info/byte_input.h"

@@ -1,5 +1,6 @@
-// What the attributes of the list's elements mean, in the words and numbers of the list file, for all
-// versions of the XML. Called by the list parser for the few elements that matter; holds no state.
+// What the attributes of the list's elements mean, in the words and
+// numbers of the list file, for all versions of the XML. Called by
+// the list parser for the few elements that matter; holds no state.
 #pragma once
 
 #include "xml2info/list_block.h"
