@@ -1,6 +1,7 @@
 #include "overlays/message_window.h"
 
 #include "config/settings.h"
+#include "overlays/popup_window.h"
 #include "platform/drawing.h"
 #include "platform/screen.h"
 #include "platform/window.h"
@@ -34,32 +35,10 @@ void prepareText() {
     SetBkMode(messageDrawDC, TRANSPARENT);
 }
 
-void createContexts(HWND window) {
-    messageWindowDC = GetDC(window);
-    messageDrawDC = CreateCompatibleDC(messageWindowDC);
-}
-
-void releaseContexts(HWND window) {
-    if (messageDrawDC) {
-        DeleteDC(messageDrawDC);
-    }
-    if (messageWindowDC) {
-        ReleaseDC(window, messageWindowDC);
-    }
-    if (messageBitmap) {
-        DeleteObject(messageBitmap);
-    }
-    messageDrawDC = nullptr;
-    messageWindowDC = nullptr;
-    messageBitmap = nullptr;
-}
-
 void renderMessage(HWND window) {
+    renewPopupBitmap(window, messageWindowDC, messageDrawDC, messageBitmap);
     RECT client{};
     GetClientRect(window, &client);
-    messageBitmap =
-        CreateCompatibleBitmap(messageWindowDC, client.right - client.left, client.bottom - client.top);
-    DeleteObject(SelectObject(messageDrawDC, messageBitmap));
     prepareText();
     fillRect(messageDrawDC, client, settings.backgroundColor);
     drawText(messageDrawDC, textOrigin(client, textMargin, textMargin), messageText);
@@ -67,30 +46,19 @@ void renderMessage(HWND window) {
     messageRendered = true;
 }
 
-void paintMessage(HWND window) {
-    PAINTSTRUCT paint{};
-    RECT client{};
-    BeginPaint(window, &paint);
-    GetClientRect(window, &client);
-    if (messageDrawDC) {
-        BitBlt(messageWindowDC, 0, 0, client.right, client.bottom, messageDrawDC, 0, 0, SRCCOPY);
-    }
-    EndPaint(window, &paint);
-}
-
 LRESULT messageWindowProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
     case WM_CREATE:
-        createContexts(window);
+        createPopupContexts(window, messageWindowDC, messageDrawDC);
         return 0;
     case WM_DESTROY:
-        releaseContexts(window);
+        releasePopupContexts(window, messageWindowDC, messageDrawDC, messageBitmap);
         return 0;
     case WM_SIZE:
         renderMessage(window);
         return 0;
     case WM_PAINT:
-        paintMessage(window);
+        paintPopup(window, messageWindowDC, messageDrawDC);
         return 0;
     default:
         return DefWindowProcA(window, message, wParam, lParam);
@@ -99,20 +67,10 @@ LRESULT messageWindowProc(HWND window, UINT message, WPARAM wParam, LPARAM lPara
 
 int createMessageWindow() {
     messageWindow = nullptr;
-    WNDCLASSA windowClass{};
-    windowClass.style = CS_HREDRAW | CS_VREDRAW;
-    windowClass.lpfnWndProc = messageWindowProc;
-    windowClass.hInstance = appInstance;
-    windowClass.hIcon = LoadIconA(nullptr, IDI_APPLICATION);
-    windowClass.hCursor = LoadCursorA(nullptr, IDC_ARROW);
-    windowClass.hbrBackground = static_cast<HBRUSH>(GetStockObject(BLACK_BRUSH));
-    windowClass.lpszMenuName = "MessageMenu";
-    windowClass.lpszClassName = messageClass;
-    if (!RegisterClassA(&windowClass)) {
+    if (!registerPopupClass(messageClass, "MessageMenu", messageWindowProc)) {
         return 0;
     }
-    messageWindow = CreateWindowExA(0, messageClass, nullptr, WS_POPUP | WS_THICKFRAME, 100, 100, 400, 400,
-                                    mainWindow, nullptr, appInstance, nullptr);
+    messageWindow = createPopup(messageClass, 100, 100, 400, 400);
     return messageWindow ? 1 : 0;
 }
 
