@@ -59,6 +59,9 @@ constexpr std::string_view containers = "aac,ac3,aiff,asf,avi,caf,dv,flac,flv,gi
 // while it opens or closes a file.
 constexpr double pictureLook = 0.001;
 
+// A track whose sound server went away plays to nobody; it looks for a new one that often.
+constexpr auto soundLookInterval = std::chrono::seconds(5);
+
 // The kinds of sound output that are tried: those of SDL in its order, so that wave sounds and players meet
 // at one server, or at ALSA's own mixer. Whoever keeps the wave sounds away from the machine's sound server,
 // as tests do, keeps the players away as well.
@@ -129,6 +132,7 @@ void MediaPlayer::open(const std::string& path) {
     width_ = height_ = -1;
     state_ = State::opening;
     setRepeating(false);
+    paused_ = true;
     setProperty("pause", "yes");
     setProperty("aid", "auto");
     const char* const words[] = {"loadfile", path.c_str(), nullptr};
@@ -148,6 +152,7 @@ void MediaPlayer::setRepeating(bool repeating) {
 }
 
 void MediaPlayer::setPaused(bool paused) {
+    paused_ = paused;
     setProperty("pause", paused ? "yes" : "no");
     setProperty("aid", paused ? "no" : "auto");
 }
@@ -156,12 +161,22 @@ void MediaPlayer::update() {
     if (state_ != State::sized) {
         skipPicture();
     }
+    askForSound();
     for (;;) {
         const mpv_event* event = mpvLibrary().waitEvent(core_, 0);
         if (event->event_id == MPV_EVENT_NONE) {
             return;
         }
         handle(*event);
+    }
+}
+
+// Only for tracks: a new output would make a movie stumble, and the next movie finds it by itself.
+void MediaPlayer::askForSound() {
+    const auto now = std::chrono::steady_clock::now();
+    if (state_ == State::sized && width_ == 0 && !paused_ && now - soundLook_ >= soundLookInterval) {
+        soundLook_ = now;
+        mpvLibrary().getPropertyAsync(core_, number_, "current-ao", MPV_FORMAT_STRING);
     }
 }
 
@@ -232,7 +247,14 @@ void MediaPlayer::takeReply(const mpv_event& event) {
 
 void MediaPlayer::takeProperty(const mpv_event_property& property) {
     const std::string_view name = property.name;
-    if (name == "vid") {
+    if (name == "current-ao") {
+        if (!paused_ && property.format == MPV_FORMAT_STRING &&
+            std::string_view(*static_cast<char**>(property.data)) == "null" &&
+            std::string_view(soundOutputs()) != "null") {
+            const char* const words[] = {"ao-reload", nullptr};
+            command(words, 0);
+        }
+    } else if (name == "vid") {
         if (property.format == MPV_FORMAT_STRING &&
             std::string_view(*static_cast<char**>(property.data)) == "no") {
             width_ = height_ = 0;

@@ -7,6 +7,7 @@
 #include "platform/surface.h"
 
 #include <atomic>
+#include <chrono>
 #include <cstdint>
 #include <memory>
 #include <string>
@@ -55,6 +56,7 @@ private:
     bool pictureIsDue();
     bool pictureIsEmpty();
     void skipPicture();
+    void askForSound();
     void command(const char* const* words, std::uint64_t number);
     void setProperty(const char* name, const char* value);
     void handle(const mpv_event& event);
@@ -70,4 +72,6 @@ private:
     bool current_ = false;     // news of the core is about this file
     std::int64_t width_ = 0;
     std::int64_t height_ = 0;
+    bool paused_ = true;
+    std::chrono::steady_clock::time_point soundLook_; // when the sound output was last asked for
 };
