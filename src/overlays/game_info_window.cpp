@@ -162,7 +162,8 @@ void scrollLoop(HWND window) {
     const std::int64_t period = popupTickPeriod();
     std::int64_t lastTick = popupClock();
     bool done = false;
-    while (period > 0 && servePopupMessage(done)) {
+    while (period > 0 && servePopupMessage(done) &&
+           scrollDrawDC) { // a shutdown ends the window under the loop
         if (popupClock() - lastTick >= period) {
             done = scrollTick(window) || done;
             lastTick = popupClock();

@@ -44,8 +44,9 @@ HANDLE CreateFileA(LPCSTR path, DWORD access, DWORD shareMode, SECURITY_ATTRIBUT
 BOOL CloseHandle(HANDLE handle);
 
 // Opens a text file for reading: each line end, CR LF or LF, is read as one new-line; a file that starts with
-// a UTF-8 byte order mark is UTF-8 and is converted to code page 1252, without the mark. For fgets, feof and
-// fclose only. Null when it cannot be opened or is a directory.
+// a UTF-8 byte order mark, or whose first byte beyond ASCII begins a character of UTF-8, is converted to code
+// page 1252, without the mark. For fgets, feof and fclose only. Null when it cannot be opened or is no plain
+// file.
 FILE* openTextFile(LPCSTR path);
 
 // Opens a plain file for reading its bytes, without ever waiting; for fclose and whatever reads a stream.

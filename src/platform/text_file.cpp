@@ -4,6 +4,7 @@
 #include "platform/paths.h"
 
 #include <unistd.h>
+#include <utf8proc.h>
 
 #include <algorithm>
 #include <array>
@@ -133,6 +134,28 @@ bool takeByteOrderMark(const FileDescriptor& file) {
            lseek(file.number(), static_cast<off_t>(head.size()), SEEK_SET) >= 0;
 }
 
+// Whether the first byte beyond ASCII begins a character of UTF-8, as it does in UTF-8 without a mark; in
+// text of the code page it hardly ever does.
+bool looksLikeUtf8(const FileDescriptor& file) {
+    std::array<unsigned char, bufferSize> block;
+    for (off_t offset = 0;;) {
+        const ssize_t length = pread(file.number(), block.data(), block.size(), offset);
+        if (length <= 0) {
+            return false;
+        }
+        const auto end = block.begin() + length;
+        const auto found =
+            std::find_if(block.begin(), end, [](unsigned char letter) { return letter >= 0x80; });
+        offset += found - block.begin();
+        if (found != end) {
+            std::array<unsigned char, 4> character{};
+            utf8proc_int32_t letter = 0;
+            const ssize_t read = pread(file.number(), character.data(), character.size(), offset);
+            return read > 0 && utf8proc_iterate(character.data(), read, &letter) > 0;
+        }
+    }
+}
+
 } // namespace
 
 FILE* openTextFile(LPCSTR path) {
@@ -141,7 +164,7 @@ FILE* openTextFile(LPCSTR path) {
     if (!file->descriptor.isOpen()) {
         return nullptr;
     }
-    file->isUtf8 = takeByteOrderMark(file->descriptor);
+    file->isUtf8 = takeByteOrderMark(file->descriptor) || looksLikeUtf8(file->descriptor);
     cookie_io_functions_t functions{};
     functions.read = readStream;
     functions.close = closeStream;

@@ -18,6 +18,9 @@ constexpr std::uint64_t headerBytes = sizeof(BITMAPINFOHEADER);
 // drive the machine out of memory long after the allocation was granted.
 constexpr std::uint64_t largestBlock = 512ULL << 20;
 
+// Beyond this a picture of few bits fits in memory, but takes seconds to turn and shrink at each redraw.
+constexpr std::uint64_t mostPixels = 110'000'000;
+
 // All that one call holds. It lives in the frame below the one that libpng's errors jump to, so that its
 // fields keep their values across the jump. No object here or above it may need a destructor.
 struct Reading {
@@ -92,7 +95,8 @@ int allocate(Reading& reading, PngDibParams* params) {
     reading.stride = (static_cast<std::uint64_t>(reading.bitsPerPixel) * reading.width + 31) / 32 * 4;
     const auto paletteCount = static_cast<DWORD>(reading.paletteCount);
     const std::uint64_t size = reading.stride * reading.height + 4ULL * paletteCount + headerBytes;
-    if (size > largestBlock) {
+    const std::uint64_t pixels = std::uint64_t{reading.width} * reading.height;
+    if (size > largestBlock || pixels > mostPixels) {
         return pngDibOutOfMemory;
     }
     reading.block = static_cast<BYTE*>(GlobalAlloc(GPTR, size));

@@ -81,8 +81,12 @@ RECT tileRect(const RECT& area, std::int32_t position) {
     return tile;
 }
 
+// The rotation that the page was drawn for. Not everybody who turns the screen says so.
+std::int32_t pageOrientation = 0;
+
 void rebuildPage(const RECT& area, std::int32_t visibleTiles) {
     browserDirty = 0;
+    pageOrientation = settings.orientation;
     fillRect(scratchDC, area, settings.previewBackgroundColor);
     for (std::int32_t tile = 0; tile < visibleTiles && topIndex + tile < visibleCount; ++tile) {
         const RECT place = tileRect(area, tile);
@@ -116,7 +120,8 @@ void drawRing(HDC dc, const RECT& area) {
 
 int drawImageBrowser(HDC dc, HBITMAP bitmap, const RECT* area) {
     const std::int32_t visibleTiles = layOutPage(dc, bitmap, *area);
-    if (bringSelectionToPage(visibleTiles) || browserDirty) {
+    const bool moved = bringSelectionToPage(visibleTiles);
+    if (moved || browserDirty || pageOrientation != settings.orientation) {
         rebuildPage(*area, visibleTiles);
     }
     BitBlt(dc, area->left, area->top, area->right, area->bottom, scratchDC, area->left, area->top, SRCCOPY);

@@ -52,11 +52,16 @@ void bringSelectionToPage(std::int32_t page) {
 }
 
 // How far in from the start of its line a title begins. Where reading runs towards the near edge of the
-// screen, a title that is too long for the line begins further out, so that its end is not cut off.
+// screen, a title that is too long for the line begins further out, so that its end is not cut off; but never
+// off the screen: a list is read by its beginnings.
 LONG titleStart(HDC dc, const RECT& line, const char* title) {
     const bool endsAtEdge = settings.orientation == 90 || settings.orientation == 180;
     const LONG length = isQuarterTurn(settings.orientation) ? line.bottom - line.top : line.right - line.left;
-    return endsAtEdge ? std::min(textMargin, length - textMargin - textWidth(dc, title)) : textMargin;
+    if (!endsAtEdge) {
+        return textMargin;
+    }
+    const LONG furthest = textMargin - (isQuarterTurn(settings.orientation) ? line.top : line.right);
+    return std::max(std::min(textMargin, length - textMargin - textWidth(dc, title)), furthest);
 }
 
 void selectListFont(HDC dc, int emphasis) {

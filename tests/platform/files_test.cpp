@@ -118,8 +118,9 @@ TEST_F(Files, TextLineEnds) {
         {"\xEF\xBB\xBF", ""},
         {"\xEF\xBB\xBFPok\xC3\xA9\r\n\xE2\x82\xAC", "Pok\xE9\n\x80"},
         {"\xEF\xBB\xBFx\xC3", "x\xC3"},
-        {"Pok\xC3\xA9", "Pok\xC3\xA9"},
         {"\xEF\xBB", "\xEF\xBB"},
+        {"Pok\xC3\xA9 \xE2\x82\xAC", "Pok\xE9 \x80"}, // UTF-8 without a mark
+        {"Pok\xE9 \xC3\xA9", "Pok\xE9 \xC3\xA9"},
     };
     for (const auto& [text, shown] : cases) {
         EXPECT_EQ(readText(text), shown) << text;

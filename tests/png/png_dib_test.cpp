@@ -199,7 +199,8 @@ TEST(PngDib, SizesThatAFileOnlyDeclares) {
         {PNG_COLOR_TYPE_RGB, 8, 30000, 30000, pngDibOutOfMemory},  // beyond 31 bits
         {PNG_COLOR_TYPE_RGB, 8, 50000, 50000, pngDibOutOfMemory},  // beyond 32 bits
         {PNG_COLOR_TYPE_GRAY, 8, 30000, 30000, pngDibOutOfMemory}, // beyond what a machine can spare
-        {PNG_COLOR_TYPE_GRAY, 1, 30000, 30000, pngDibDamaged},     // cut off
+        {PNG_COLOR_TYPE_GRAY, 1, 30000, 30000, pngDibOutOfMemory}, // small, but too slow to draw
+        {PNG_COLOR_TYPE_GRAY, 1, 10000, 10000, pngDibDamaged},     // cut off
         {PNG_COLOR_TYPE_RGB, 8, 0x7FFFFFFF, 1, pngDibDamaged},     // beyond what libpng takes
     };
     for (const Case& declared : cases) {

@@ -96,6 +96,17 @@ TEST_F(CompositionTest, ShowsTheEndOfALongTitleAtEveryRotation) {
     }
 }
 
+TEST_F(CompositionTest, ShowsTheBeginningOfATitleLongerThanTheScreen) {
+    settings.statusBarForeColor = statusColor;
+    title = "M" + std::string(300, ' ') + "M";
+    setGames(1);
+    for (const std::int32_t rotation : {90, 180}) {
+        settings.orientation = rotation;
+        draw();
+        EXPECT_GT(extentOf(0xFFFFFF).right, 0) << rotation;
+    }
+}
+
 TEST_F(CompositionTest, ScrollsByWholePages) {
     draw();
     selectFont(dc, settings.fontFace, settings.fontSize, 0, 0);

@@ -133,6 +133,9 @@ TEST_F(ImageBrowserTest, ReadsTheMarqueesOfAPageOnce) {
     draw();
     EXPECT_EQ(extentOf(gray(251)).left, second.left);
     EXPECT_EQ(browserDirty, 0);
+    settings.orientation = 180; // as the information window turns the screen, which marks nothing
+    draw();
+    EXPECT_GE(extentOf(gray(251)).left, width / 2 - 40) << "the page was turned";
 }
 
 TEST_F(ImageBrowserTest, MovesByWholePages) {
