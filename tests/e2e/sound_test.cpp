@@ -75,6 +75,12 @@ protected:
         writeFile(name, waveFile(samples));
     }
 
+    // The recorder misses what is played before it has found its place.
+    void waitForAmbience() const {
+        for (int waited = 0; waited < StepLimit && !recorded().ends_with("AAAAAAAAAA"); waited += 100)
+            pass(100);
+    }
+
     std::string recorded() const {
         return heard(readFile("heard.raw"), serverRate, {{'S', 1000}, {'X', 2000}, {'A', 400}});
     }
@@ -93,9 +99,7 @@ TEST_F(SoundServerTest, EffectsSoundOverTheAmbienceWhichRestsDuringAGame) {
     startRecorder();
     startFrontEnd();
     waitForList();
-    // The recorder misses what is played before it has found its place.
-    for (int waited = 0; waited < StepLimit && !recorded().ends_with("AAAAAAAAAA"); waited += 100)
-        pass(100);
+    waitForAmbience();
     screen->tap("Up");
     pass(800);
     screen->tap("Down");
@@ -114,6 +118,28 @@ TEST_F(SoundServerTest, EffectsSoundOverTheAmbienceWhichRestsDuringAGame) {
     EXPECT_EQ(storyOf(letters), "AXAXAS.A.") << letters;
     const auto silenceAfterStart = letters.find('A', letters.rfind('S')) - letters.rfind('S');
     EXPECT_GT(silenceAfterStart * sliceMilliseconds, 4000U) << "the message of the failure and the return";
+}
+
+TEST_F(SoundServerTest, EffectsAndAmbienceComeBackWithTheServer) {
+    makeList();
+    std::filesystem::create_directory(path("sounds"));
+    writeTone("sounds/ambience.wav", 400, 2, 0.1);
+    writeTone("sounds/select.wav", 2000, 0.2, 0.8);
+    writeFile("kestravox.ini", cabinetSettings({{"SelectedGame", "outorder"}}));
+    startFrontEnd();
+    waitForList();
+    server->signal(SIGTERM);
+    server->waitForExit(StepLimit);
+    std::filesystem::remove(path("socket"));
+    screen->tap("Up");
+    pass(1000);
+    startServer();
+    startRecorder();
+    waitForAmbience();
+    screen->tap("Down");
+    pass(1000);
+    EXPECT_EQ(leave(), 0);
+    EXPECT_EQ(storyOf(recorded()).substr(0, 3), "AXA") << recorded();
 }
 
 } // namespace
