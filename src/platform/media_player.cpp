@@ -153,8 +153,15 @@ void MediaPlayer::setRepeating(bool repeating) {
 
 void MediaPlayer::setPaused(bool paused) {
     paused_ = paused;
-    setProperty("pause", paused ? "yes" : "no");
-    setProperty("aid", paused ? "no" : "auto");
+    // Never running without its sound: a track has nothing else, and the core would take that for its end and
+    // stop there.
+    if (paused) {
+        setProperty("pause", "yes");
+        setProperty("aid", "no");
+    } else {
+        setProperty("aid", "auto");
+        setProperty("pause", "no");
+    }
 }
 
 void MediaPlayer::update() {
