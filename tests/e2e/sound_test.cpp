@@ -136,6 +136,7 @@ TEST_F(SoundServerTest, EffectsAndAmbienceComeBackWithTheServer) {
     startServer();
     startRecorder();
     waitForAmbience();
+    pass(5500); // effects ask for a server every five seconds
     screen->tap("Down");
     pass(1000);
     EXPECT_EQ(leave(), 0);
