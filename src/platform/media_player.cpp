@@ -126,21 +126,30 @@ void MediaPlayer::setProperty(const char* name, const char* value) {
 }
 
 void MediaPlayer::open(const std::string& path) {
+    path_ = path;
+    paused_ = true;
+    restPlace_.reset();
+    setRepeating(false);
+    setProperty("pause", "yes");
+    load();
+}
+
+void MediaPlayer::load() {
     ++number_;
     entry_ = 0;
     current_ = false;
     width_ = height_ = -1;
     state_ = State::opening;
-    setRepeating(false);
-    paused_ = true;
-    setProperty("pause", "yes");
-    setProperty("aid", "auto");
-    const char* const words[] = {"loadfile", path.c_str(), nullptr};
+    const char* const words[] = {"loadfile", path_.c_str(), nullptr};
     command(words, number_);
 }
 
 void MediaPlayer::stop() {
     ++number_;
+    unload();
+}
+
+void MediaPlayer::unload() {
     current_ = false;
     state_ = State::idle;
     const char* const words[] = {"stop", nullptr};
@@ -152,16 +161,42 @@ void MediaPlayer::setRepeating(bool repeating) {
 }
 
 void MediaPlayer::setPaused(bool paused) {
+    if (paused == paused_) {
+        return;
+    }
     paused_ = paused;
-    // Never running without its sound: a track has nothing else, and the core would take that for its end and
-    // stop there.
     if (paused) {
-        setProperty("pause", "yes");
-        setProperty("aid", "no");
+        rest();
+    } else if (restPlace_) {
+        load();
     } else {
-        setProperty("aid", "auto");
         setProperty("pause", "no");
     }
+}
+
+// The file is closed, to be opened again where it was. The core can also take the sound alone from an open
+// file, but after the way back from there, a track that had been read to its end stays silent.
+void MediaPlayer::rest() {
+    if (state_ == State::failed) {
+        return;
+    }
+    setProperty("pause", "yes");
+    if (!restPlace_) {
+        restPlace_ = 0;
+    }
+    if (state_ != State::opening) {
+        mpvLibrary().getPropertyAsync(core_, number_, "time-pos", MPV_FORMAT_DOUBLE);
+    }
+    unload();
+}
+
+// Just after a round's end the core counts the time from below zero; a seek takes that from the end.
+void MediaPlayer::leaveRest() {
+    const std::string place = std::to_string(*restPlace_);
+    const char* const words[] = {"seek", place.c_str(), "absolute+exact", nullptr};
+    command(words, number_);
+    restPlace_.reset();
+    setProperty("pause", "no");
 }
 
 void MediaPlayer::update() {
@@ -212,6 +247,9 @@ void MediaPlayer::handle(const mpv_event& event) {
         if (current_) {
             state_ = State::started;
             mpv.getPropertyAsync(core_, number_, "vid", MPV_FORMAT_STRING);
+            if (restPlace_) {
+                leaveRest();
+            }
         }
         break;
     case MPV_EVENT_VIDEO_RECONFIG:
@@ -221,8 +259,9 @@ void MediaPlayer::handle(const mpv_event& event) {
         }
         break;
     case MPV_EVENT_GET_PROPERTY_REPLY:
-        if (current_ && event.reply_userdata == number_ && event.error >= 0) {
-            takeProperty(*static_cast<mpv_event_property*>(event.data));
+        if (event.error >= 0) {
+            takeProperty(*static_cast<mpv_event_property*>(event.data),
+                         current_ && event.reply_userdata == number_);
         }
         break;
     case MPV_EVENT_END_FILE:
@@ -252,15 +291,24 @@ void MediaPlayer::takeReply(const mpv_event& event) {
     }
 }
 
-void MediaPlayer::takeProperty(const mpv_event_property& property) {
+void MediaPlayer::findSoundServer(std::string_view output) {
+    if (!paused_ && output == "null" && std::string_view(soundOutputs()) != "null") {
+        const char* const words[] = {"ao-reload", nullptr};
+        command(words, 0);
+    }
+}
+
+void MediaPlayer::takeProperty(const mpv_event_property& property, bool current) {
     const std::string_view name = property.name;
-    if (name == "current-ao") {
-        if (!paused_ && property.format == MPV_FORMAT_STRING &&
-            std::string_view(*static_cast<char**>(property.data)) == "null" &&
-            std::string_view(soundOutputs()) != "null") {
-            const char* const words[] = {"ao-reload", nullptr};
-            command(words, 0);
+    if (property.format == MPV_FORMAT_DOUBLE) {
+        // The place of a rest, whose file is closed by now.
+        if (restPlace_) {
+            restPlace_ = *static_cast<double*>(property.data);
         }
+    } else if (!current) {
+        return;
+    } else if (name == "current-ao") {
+        findSoundServer(property.format == MPV_FORMAT_STRING ? *static_cast<char**>(property.data) : "");
     } else if (name == "vid") {
         if (property.format == MPV_FORMAT_STRING &&
             std::string_view(*static_cast<char**>(property.data)) == "no") {

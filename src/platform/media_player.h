@@ -10,7 +10,9 @@
 #include <chrono>
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
+#include <string_view>
 
 class MediaPlayer {
 public:
@@ -28,7 +30,7 @@ public:
 
     void setRepeating(bool repeating);
 
-    // A paused file holds no sound device and decodes nothing; it goes on where it was.
+    // A paused file is not kept open: it holds no sound device and decodes nothing. It goes on where it was.
     void setPaused(bool paused);
 
     // Takes the news from the core. To be called often, also for a player that has nothing to play.
@@ -56,12 +58,17 @@ private:
     bool pictureIsDue();
     bool pictureIsEmpty();
     void skipPicture();
+    void load();
+    void unload();
+    void rest();
+    void leaveRest();
     void askForSound();
+    void findSoundServer(std::string_view output);
     void command(const char* const* words, std::uint64_t number);
     void setProperty(const char* name, const char* value);
     void handle(const mpv_event& event);
     void takeReply(const mpv_event& event);
-    void takeProperty(const mpv_event_property& property);
+    void takeProperty(const mpv_event_property& property, bool current);
 
     mpv_handle* core_ = nullptr;
     mpv_render_context* renderer_ = nullptr;
@@ -73,5 +80,7 @@ private:
     std::int64_t width_ = 0;
     std::int64_t height_ = 0;
     bool paused_ = true;
+    std::string path_;
+    std::optional<double> restPlace_; // of a pause: seconds from the start; below zero, from the end
     std::chrono::steady_clock::time_point soundLook_; // when the sound output was last asked for
 };

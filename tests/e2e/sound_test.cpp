@@ -75,6 +75,15 @@ protected:
         writeFile(name, waveFile(samples));
     }
 
+    // What programs have open on the server for playing.
+    std::string players() const {
+        std::filesystem::remove(path("players.txt"));
+        ChildProgram list(
+            {.words = {"pactl", "list", "short", "sink-inputs"}, .outputPath = path("players.txt")});
+        EXPECT_EQ(list.waitForExit(StepLimit), 0);
+        return readFile("players.txt");
+    }
+
     // The recorder misses what is played before it has found its place.
     void waitForAmbience() const {
         for (int waited = 0; waited < StepLimit && !recorded().ends_with("AAAAAAAAAA"); waited += 100)
@@ -92,7 +101,8 @@ protected:
 TEST_F(SoundServerTest, EffectsSoundOverTheAmbienceWhichRestsDuringAGame) {
     makeList();
     std::filesystem::create_directory(path("sounds"));
-    writeTone("sounds/ambience.wav", 400, 2, 0.1);
+    // Short, so that it is paused while the end of one round is still to be heard and the next has been read.
+    writeTone("sounds/ambience.wav", 400, 0.4, 0.1);
     writeTone("sounds/select.wav", 2000, 0.2, 0.8);
     writeTone("sounds/start.wav", 1000, 0.4, 0.8);
     writeFile("kestravox.ini", cabinetSettings({{"SelectedGame", "outorder"}}));
@@ -104,8 +114,10 @@ TEST_F(SoundServerTest, EffectsSoundOverTheAmbienceWhichRestsDuringAGame) {
     pass(800);
     screen->tap("Down");
     pass(500);
+    EXPECT_NE(players(), "");
     ASSERT_TRUE(startGame("Out of Order"));
     pass(1500);
+    EXPECT_EQ(players(), "");
     screen->tap("Escape");
     ASSERT_TRUE(screen->waitForFocus(FrontEndTitle, StepLimit));
     pass(8000); // three seconds of the failure, one of the return
