@@ -1,6 +1,7 @@
 // What a player hears: the real program on a real sound server, whose mix of everything is recorded.
 #include "e2e/cabinet_fixture.h"
 
+#include "avi_writer.h"
 #include "riff.h"
 #include "sounds.h"
 #include "support/heard.h"
@@ -13,6 +14,7 @@
 namespace {
 
 constexpr int serverRate = 48000;
+constexpr int movieSize = 64; // both ways, all white
 
 // What goes on for at least 80 milliseconds, in its order; from the first sound on.
 std::string storyOf(const std::string& letters) {
@@ -67,12 +69,26 @@ protected:
         std::this_thread::sleep_for(std::chrono::milliseconds(milliseconds));
     }
 
-    void writeTone(const std::string& name, double pitch, double seconds, double volume) const {
+    static Samples tone(double pitch, double seconds, double volume) {
         Samples samples;
         for (int index = 0; index < static_cast<int>(seconds * SoundRate); ++index)
             samples.push_back(static_cast<std::int16_t>(
                 32000 * volume * std::sin(2 * std::numbers::pi * pitch * index / SoundRate)));
-        writeFile(name, waveFile(samples));
+        return samples;
+    }
+
+    void writeTone(const std::string& name, double pitch, double seconds, double volume) const {
+        writeFile(name, waveFile(tone(pitch, seconds, volume)));
+    }
+
+    void writeMovie(const std::string& name, double pitch, int seconds) const {
+        constexpr int PerSecond = 25;
+        AviWriter writer({movieSize, movieSize, PerSecond, SoundRate});
+        for (int number = 0; number < seconds * PerSecond; ++number) {
+            writer.addPicture(std::vector<std::uint32_t>(movieSize * movieSize, 0xFFFFFF));
+            writer.addSound(tone(pitch, 1.0 / PerSecond, 0.5));
+        }
+        writeFile(name, writer.content());
     }
 
     // What programs have open on the server for playing.
@@ -85,8 +101,9 @@ protected:
     }
 
     // The recorder misses what is played before it has found its place.
-    void waitForAmbience() const {
-        for (int waited = 0; waited < StepLimit && !recorded().ends_with("AAAAAAAAAA"); waited += 100)
+    void waitForAmbience() const { waitForTone("AAAAAAAAAA"); }
+    void waitForTone(const std::string& letters) const {
+        for (int waited = 0; waited < StepLimit && !recorded().ends_with(letters); waited += 100)
             pass(100);
     }
 
@@ -130,6 +147,34 @@ TEST_F(SoundServerTest, EffectsSoundOverTheAmbienceWhichRestsDuringAGame) {
     EXPECT_EQ(storyOf(letters), "AXAXAS.A.") << letters;
     const auto silenceAfterStart = letters.find('A', letters.rfind('S')) - letters.rfind('S');
     EXPECT_GT(silenceAfterStart * sliceMilliseconds, 4000U) << "the message of the failure and the return";
+}
+
+// After a game its last picture stands still, until the next frame starts it anew.
+TEST_F(SoundServerTest, AMovieIsHeardWithoutAGapAndRestsFromAGameOn) {
+    makeList();
+    std::filesystem::create_directory(path("attracts"));
+    writeMovie("attracts/barnacle.avi", 400, 1);
+    startRecorder();
+    startFrontEnd();
+    waitForList();
+    waitForTone("AAAAAAAAAA");
+    pass(4500);
+    const std::string rounds = recorded();
+    ASSERT_TRUE(startGame("Barnacle Brigade"));
+    EXPECT_EQ(players(), "");
+    screen->tap("Escape");
+    ASSERT_TRUE(screen->waitForFocus(FrontEndTitle, StepLimit));
+    pass(2000);
+    EXPECT_EQ(players(), "");
+    const Screenshot resting = screen->capture();
+    EXPECT_GE(resting.countColour({0, 0, resting.width, resting.height}, 0xFFFFFF), movieSize * movieSize);
+    screen->tap("Down");
+    screen->tap("Up");
+    waitForTone("AAAAAAAAAA");
+    EXPECT_EQ(leave(), 0);
+
+    EXPECT_EQ(rounds.find('.', rounds.find('A')), std::string::npos) << "between two rounds: " << rounds;
+    EXPECT_EQ(storyOf(recorded()).substr(0, 3), "A.A") << recorded();
 }
 
 TEST_F(SoundServerTest, EffectsAndAmbienceComeBackWithTheServer) {
