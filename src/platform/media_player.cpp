@@ -131,15 +131,17 @@ void MediaPlayer::open(const std::string& path) {
     restPlace_.reset();
     setRepeating(false);
     setProperty("pause", "yes");
-    load();
+    load("none");
 }
 
-void MediaPlayer::load() {
+// Just after a round's end the core counts the time from below zero, and takes such a start from the end.
+void MediaPlayer::load(const std::string& start) {
     ++number_;
     entry_ = 0;
     current_ = false;
     width_ = height_ = -1;
     state_ = State::opening;
+    setProperty("start", start.c_str());
     const char* const words[] = {"loadfile", path_.c_str(), nullptr};
     command(words, number_);
 }
@@ -165,12 +167,11 @@ void MediaPlayer::setPaused(bool paused) {
         return;
     }
     paused_ = paused;
+    setProperty("pause", paused ? "yes" : "no");
     if (paused) {
         rest();
     } else if (restPlace_) {
-        load();
-    } else {
-        setProperty("pause", "no");
+        load(std::to_string(*restPlace_));
     }
 }
 
@@ -180,7 +181,6 @@ void MediaPlayer::rest() {
     if (state_ == State::failed) {
         return;
     }
-    setProperty("pause", "yes");
     if (!restPlace_) {
         restPlace_ = 0;
     }
@@ -188,15 +188,6 @@ void MediaPlayer::rest() {
         mpvLibrary().getPropertyAsync(core_, number_, "time-pos", MPV_FORMAT_DOUBLE);
     }
     unload();
-}
-
-// Just after a round's end the core counts the time from below zero; a seek takes that from the end.
-void MediaPlayer::leaveRest() {
-    const std::string place = std::to_string(*restPlace_);
-    const char* const words[] = {"seek", place.c_str(), "absolute+exact", nullptr};
-    command(words, number_);
-    restPlace_.reset();
-    setProperty("pause", "no");
 }
 
 void MediaPlayer::update() {
@@ -247,9 +238,6 @@ void MediaPlayer::handle(const mpv_event& event) {
         if (current_) {
             state_ = State::started;
             mpv.getPropertyAsync(core_, number_, "vid", MPV_FORMAT_STRING);
-            if (restPlace_) {
-                leaveRest();
-            }
         }
         break;
     case MPV_EVENT_VIDEO_RECONFIG:

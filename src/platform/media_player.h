@@ -58,10 +58,9 @@ private:
     bool pictureIsDue();
     bool pictureIsEmpty();
     void skipPicture();
-    void load();
+    void load(const std::string& start);
     void unload();
     void rest();
-    void leaveRest();
     void askForSound();
     void findSoundServer(std::string_view output);
     void command(const char* const* words, std::uint64_t number);
