@@ -111,12 +111,14 @@ void soak(HWND parent, const std::vector<std::string>& files, int steps) {
                 share(0.99), holdUps.back());
 }
 
-// A few pixels of the movie's corner that tell one picture from the next.
+// Pixels of a grid over the movie that tell one picture from the next.
 std::uint64_t lookAtMovie() {
     const DisplayPixels screen = displayPixels();
     std::uint64_t sum = 0;
-    for (int index = 20; index < 52; ++index) {
-        sum = sum * 31 + screen.pixels[index * screen.stride + index];
+    for (int y = 20; y < 480; y += 8) {
+        for (int x = 20; x < 640; x += 8) {
+            sum = sum * 31 + screen.pixels[y * screen.stride + x];
+        }
     }
     return sum;
 }
