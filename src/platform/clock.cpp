@@ -10,12 +10,13 @@ namespace {
 constexpr std::int64_t countsPerSecond = 1'000'000'000;
 constexpr std::int64_t nanosecondsPerMillisecond = 1'000'000;
 
-// No sleep is shorter: a loop that sleeps for a millisecond at a time would wake the processor a thousand
-// times a second, for controls that are polled ten times.
-constexpr std::int64_t shortestSleep = 10 * nanosecondsPerMillisecond;
+// How long a sleep leaves the display to itself, and no sleep is shorter: a loop that sleeps for a
+// millisecond at a time would wake the processor a thousand times a second, for controls that are polled ten
+// times.
+constexpr std::int64_t napAtRest = 20 * nanosecondsPerMillisecond;
+constexpr std::int64_t napBetweenPictures = 10 * nanosecondsPerMillisecond;
 
-// How long a sleep leaves the display to itself.
-constexpr std::int64_t longestNap = 10 * nanosecondsPerMillisecond;
+std::int64_t nap = napAtRest;
 
 } // namespace
 
@@ -31,9 +32,9 @@ BOOL QueryPerformanceCounter(LARGE_INTEGER* counter) {
 
 void Sleep(DWORD milliseconds) {
     const std::int64_t wanted = milliseconds * nanosecondsPerMillisecond;
-    const std::int64_t end = clockNow() + (wanted > 0 ? std::max(wanted, shortestSleep) : 0);
+    const std::int64_t end = clockNow() + (wanted > 0 ? std::max(wanted, nap) : 0);
     do {
-        clockWait(std::min(end - clockNow(), longestNap));
-        displayKeepAlive();
+        clockWait(std::min(end - clockNow(), nap));
+        nap = displayKeepAlive() ? napBetweenPictures : napAtRest;
     } while (clockNow() < end && !displayCloseRequested());
 }

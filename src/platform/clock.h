@@ -9,8 +9,7 @@
 BOOL QueryPerformanceFrequency(LARGE_INTEGER* frequency);
 BOOL QueryPerformanceCounter(LARGE_INTEGER* counter);
 
-// Gives up the processor for at least the given milliseconds, and for no less than 10 unless they are 0.
-// Meanwhile the screen stays alive: what has changed is shown, the display's events are drained, no message
-// is dispatched. A program that has
-// been asked to end sleeps no longer than a moment.
+// Gives up the processor for at least the given milliseconds, and unless they are 0 for no less than 20, or
+// 10 while pictures move. Meanwhile the screen stays alive: what has changed is shown, the display's events
+// are drained, no message is dispatched. A program that has been asked to end sleeps no longer than a moment.
 void Sleep(DWORD milliseconds);

@@ -7,7 +7,7 @@
 namespace {
 
 bool screenChanged = false;
-void (*pictureSource)() = nullptr;
+bool (*pictureSource)() = nullptr;
 
 // The frame of a popup, from the outside in: a light line between two dark ones stands out on any picture.
 constexpr std::uint32_t frameColors[thickFrame] = {0x181818, 0xC8C8C8, 0x181818};
@@ -140,20 +140,18 @@ void noteScreenChange() {
     screenChanged = true;
 }
 
-void setPictureSource(void (*update)()) {
+void setPictureSource(bool (*update)()) {
     pictureSource = update;
 }
 
-void refreshScreen() {
-    if (pictureSource) {
-        pictureSource();
-    }
+bool refreshScreen() {
+    const bool moving = pictureSource && pictureSource();
     bool changed = screenChanged;
     const Window* movie = nullptr;
     for (const HWND handle : windowOrder()) {
         const Window* window = findWindow(handle);
         if (window->visible && window->firstPaint) {
-            return; // the former picture stays until the new window has one
+            return moving; // the former picture stays until the new window has one
         }
         if (window->visible && window->client.changed) {
             const bool isMovie = (window->style & WS_CHILD) != 0 && !movie;
@@ -166,6 +164,7 @@ void refreshScreen() {
     } else if (movie) {
         presentPart(movie->outer);
     }
+    return moving;
 }
 
 void showWindowNow(HWND handle) {

@@ -287,16 +287,14 @@ bool displayIsReal() {
     return startDisplay() && display.real;
 }
 
-void displayKeepAlive() {
+bool displayKeepAlive() {
     // Without a window too: a signal must reach a child that has the console for itself.
     const std::int64_t now = clockNow();
     if (now - display.lastPump >= pumpInterval) {
         display.lastPump = now;
         pumpEvents();
     }
-    if (display.window && display.listener.refresh) {
-        display.listener.refresh();
-    }
+    return display.window && display.listener.refresh && display.listener.refresh();
 }
 
 void displayGiveUp() {

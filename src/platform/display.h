@@ -20,7 +20,7 @@ struct DisplayListener {
     void (*focusChanged)(bool focused);
     void (*pictureLost)();    // the display has to be drawn and presented anew
     void (*closeRequested)(); // closed from outside, SIGTERM, SIGINT or SIGHUP
-    void (*refresh)();        // the moment to show what has changed
+    bool (*refresh)();        // the moment to show what has changed; true while pictures move
 };
 
 void displaySetListener(const DisplayListener& listener);
@@ -43,8 +43,9 @@ void displayPresentPart(int left, int top, int width, int height);
 bool displayIsReal();
 
 // Handles waiting events and has the listener show what has changed. Costs next to nothing when called often:
-// the event queue is looked at every few milliseconds at most.
-void displayKeepAlive();
+// the event queue is looked at every few milliseconds at most. True while pictures move: it then has to be
+// called every 10 ms, else every 20 to 50.
+bool displayKeepAlive();
 
 // Gives the display up for a child that draws by itself (a console without a window system has one owner
 // only) and takes it back: in front, with the keyboard focus, with the last picture.

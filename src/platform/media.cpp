@@ -132,13 +132,22 @@ void updateMedia(MediaWindow& media) {
     }
 }
 
-void updateAll() {
+// A track needs nobody's look once it runs.
+bool hasPicturesToCome(const MediaWindow& media) {
+    return media.playing && !media.failed &&
+           !(media.player && media.player->hasSize() && media.player->width() == 0);
+}
+
+bool updateAll() {
     for (const auto& player : idlePlayers) {
         player->update();
     }
+    bool moving = false;
     for (const auto& media : mediaWindows) {
         updateMedia(*media);
+        moving = moving || hasPicturesToCome(*media);
     }
+    return moving;
 }
 
 void setPlaying(MediaWindow& media, bool playing) {

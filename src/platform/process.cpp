@@ -276,7 +276,7 @@ BOOL CreateProcessA(LPCSTR applicationName, LPSTR commandLine, SECURITY_ATTRIBUT
 }
 
 DWORD WaitForSingleObject(HANDLE process, DWORD) {
-    constexpr int keepAliveInterval = 10; // milliseconds
+    constexpr int keepAliveInterval = 50; // milliseconds
     ChildProcess* child = findSystemObject<ChildProcess>(process);
     if (!child) {
         return WAIT_FAILED;

@@ -91,11 +91,13 @@ void connectDisplay();
 // Something about the windows as a whole changed: place, order, visibility.
 void noteScreenChange();
 
-// Has a function called before the screen is refreshed, to put new pictures of movies into their windows.
-void setPictureSource(void (*update)());
+// Has a function called before the screen is refreshed, to put new pictures of movies into their windows. It
+// tells whether more of them are to come.
+void setPictureSource(bool (*update)());
 
 // Shows what has changed, unless a window that was just shown has still to be painted for the first time.
-void refreshScreen();
+// True while pictures move.
+bool refreshScreen();
 
 // Counts a window as painted and shows the screen as it is, whatever other windows still wait for.
 void showWindowNow(HWND handle);
