@@ -15,17 +15,7 @@ constexpr int movieY = 60;
 
 class MediaTest : public ::testing::Test {
 protected:
-    void SetUp() override {
-        displaySetSize(640, 480);
-        WNDCLASSA windowClass{};
-        windowClass.lpfnWndProc = DefWindowProcA;
-        windowClass.lpszClassName = "Frame";
-        RegisterClassA(&windowClass);
-        parent = CreateWindowExA(0, "Frame", nullptr, WS_POPUP, 0, 0, 640, 480, nullptr, nullptr, nullptr,
-                                 nullptr);
-        ShowWindow(parent, SW_SHOW);
-        UpdateWindow(parent);
-    }
+    void SetUp() override { parent = openFrame(); }
 
     HWND open(const std::string& file) const { return MCIWndCreateA(parent, nullptr, 0, file.c_str()); }
 

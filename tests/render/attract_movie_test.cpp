@@ -14,13 +14,7 @@ namespace {
 class AttractMovieTest : public ::testing::Test {
 protected:
     void SetUp() override {
-        displaySetSize(640, 480);
-        WNDCLASSA windowClass{};
-        windowClass.lpfnWndProc = DefWindowProcA;
-        windowClass.lpszClassName = "Frame";
-        RegisterClassA(&windowClass);
-        mainWindow = CreateWindowExA(0, "Frame", nullptr, WS_POPUP, 0, 0, 640, 480, nullptr, nullptr, nullptr,
-                                     nullptr);
+        mainWindow = openFrame();
         std::filesystem::create_directory("attracts");
         settings.attractDir = directory;
         game.name = name;

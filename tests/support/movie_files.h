@@ -5,6 +5,7 @@
 
 #include "avi_writer.h"
 #include "platform/display.h"
+#include "platform/window.h"
 #include "sounds.h"
 
 #include <chrono>
@@ -32,6 +33,20 @@ inline std::string numberedMovie(int pictures, int framesPerSecond, double pitch
         }
     }
     return writer.content();
+}
+
+// A window over a whole screen of 640 by 480, of the class "Frame", for movies to play on.
+inline HWND openFrame() {
+    displaySetSize(640, 480);
+    WNDCLASSA windowClass{};
+    windowClass.lpfnWndProc = DefWindowProcA;
+    windowClass.lpszClassName = "Frame";
+    RegisterClassA(&windowClass);
+    const HWND window =
+        CreateWindowExA(0, "Frame", nullptr, WS_POPUP, 0, 0, 640, 480, nullptr, nullptr, nullptr, nullptr);
+    ShowWindow(window, SW_SHOW);
+    UpdateWindow(window);
+    return window;
 }
 
 // The number of the picture whose top left corner stands there; -1 when there is none.
