@@ -382,5 +382,11 @@ void displayQuit() {
         SDL_DestroyWindow(display.window);
         display.window = nullptr;
     }
-    SDL_Quit();
+    // The sound's thread may still be closing its device on a slow server, and two ends of one device wait
+    // for each other for ever.
+    if (SDL_WasInit(SDL_INIT_AUDIO) == 0) {
+        SDL_Quit();
+    } else {
+        SDL_QuitSubSystem(SDL_INIT_VIDEO | SDL_INIT_JOYSTICK);
+    }
 }

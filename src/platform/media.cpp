@@ -6,10 +6,13 @@
 #include "platform/window_internal.h"
 
 #include <algorithm>
+#include <chrono>
 #include <cstdlib>
 #include <filesystem>
+#include <future>
 #include <string_view>
 #include <system_error>
+#include <thread>
 
 namespace {
 
@@ -17,6 +20,8 @@ constexpr LPCSTR mediaClass = "MCIWndClass";
 
 // What is left of a tick is drawing: the opening of a movie may hold it up for 40 ms in all.
 constexpr int longestWait = 25; // milliseconds
+
+constexpr std::chrono::milliseconds longestEnd(1000);
 
 // The shape of most movies, larger than any area.
 constexpr RECT unknownSize = {0, 0, 24000, 18000};
@@ -28,6 +33,8 @@ struct MediaWindow {
     bool failed = false;
     bool opened = false;  // the player has been given the path
     bool playing = false; // as wanted by the messages so far
+    bool paused = false;  // and not merely not played yet
+    bool track = false;   // has no room for a picture, so that only the sound is played
     bool repeating = false;
     bool guessed = false; // was placed before its size was known
     bool resized = false; // the picture has to be drawn in the new size
@@ -53,12 +60,28 @@ std::string playablePath(LPCSTR file) {
     return !error && openPlainFile(path.c_str()).isOpen() ? full.string() : std::string();
 }
 
+// At the end of the program. A sound server that stands still would keep a player from ending, so that
+// happens on a thread. When it takes too long, the process ends at once: the libraries must not be taken from
+// under a player that lives.
+void endPlayers(int exitCode, void*) {
+    for (const auto& media : mediaWindows) {
+        idlePlayers.push_back(std::move(media->player));
+    }
+    mediaWindows.clear();
+    std::promise<void> promise;
+    const std::future<void> ended = promise.get_future();
+    std::thread([players = std::move(idlePlayers), promise = std::move(promise)]() mutable {
+        players.clear();
+        promise.set_value();
+    }).detach();
+    if (ended.wait_for(longestEnd) != std::future_status::ready) {
+        std::_Exit(exitCode);
+    }
+}
+
 std::unique_ptr<MediaPlayer> takePlayer() {
     if (idlePlayers.empty()) {
-        static const int registered = std::atexit([] {
-            mediaWindows.clear();
-            idlePlayers.clear();
-        });
+        static const int registered = on_exit(endPlayers, nullptr);
         static_cast<void>(registered);
         return MediaPlayer::create();
     }
@@ -69,7 +92,7 @@ std::unique_ptr<MediaPlayer> takePlayer() {
 
 // Gives the window its player as soon as the library is there.
 void openMedia(MediaWindow& media) {
-    if (media.opened || media.failed) {
+    if (media.opened || media.failed || media.paused) {
         return;
     }
     const MpvState library = media.path.empty() ? MpvState::absent : mpvLibraryState();
@@ -82,6 +105,9 @@ void openMedia(MediaWindow& media) {
         media.opened = true;
         media.player->open(media.path);
         media.player->setRepeating(media.repeating);
+        if (media.track) {
+            media.player->dropPicture();
+        }
         if (media.playing) {
             media.player->setPaused(false);
         }
@@ -116,11 +142,16 @@ void updateMedia(MediaWindow& media) {
         return;
     }
     media.player->update();
+    if (media.failed) {
+        return;
+    }
     Window* window = findWindow(media.handle);
     if (media.player->failed()) {
         media.failed = true;
-        window->visible = false;
-        noteScreenChange();
+        if (window->visible) {
+            window->visible = false;
+            noteScreenChange();
+        }
     } else if (media.player->hasSize() && media.guessed) {
         shrinkIntoPlace(media);
     }
@@ -152,6 +183,7 @@ bool updateAll() {
 
 void setPlaying(MediaWindow& media, bool playing) {
     media.playing = playing;
+    media.paused = !playing;
     if (media.player) {
         media.player->setPaused(!playing);
     }
@@ -173,8 +205,12 @@ LRESULT obeyCommand(MediaWindow& media, std::string_view command) {
     if (command != "play repeat") {
         return 1;
     }
-    openMedia(media);
+    media.track = findWindow(media.handle)->client.width == 0;
     media.repeating = true;
+    openMedia(media);
+    if (media.player && media.track) {
+        media.player->dropPicture();
+    }
     if (media.player) {
         media.player->setRepeating(true);
         media.player->update();

@@ -128,9 +128,11 @@ void MediaPlayer::setProperty(const char* name, const char* value) {
 void MediaPlayer::open(const std::string& path) {
     path_ = path;
     paused_ = true;
+    soundOnly_ = false;
     restPlace_.reset();
     setRepeating(false);
     setProperty("pause", "yes");
+    setProperty("vid", "auto");
     load("none");
 }
 
@@ -162,15 +164,17 @@ void MediaPlayer::setRepeating(bool repeating) {
     setProperty("loop-file", repeating ? "inf" : "no");
 }
 
+void MediaPlayer::dropPicture() {
+    soundOnly_ = true;
+    setProperty("vid", "no");
+}
+
 void MediaPlayer::setPaused(bool paused) {
-    if (paused == paused_) {
-        return;
-    }
     paused_ = paused;
     setProperty("pause", paused ? "yes" : "no");
     if (paused) {
         rest();
-    } else if (restPlace_) {
+    } else if (state_ == State::idle && restPlace_) {
         load(std::to_string(*restPlace_));
     }
 }
@@ -178,7 +182,7 @@ void MediaPlayer::setPaused(bool paused) {
 // The file is closed, to be opened again where it was. The core can also take the sound alone from an open
 // file, but after the way back from there, a track that had been read to its end stays silent.
 void MediaPlayer::rest() {
-    if (state_ == State::failed) {
+    if (state_ == State::failed || state_ == State::idle) {
         return;
     }
     if (!restPlace_) {
@@ -298,14 +302,14 @@ void MediaPlayer::takeProperty(const mpv_event_property& property, bool current)
     } else if (name == "current-ao") {
         findSoundServer(property.format == MPV_FORMAT_STRING ? *static_cast<char**>(property.data) : "");
     } else if (name == "vid") {
-        if (property.format == MPV_FORMAT_STRING &&
-            std::string_view(*static_cast<char**>(property.data)) == "no") {
+        if (soundOnly_ || (property.format == MPV_FORMAT_STRING &&
+                           std::string_view(*static_cast<char**>(property.data)) == "no")) {
             width_ = height_ = 0;
         }
-    } else if (property.format == MPV_FORMAT_INT64) {
+    } else if (property.format == MPV_FORMAT_INT64 && !soundOnly_) {
         (name == "dwidth" ? width_ : height_) = *static_cast<std::int64_t*>(property.data);
     }
-    if (width_ >= 0 && height_ >= 0) {
+    if (current && width_ >= 0 && height_ >= 0) {
         state_ = State::sized;
     }
 }

@@ -25,6 +25,9 @@ public:
     // Opens a file in place of the former, paused at its start. The path must be absolute.
     void open(const std::string& path);
 
+    // Of the present file, only the sound is wanted.
+    void dropPicture();
+
     // Ends the file and gives back what it holds: the core goes idle.
     void stop();
 
@@ -79,6 +82,7 @@ private:
     std::int64_t width_ = 0;
     std::int64_t height_ = 0;
     bool paused_ = true;
+    bool soundOnly_ = false;
     std::string path_;
     std::optional<double> restPlace_; // of a pause: seconds from the start; below zero, from the end
     std::chrono::steady_clock::time_point soundLook_; // when the sound output was last asked for

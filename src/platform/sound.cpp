@@ -8,11 +8,11 @@
 #include <chrono>
 #include <condition_variable>
 #include <cstdlib>
+#include <deque>
 #include <mutex>
 #include <optional>
 #include <string>
 #include <thread>
-#include <utility>
 
 namespace {
 
@@ -20,7 +20,7 @@ using namespace std::chrono_literals;
 
 // How long the caller waits for a device that does not answer.
 constexpr auto longestStart = 2000ms;
-constexpr auto longestRelease = 300ms;
+constexpr auto longestRelease = 1000ms; // closing lets what is buffered be heard, a third of a second
 
 constexpr std::int64_t waitStep = 5'000'000; // nanoseconds
 
@@ -37,7 +37,7 @@ struct Request {
 struct SoundService {
     std::mutex mutex;
     std::condition_variable changed;
-    std::optional<Request> waiting; // a newer request replaces one that has not been looked at
+    std::deque<Request> waiting;
     std::uint64_t lastNumber = 0;
     std::uint64_t served = 0;     // number of the newest request that has been carried out
     std::int64_t soundLength = 0; // nanoseconds of the sound of that request; 0 for silence
@@ -67,8 +67,12 @@ void serveRequests() {
     SoundDevice device;
     std::unique_lock lock(shared.mutex);
     for (;;) {
-        shared.changed.wait_for(lock, device.timeToNextCheck(), [&] { return shared.waiting.has_value(); });
-        const std::optional<Request> request = std::exchange(shared.waiting, std::nullopt);
+        shared.changed.wait_for(lock, device.timeToNextCheck(), [&] { return !shared.waiting.empty(); });
+        std::optional<Request> request;
+        if (!shared.waiting.empty()) {
+            request = shared.waiting.front();
+            shared.waiting.pop_front();
+        }
         if (request && request->order == Order::quit) {
             return;
         }
@@ -95,7 +99,10 @@ void runDevice() {
 std::uint64_t post(Order order, const std::string& path) {
     SoundService& shared = service();
     const std::lock_guard lock(shared.mutex);
-    shared.waiting = Request{order, path, ++shared.lastNumber};
+    if (order != Order::release) {
+        shared.waiting.clear(); // what nobody has looked at would be cut off at once
+    }
+    shared.waiting.push_back({order, path, ++shared.lastNumber});
     shared.changed.notify_all();
     return shared.lastNumber;
 }

@@ -177,6 +177,23 @@ TEST_F(SoundServerTest, AMovieIsHeardWithoutAGapAndRestsFromAGameOn) {
     EXPECT_EQ(storyOf(recorded()).substr(0, 3), "A.A") << recorded();
 }
 
+TEST_F(SoundServerTest, AServerThatStandsStillDoesNotHoldTheProgram) {
+    makeList();
+    std::filesystem::create_directory(path("sounds"));
+    writeTone("sounds/ambience.wav", 400, 2, 0.1);
+    writeTone("sounds/select.wav", 2000, 0.2, 0.8);
+    startRecorder();
+    startFrontEnd();
+    waitForList();
+    waitForAmbience();
+    screen->tap("Down");
+    pass(200);
+    server->signal(SIGSTOP);
+    screen->tap("Up");
+    EXPECT_EQ(leave(), 0);
+    EXPECT_EQ(output(), "");
+}
+
 TEST_F(SoundServerTest, EffectsAndAmbienceComeBackWithTheServer) {
     makeList();
     std::filesystem::create_directory(path("sounds"));

@@ -86,6 +86,17 @@ TEST_F(MediaTest, PausesAndGoesOnWhereItWas) {
     EXPECT_LE(shown(), paused + 4);
 }
 
+TEST_F(MediaTest, AFileThatIsPausedBeforeItCouldOpenWaits) {
+    const std::string file = folder.write("a.avi", numberedMovie(4, 10));
+    const HWND movie = open(file);
+    SetWindowPos(movie, nullptr, movieX, movieY, numberedWidth, numberedHeight, 0);
+    SendMessageA(movie, MCI_PLAY, 0, 0);
+    SendMessageA(movie, MCI_PAUSE, 0, 0);
+    EXPECT_FALSE(keepAliveUntil([] { return shown() >= 0; }, 500));
+    SendMessageA(movie, MCI_RESUME, 0, 0);
+    EXPECT_TRUE(keepAliveUntil([] { return shown() >= 0; }));
+}
+
 TEST_F(MediaTest, LiesBetweenItsParentAndThePopupsAndEndsWithTheParent) {
     const HWND popup = CreateWindowExA(0, "Frame", nullptr, WS_POPUP, movieX, movieY, 16, 480, parent,
                                        nullptr, nullptr, nullptr);
