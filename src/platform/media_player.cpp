@@ -136,7 +136,6 @@ void MediaPlayer::open(const std::string& path) {
     load("none");
 }
 
-// Just after a round's end the core counts the time from below zero, and takes such a start from the end.
 void MediaPlayer::load(const std::string& start) {
     ++number_;
     entry_ = 0;
@@ -293,9 +292,11 @@ void MediaPlayer::findSoundServer(std::string_view output) {
 void MediaPlayer::takeProperty(const mpv_event_property& property, bool current) {
     const std::string_view name = property.name;
     if (property.format == MPV_FORMAT_DOUBLE) {
-        // The place of a rest, whose file is closed by now.
+        // The place of a rest, whose file is closed by now. While the end of one round is still to be heard,
+        // the core counts the next one from below zero; and it stands still for good when it starts at the
+        // very end.
         if (restPlace_) {
-            restPlace_ = *static_cast<double*>(property.data);
+            restPlace_ = std::max(*static_cast<double*>(property.data), 0.0);
         }
     } else if (!current) {
         return;

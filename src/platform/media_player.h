@@ -84,6 +84,6 @@ private:
     bool paused_ = true;
     bool soundOnly_ = false;
     std::string path_;
-    std::optional<double> restPlace_; // of a pause: seconds from the start; below zero, from the end
+    std::optional<double> restPlace_;                 // of a pause, in seconds from the start
     std::chrono::steady_clock::time_point soundLook_; // when the sound output was last asked for
 };
