@@ -90,6 +90,17 @@ std::unique_ptr<MediaPlayer> takePlayer() {
     return player;
 }
 
+// Tells the player what the messages so far have asked for.
+void passWishes(const MediaWindow& media) {
+    media.player->setRepeating(media.repeating);
+    if (media.track) {
+        media.player->dropPicture();
+    }
+    if (media.playing || media.paused) {
+        media.player->setPaused(media.paused);
+    }
+}
+
 // Gives the window its player as soon as the library is there.
 void openMedia(MediaWindow& media) {
     if (media.opened || media.failed || media.paused) {
@@ -104,13 +115,7 @@ void openMedia(MediaWindow& media) {
     if (media.player) {
         media.opened = true;
         media.player->open(media.path);
-        media.player->setRepeating(media.repeating);
-        if (media.track) {
-            media.player->dropPicture();
-        }
-        if (media.playing) {
-            media.player->setPaused(false);
-        }
+        passWishes(media);
     }
 }
 
@@ -184,8 +189,10 @@ bool updateAll() {
 void setPlaying(MediaWindow& media, bool playing) {
     media.playing = playing;
     media.paused = !playing;
-    if (media.player) {
-        media.player->setPaused(!playing);
+    if (media.opened) {
+        passWishes(media);
+    } else {
+        openMedia(media);
     }
 }
 
@@ -207,15 +214,10 @@ LRESULT obeyCommand(MediaWindow& media, std::string_view command) {
     }
     media.track = findWindow(media.handle)->client.width == 0;
     media.repeating = true;
-    openMedia(media);
-    if (media.player && media.track) {
-        media.player->dropPicture();
-    }
+    setPlaying(media, true);
     if (media.player) {
-        media.player->setRepeating(true);
         media.player->update();
     }
-    setPlaying(media, true);
     return media.failed || (media.player && media.player->failed()) ? 1 : 0;
 }
 

@@ -88,14 +88,14 @@ TEST_F(Process, GivesItsOwnInputAndNothingElse) {
 }
 
 TEST_F(Process, FindsTheProgram) {
-    std::filesystem::create_directories("work/inner");
-    writeScript("work/tool", "pwd");
-    writeScript("work/both", "echo plain");
-    writeScript("work/both.exe", "echo exe");
-    writeScript("work/own name", "echo blank");
-    folder.write("work/broken.exe", "no program");
-    std::filesystem::permissions("work/broken.exe", std::filesystem::perms::owner_all);
-    writeScript("work/broken", "echo whole");
+    std::filesystem::create_directories("games/inner");
+    writeScript("games/tool", "pwd");
+    writeScript("games/both", "echo plain");
+    writeScript("games/both.exe", "echo exe");
+    writeScript("games/own name", "echo blank");
+    folder.write("games/broken.exe", "no program");
+    std::filesystem::permissions("games/broken.exe", std::filesystem::perms::owner_all);
+    writeScript("games/broken", "echo whole");
     folder.write("plain.txt", "echo no");
     writeScript("lost", "");
     folder.write("lost", "#!/no/such/interpreter\n");
@@ -106,16 +106,16 @@ TEST_F(Process, FindsTheProgram) {
         int code;
         std::string output;
     } cases[] = {
-        {"tool", "work", 0, folder.pathOf("work") + "\n"},
-        {"TOOL.EXE", "work", -1, ""},
-        {"tool.EXE", "work", 0, folder.pathOf("work") + "\n"},
-        {"both", "work", 0, "plain\n"},
-        {"both.exe", "work", 0, "exe\n"},
-        {"broken.exe", "work", 0, "whole\n"},
-        {"here", "work", 0, "here\n"},
-        {".\\here x", "work", 0, "here\n"},
-        {"\"work\\own name\" x", nullptr, 0, "blank\n"},
-        {"./tool", "work", -1, ""},
+        {"tool", "games", 0, folder.pathOf("games") + "\n"},
+        {"TOOL.EXE", "games", -1, ""},
+        {"tool.EXE", "games", 0, folder.pathOf("games") + "\n"},
+        {"both", "games", 0, "plain\n"},
+        {"both.exe", "games", 0, "exe\n"},
+        {"broken.exe", "games", 0, "whole\n"},
+        {"here", "games", 0, "here\n"},
+        {".\\here x", "games", 0, "here\n"},
+        {"\"games\\own name\" x", nullptr, 0, "blank\n"},
+        {"./tool", "games", -1, ""},
         {"sh -c \"exit 7\"", nullptr, 7, ""},
         {"sh -c \"kill -9 $$\"", nullptr, 128 + SIGKILL, ""},
         {"true", "none", -1, ""},
@@ -123,10 +123,10 @@ TEST_F(Process, FindsTheProgram) {
         {"", nullptr, -1, ""},
         {"\"\"", nullptr, -1, ""},
         {"none", nullptr, -1, ""},
-        {"./work", nullptr, -1, ""},
-        {"inner", "work", -1, ""},
+        {"./games", nullptr, -1, ""},
+        {"inner", "games", -1, ""},
         {"./plain.txt", nullptr, -1, ""},
-        {"./work/broken.exe/", nullptr, -1, ""},
+        {"./games/broken.exe/", nullptr, -1, ""},
         {"./lost", nullptr, -1, ""},
         {"here;true", nullptr, -1, ""},
     };
@@ -134,8 +134,8 @@ TEST_F(Process, FindsTheProgram) {
         EXPECT_EQ(run(commandLine, workingDirectory), code) << commandLine;
         EXPECT_EQ(folder.read("out"), expected) << commandLine;
     }
-    std::filesystem::remove("work/broken");
-    EXPECT_EQ(run("broken.exe", "work"), -1) << "no shell runs a text";
+    std::filesystem::remove("games/broken");
+    EXPECT_EQ(run("broken.exe", "games"), -1) << "no shell runs a text";
 }
 
 TEST_F(Process, PassesLongLinesAndMuchOutput) {
