@@ -1,8 +1,8 @@
 #include "platform/process.h"
 
-#include "platform/command_line.h"
 #include "platform/display.h"
 #include "platform/paths.h"
+#include "platform/program_search.h"
 #include "platform/sound.h"
 #include "platform/system_object.h"
 
@@ -10,19 +10,14 @@
 #include <poll.h>
 #include <signal.h>
 #include <spawn.h>
-#include <strings.h>
-#include <sys/stat.h>
 #include <sys/syscall.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include <algorithm>
-#include <array>
-#include <cstdlib>
 #include <memory>
 #include <optional>
 #include <string>
-#include <string_view>
+#include <utility>
 #include <vector>
 
 namespace {
@@ -71,67 +66,6 @@ struct ChildProcess : SystemObject {
 };
 
 struct ChildThread : SystemObject {};
-
-// --- Finding the program ---
-
-bool isProgram(const std::string& path) {
-    struct stat status {};
-    return stat(path.c_str(), &status) == 0 && S_ISREG(status.st_mode) &&
-           faccessat(AT_FDCWD, path.c_str(), X_OK, AT_EACCESS) == 0;
-}
-
-// The child changes its folder before it becomes the program, so the path must not depend on it.
-std::string absolutePath(const std::string& path) {
-    if (path.starts_with('/')) {
-        return path;
-    }
-    const std::unique_ptr<char, decltype(&std::free)> current(getcwd(nullptr, 0), std::free);
-    return current ? std::string(current.get()).append("/").append(path) : std::string();
-}
-
-std::vector<std::string> searchFolders(const std::string& workingDirectory) {
-    std::vector<std::string> folders = {programFolder(), absolutePath(workingDirectory), absolutePath(".")};
-    const char* variable = std::getenv("PATH");
-    std::string_view rest = variable ? variable : "";
-    while (!rest.empty()) {
-        const std::string_view folder = rest.substr(0, rest.find(':'));
-        folders.push_back(absolutePath(folder.empty() ? "." : std::string(folder)));
-        rest.remove_prefix(std::min(folder.size() + 1, rest.size()));
-    }
-    return folders;
-}
-
-// All programs that the name can mean, the best first.
-std::vector<std::string> findPrograms(const std::string& name, const std::string& workingDirectory) {
-    constexpr std::string_view suffix = ".exe";
-    std::vector<std::string> places;
-    if (name.empty()) {
-        return places;
-    }
-    if (name.find('/') != std::string::npos) {
-        places.push_back(absolutePath(name));
-    } else {
-        for (const std::string& folder : searchFolders(workingDirectory)) {
-            places.push_back(folder + '/' + name);
-        }
-    }
-    std::vector<std::string> programs;
-    for (std::string& place : places) {
-        if (isProgram(place)) {
-            programs.push_back(place);
-        }
-        if (place.size() > suffix.size() &&
-            strcasecmp(place.c_str() + place.size() - suffix.size(), suffix.data()) == 0) {
-            place.resize(place.size() - suffix.size());
-            if (isProgram(place)) {
-                programs.push_back(place);
-            }
-        }
-    }
-    return programs;
-}
-
-// --- Starting it ---
 
 class SpawnSettings {
 public:
@@ -210,33 +144,6 @@ pid_t startFirst(const std::vector<std::string>& programs, std::vector<std::stri
     return 0;
 }
 
-// What a command line starts: the programs that its beginning can mean, and the words for them.
-struct Invocation {
-    std::vector<std::string> programs;
-    std::vector<std::string> words;
-};
-
-// A path without quotes may hold blanks: when its first word is no program, each longer beginning of the line
-// is tried in turn. Only a path: in a bare name the words behind it are never part of the program.
-Invocation resolve(std::string_view line, const std::string& folder) {
-    line.remove_prefix(std::min(line.find_first_not_of(" \t"), line.size()));
-    Invocation result{{}, splitCommandLine(line)};
-    if (result.words.empty()) {
-        return result;
-    }
-    result.programs = findPrograms(nativePath(result.words[0]), folder);
-    const bool isPath = line.front() != '"' && result.words[0].find_first_of("/\\") != std::string::npos;
-    std::size_t end = isPath ? result.words[0].size() : line.size();
-    while (result.programs.empty() && end < line.size()) {
-        end = std::min(line.find(' ', end + 1), line.size());
-        const std::string name(line.substr(0, end));
-        result.programs = findPrograms(nativePath(name), folder);
-        result.words = splitCommandLine("x" + std::string(line.substr(end)));
-        result.words[0] = name;
-    }
-    return result;
-}
-
 } // namespace
 
 BOOL CreateProcessA(LPCSTR applicationName, LPSTR commandLine, SECURITY_ATTRIBUTES*, SECURITY_ATTRIBUTES*,
@@ -248,7 +155,7 @@ BOOL CreateProcessA(LPCSTR applicationName, LPSTR commandLine, SECURITY_ATTRIBUT
     reapAbandoned();
     restoreChildSignal();
     const std::string folder = nativePath(workingDirectory ? workingDirectory : "");
-    Invocation invocation = resolve(commandLine, folder);
+    Invocation invocation = resolveInvocation(commandLine, folder);
     if (invocation.programs.empty()) {
         return FALSE;
     }
