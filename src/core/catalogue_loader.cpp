@@ -8,7 +8,7 @@
 #include "overlays/message_window.h"
 #include "platform/clock.h"
 #include "platform/files.h"
-#include "platform/window.h"
+#include "platform/screen.h"
 
 #include <cstdio>
 #include <string>
@@ -21,10 +21,8 @@ constexpr char xmlFile[] = "listinfo.xml";
 
 constexpr DWORD failureMessageMilliseconds = 7500;
 
-// A request to end also ends the program that runs at the moment.
 bool askedToEnd() {
-    MSG message{};
-    return PeekMessageA(&message, nullptr, 0, 0, PM_NOREMOVE) && message.message == WM_CLOSE;
+    return GetSystemMetrics(SM_SHUTTINGDOWN) != 0;
 }
 
 // Whether the two runs went well shows in the list alone; a failure to start has been told by then.

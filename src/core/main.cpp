@@ -12,6 +12,7 @@
 #include "overlays/message_window.h"
 #include "platform/entry.h"
 #include "platform/module.h"
+#include "platform/screen.h"
 #include "platform/sound.h"
 #include "platform/window.h"
 #include "render/composition.h"
@@ -67,13 +68,15 @@ int openMainWindow() {
     return 1;
 }
 
-void showFirstFrame() {
+// 0 when the display has gone before anything could be seen.
+int showFirstFrame() {
     if (selectedIndex >= visibleCount) {
         selectedIndex = 0;
     }
     ShowWindow(mainWindow, SW_MAXIMIZE);
     drawScreen(backDC, backBitmap);
     UpdateWindow(mainWindow);
+    return GetSystemMetrics(SM_CMONITORS) > 0 ? 1 : 0;
 }
 
 void freeResources() {
@@ -94,11 +97,10 @@ int WinMain(HINSTANCE instance, HINSTANCE, LPSTR commandTail, int) {
     }
     loadSettings();
     settings.baseOrientation = settings.orientation;
-    if (!initGames()) {
+    if (!initGames() || !showFirstFrame()) {
         showError(mainWindow, "Initialization failed");
         return 1;
     }
-    showFirstFrame();
     hideMouseCursor();
     const int result = runMainLoop();
     saveSettings();

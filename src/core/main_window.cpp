@@ -1,5 +1,6 @@
 #include "core/main_window.h"
 
+#include "config/settings.h"
 #include "platform/drawing.h"
 #include "platform/screen.h"
 #include "platform/window.h"
@@ -47,6 +48,14 @@ void paintFrame(HWND window) {
         BitBlt(windowDC, x, 0, client.right, client.bottom, backDC, 0, 0, SRCCOPY);
     }
     EndPaint(window, &paint);
+}
+
+// Whoever asked for the end may not wait until a game or a sound lets the loop end, which saves again. Before
+// the first frame there is nothing to save.
+void saveWhatIsShown() {
+    if (backBitmap) {
+        saveSettings();
+    }
 }
 
 void releaseSurface(HDC& dc, HBITMAP& bitmap) {
@@ -98,6 +107,9 @@ LRESULT mainWindowProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) 
         return 0;
     case WM_PAINT:
         paintFrame(window);
+        return 0;
+    case WM_ENDSESSION:
+        saveWhatIsShown();
         return 0;
     default:
         return DefWindowProcA(window, message, wParam, lParam);

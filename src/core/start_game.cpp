@@ -7,6 +7,7 @@
 #include "overlays/message_window.h"
 #include "platform/clock.h"
 #include "platform/media.h"
+#include "platform/screen.h"
 #include "platform/sound.h"
 #include "platform/window.h"
 #include "render/attract_movie.h"
@@ -42,6 +43,10 @@ void runGame(const GameRecord& game) {
     quieten();
     showMessage(launching.c_str());
     playSoundFile(settings.soundStartGame, SND_SYNC);
+    if (GetSystemMetrics(SM_SHUTTINGDOWN) != 0) {
+        hideMessage();
+        return;
+    }
     DWORD exitCode = 0; // stays 0 when the emulator did not start: that has had its own box
     launchGame(&game, &exitCode);
     if (exitCode != 0) {

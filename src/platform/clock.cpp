@@ -2,6 +2,7 @@
 
 #include "platform/clock_source.h"
 #include "platform/display.h"
+#include "platform/end_request.h"
 
 #include <algorithm>
 
@@ -36,5 +37,5 @@ void Sleep(DWORD milliseconds) {
     do {
         clockWait(std::min(end - clockNow(), nap));
         nap = displayKeepAlive() ? napBetweenPictures : napAtRest;
-    } while (clockNow() < end && !displayCloseRequested());
+    } while (clockNow() < end && !endRequested());
 }

@@ -111,13 +111,13 @@ void presentPart(const RECT& part) {
     }
 }
 
-// The first window without an owner is the program's main window.
-void closeMainWindow() {
-    for (const HWND handle : windowOrder()) {
-        if (!findWindow(handle)->owner) {
-            queuePosted(handle, WM_CLOSE, 0, 0);
-            return;
-        }
+// WM_ENDSESSION at once, since what holds the program up may outlast the patience of whoever asked.
+void announceEnd() {
+    static HWND announced = nullptr;
+    const HWND main = mainWindowOfProgram();
+    if (main && main != announced) {
+        announced = main;
+        sendMessage(main, WM_ENDSESSION, TRUE, 0);
     }
 }
 
@@ -130,7 +130,7 @@ void connectDisplay() {
     }
     connected = true;
     displaySetListener(
-        {queueKey, queueJoystick, setDisplayFocus, noteScreenChange, closeMainWindow, refreshScreen});
+        {queueKey, queueJoystick, setDisplayFocus, noteScreenChange, announceEnd, refreshScreen});
     if (!displayIsReal()) {
         setDisplayFocus(true); // a display without a screen never tells
     }

@@ -1,11 +1,12 @@
 #include "platform/display.h"
 
 #include "platform/clock_source.h"
-#include "platform/display_signals.h"
+#include "platform/end_request.h"
 #include "platform/key_map.h"
 #include "platform/key_state.h"
 #include "platform/synthesised_keys.h"
 #include "platform/window_manager.h"
+#include "platform/x11_connection.h"
 
 #include <SDL.h>
 
@@ -29,7 +30,7 @@ struct Display {
     bool ownsConsole = false;
     bool shown = false;
     bool mousePressed = false;
-    bool closeRequested = false;
+    bool lost = false; // for good: the window below is null, and SDL's video must be left alone
     bool cursorShown = true;
     SDL_Window* window = nullptr;
     int width = 0;
@@ -101,6 +102,13 @@ bool initVideo() {
     return true;
 }
 
+// Every function checks the window. SDL's own clean-up would wait for the server that has gone.
+void loseDisplay() {
+    display.lost = true;
+    display.window = nullptr;
+    requestEnd(EndRequest::displayLost);
+}
+
 bool openWindow() {
     SDL_DisplayMode mode{};
     if (SDL_GetDesktopDisplayMode(0, &mode) != 0 || mode.w <= 0 || mode.h <= 0) {
@@ -114,6 +122,10 @@ bool openWindow() {
     display.window = SDL_CreateWindow(display.title.c_str(), 0, 0, display.width, display.height,
                                       SDL_WINDOW_HIDDEN | SDL_WINDOW_BORDERLESS | fullScreen);
     display.shown = false;
+    if (!display.window) {
+        return false;
+    }
+    watchConnection(display.window, loseDisplay);
     SDL_ShowCursor(display.cursorShown ? SDL_ENABLE : SDL_DISABLE);
     return display.window != nullptr;
 }
@@ -122,7 +134,7 @@ bool startDisplay() {
     if (display.window) {
         return true;
     }
-    if (display.failed) {
+    if (display.failed || display.lost) {
         return false;
     }
     if (!initVideo()) {
@@ -165,7 +177,7 @@ void handleWindowEvent(const SDL_WindowEvent& event) {
         }
         break;
     case SDL_WINDOWEVENT_CLOSE:
-        noteCloseRequest();
+        requestEnd(EndRequest::close);
         break;
     default:
         break;
@@ -207,19 +219,13 @@ void handleEvent(const SDL_Event& event) {
         display.mousePressed = true;
         break;
     case SDL_QUIT:
-        noteCloseRequest();
+        requestEnd(EndRequest::close);
+        break;
+    case SDL_SYSWMEVENT:
+        checkForDestruction(event);
         break;
     default:
         break;
-    }
-}
-
-void lookForCloseRequest() {
-    if (takeCloseRequest()) {
-        display.closeRequested = true;
-        if (display.listener.closeRequested) {
-            display.listener.closeRequested();
-        }
     }
 }
 
@@ -228,7 +234,9 @@ void pumpEvents() {
     while (display.window && SDL_PollEvent(&event) != 0) {
         handleEvent(event);
     }
-    lookForCloseRequest();
+    if (endRequested() && display.listener.endRequested) {
+        display.listener.endRequested();
+    }
 }
 
 } // namespace
@@ -238,10 +246,10 @@ void displaySetListener(const DisplayListener& listener) {
 }
 
 bool displaySize(int& width, int& height) {
-    const bool started = startDisplay();
-    width = started ? display.width : 0;
-    height = started ? display.height : 0;
-    return started;
+    const bool known = startDisplay() || display.lost;
+    width = known ? display.width : 0;
+    height = known ? display.height : 0;
+    return known;
 }
 
 DisplayPixels displayPixels() {
@@ -323,13 +331,8 @@ void displayTakeBack() {
     }
 }
 
-bool displayCloseRequested() {
-    lookForCloseRequest(); // a signal may have come since the events were last looked at
-    return display.closeRequested;
-}
-
-void displayForgetCloseRequest() {
-    display.closeRequested = false;
+bool displayIsLost() {
+    return display.lost;
 }
 
 bool displayMousePressed() {
@@ -378,6 +381,9 @@ void displaySetSize(int width, int height) {
 }
 
 void displayQuit() {
+    if (display.lost) {
+        return;
+    }
     if (display.window) {
         SDL_DestroyWindow(display.window);
         display.window = nullptr;

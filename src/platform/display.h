@@ -18,14 +18,14 @@ struct DisplayListener {
     void (*keyChanged)(int code, bool down, bool repeat); // a virtual-key code, left and right told apart
     void (*joystickChanged)();                            // anything about any joystick that is in use
     void (*focusChanged)(bool focused);
-    void (*pictureLost)();    // the display has to be drawn and presented anew
-    void (*closeRequested)(); // closed from outside, SIGTERM, SIGINT or SIGHUP
-    bool (*refresh)();        // the moment to show what has changed; true while pictures move
+    void (*pictureLost)();  // the display has to be drawn and presented anew
+    void (*endRequested)(); // at each look at the events from the first request to end on
+    bool (*refresh)();      // the moment to show what has changed; true while pictures move
 };
 
 void displaySetListener(const DisplayListener& listener);
 
-// Size of the screen in pixels. False, and 0, when no display can be had at all.
+// Size of the screen in pixels, also after it has been lost. False, and 0, when no display can be had at all.
 bool displaySize(int& width, int& height);
 
 // The pixels of the next picture, valid until the next call of any function here; null pixels without a
@@ -52,10 +52,9 @@ bool displayKeepAlive();
 void displayGiveUp();
 void displayTakeBack();
 
-// The program has been asked to end. It stays asked until its main window has ended, so that nothing on the
-// way out waits for a person.
-bool displayCloseRequested();
-void displayForgetCloseRequest();
+// The display was there and has gone for good: its server ended, or someone else ended the connection or the
+// window. It counts as a request to end. Nothing is shown any more, and no other function here has an effect.
+bool displayIsLost();
 
 // A mouse button was pressed since this was last called.
 bool displayMousePressed();

@@ -1,6 +1,7 @@
 #include "platform/entry.h"
 
 #include "platform/command_line.h"
+#include "platform/end_request.h"
 #include "platform/module.h"
 #include "platform/window.h"
 
@@ -29,5 +30,7 @@ int main() {
     fillStandardStreams();
     // A diagnostic that nobody reads any more is no reason to end. Children get the default back.
     std::signal(SIGPIPE, SIG_IGN);
-    return WinMain(GetModuleHandleA(nullptr), nullptr, commandTail(GetCommandLineA()), SW_SHOW);
+    const int result = WinMain(GetModuleHandleA(nullptr), nullptr, commandTail(GetCommandLineA()), SW_SHOW);
+    constexpr int displayLostCode = 2;
+    return result == 0 && endRequest() == EndRequest::displayLost ? displayLostCode : result;
 }

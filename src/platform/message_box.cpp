@@ -2,6 +2,7 @@
 #include "platform/diagnostics.h"
 #include "platform/display.h"
 #include "platform/drawing.h"
+#include "platform/end_request.h"
 #include "platform/joystick.h"
 #include "platform/key_state.h"
 #include "platform/keys.h"
@@ -140,7 +141,7 @@ void waitForAnswer() {
         held = buttons;
         const bool keyPressed = std::any_of(std::begin(answerKeys), std::end(answerKeys),
                                             [](int key) { return takeKeyPress(key); });
-        if (keyPressed || buttonPressed || displayMousePressed() || displayCloseRequested()) {
+        if (keyPressed || buttonPressed || displayMousePressed() || endRequested()) {
             break;
         }
     }
@@ -171,7 +172,7 @@ int MessageBoxA(HWND owner, LPCSTR text, LPCSTR title, UINT) {
     const std::string_view message = text ? text : "";
     const std::string_view heading = title ? title : "Error";
     writeDiagnostic(standardError, std::string(heading) + ": " + std::string(message));
-    if (!displayIsReal() || displayCloseRequested()) {
+    if (!displayIsReal() || endRequested()) {
         return IDOK;
     }
     const HDC measuring = CreateCompatibleDC(nullptr);

@@ -1,5 +1,6 @@
 #include "platform/clock_source.h"
 #include "platform/display.h"
+#include "platform/end_request.h"
 #include "platform/joystick.h"
 #include "platform/key_state.h"
 #include "platform/window_internal.h"
@@ -52,6 +53,12 @@ HWND windowToPaint() {
 
 // The next message, taken out of its queue or left there.
 std::optional<MSG> nextMessage(bool take) {
+    // A popup that is about to close drops the message that wakes it, so this one comes again until it is
+    // obeyed.
+    const HWND toClose = endRequested() ? mainWindowOfProgram() : nullptr;
+    if (toClose) {
+        return makeMessage(toClose, WM_CLOSE, 0, 0);
+    }
     for (std::deque<MSG>* queue : {&posted, &input}) {
         if (queue == &input && quitCode) {
             break; // a quit goes before presses, or the key that asked for it would act again

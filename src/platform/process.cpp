@@ -1,6 +1,9 @@
 #include "platform/process.h"
 
+#include "platform/child_end.h"
+#include "platform/child_start.h"
 #include "platform/display.h"
+#include "platform/end_request.h"
 #include "platform/paths.h"
 #include "platform/program_search.h"
 #include "platform/sound.h"
@@ -9,11 +12,11 @@
 #include <fcntl.h>
 #include <poll.h>
 #include <signal.h>
-#include <spawn.h>
 #include <sys/syscall.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <array>
 #include <memory>
 #include <optional>
 #include <string>
@@ -67,53 +70,20 @@ struct ChildProcess : SystemObject {
 
 struct ChildThread : SystemObject {};
 
-class SpawnSettings {
-public:
-    SpawnSettings() {
-        posix_spawn_file_actions_init(&actions);
-        posix_spawnattr_init(&attributes);
-        sigset_t signals;
-        sigemptyset(&signals);
-        posix_spawnattr_setsigmask(&attributes, &signals);
-        sigfillset(&signals);
-        posix_spawnattr_setsigdefault(&attributes, &signals);
-        posix_spawnattr_setflags(&attributes, POSIX_SPAWN_SETSIGMASK | POSIX_SPAWN_SETSIGDEF);
-    }
-    SpawnSettings(const SpawnSettings&) = delete;
-    SpawnSettings& operator=(const SpawnSettings&) = delete;
-    ~SpawnSettings() {
-        posix_spawn_file_actions_destroy(&actions);
-        posix_spawnattr_destroy(&attributes);
-    }
-
-    posix_spawn_file_actions_t actions;
-    posix_spawnattr_t attributes;
-};
-
 bool isRedirected(const STARTUPINFOA* startup) {
     return startup && (startup->dwFlags & STARTF_USESTDHANDLES) != 0;
 }
 
-// A stream that is not given, or by no file, is an empty one.
-void redirect(posix_spawn_file_actions_t& actions, HANDLE handle, int stream) {
-    if (const OpenFile* file = findSystemObject<OpenFile>(handle)) {
-        posix_spawn_file_actions_adddup2(&actions, file->descriptor.number(), stream);
-    } else {
-        posix_spawn_file_actions_addopen(&actions, stream, "/dev/null", O_RDWR, 0);
-    }
+int streamOf(HANDLE handle) {
+    const OpenFile* file = findSystemObject<OpenFile>(handle);
+    return file ? file->descriptor.number() : noStream;
 }
 
-void addActions(posix_spawn_file_actions_t& actions, const std::string& workingDirectory,
-                const STARTUPINFOA* startup) {
-    if (!workingDirectory.empty()) {
-        posix_spawn_file_actions_addchdir_np(&actions, workingDirectory.c_str());
+std::array<int, 3> streamsOf(const STARTUPINFOA* startup) {
+    if (!isRedirected(startup)) {
+        return {inheritedStream, inheritedStream, inheritedStream};
     }
-    if (isRedirected(startup)) {
-        redirect(actions, startup->hStdInput, STDIN_FILENO);
-        redirect(actions, startup->hStdOutput, STDOUT_FILENO);
-        redirect(actions, startup->hStdError, STDERR_FILENO);
-    }
-    posix_spawn_file_actions_addclosefrom_np(&actions, STDERR_FILENO + 1);
+    return {streamOf(startup->hStdInput), streamOf(startup->hStdOutput), streamOf(startup->hStdError)};
 }
 
 // A parent that ignores the end of its children would never learn their exit code.
@@ -123,25 +93,6 @@ void restoreChildSignal() {
         action.sa_handler = SIG_DFL;
         sigaction(SIGCHLD, &action, nullptr);
     }
-}
-
-// Tries the programs in turn, since what has the right name can be of another machine. 0 when none starts.
-pid_t startFirst(const std::vector<std::string>& programs, std::vector<std::string>& words,
-                 const SpawnSettings& settings) {
-    std::vector<char*> arguments;
-    arguments.reserve(words.size() + 1);
-    for (std::string& word : words) {
-        arguments.push_back(word.data());
-    }
-    arguments.push_back(nullptr);
-    for (const std::string& program : programs) {
-        pid_t child = 0;
-        if (posix_spawn(&child, program.c_str(), &settings.actions, &settings.attributes, arguments.data(),
-                        environ) == 0) {
-            return child;
-        }
-    }
-    return 0;
 }
 
 } // namespace
@@ -155,12 +106,10 @@ BOOL CreateProcessA(LPCSTR applicationName, LPSTR commandLine, SECURITY_ATTRIBUT
     reapAbandoned();
     restoreChildSignal();
     const std::string folder = nativePath(workingDirectory ? workingDirectory : "");
-    Invocation invocation = resolveInvocation(commandLine, folder);
+    const Invocation invocation = resolveInvocation(commandLine, folder);
     if (invocation.programs.empty()) {
         return FALSE;
     }
-    SpawnSettings settings;
-    addActions(settings.actions, folder, startup);
     // A child with redirected streams only computes. Any other may draw at once, and on a console without a
     // window system it can do so only when nobody else holds the screen.
     const bool getsDisplay = !isRedirected(startup);
@@ -168,7 +117,7 @@ BOOL CreateProcessA(LPCSTR applicationName, LPSTR commandLine, SECURITY_ATTRIBUT
         soundGiveUp();
         displayGiveUp();
     }
-    const pid_t child = startFirst(invocation.programs, invocation.words, settings);
+    const pid_t child = startChild({invocation.programs, invocation.words, folder, streamsOf(startup)});
     if (child == 0) {
         if (getsDisplay) {
             displayTakeBack();
@@ -188,18 +137,20 @@ DWORD WaitForSingleObject(HANDLE process, DWORD) {
     if (!child) {
         return WAIT_FAILED;
     }
-    bool askedToEnd = false;
-    while (!child->hasEnded()) {
+    ChildEnd end(child->number);
+    // Once the program is asked to end, also for what the child has started in turn.
+    while (!child->hasEnded() || (endRequested() && !end.isOver())) {
         displayKeepAlive();
-        if (!askedToEnd && displayCloseRequested()) {
-            kill(child->number, SIGTERM);
-            askedToEnd = true;
+        end.poll(child->hasEnded());
+        if (end.isOver()) {
+            break;
         }
-        pollfd ending = {child->ending.number(), POLLIN, 0};
+        pollfd ending = {child->hasEnded() ? -1 : child->ending.number(), POLLIN, 0};
         poll(&ending, 1, keepAliveInterval);
     }
+    const bool ended = child->hasEnded();
     child->returnDisplay();
-    return WAIT_OBJECT_0;
+    return ended ? WAIT_OBJECT_0 : WAIT_TIMEOUT;
 }
 
 BOOL GetExitCodeProcess(HANDLE process, DWORD* exitCode) {

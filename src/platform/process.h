@@ -44,6 +44,7 @@ constexpr DWORD STARTF_USESTDHANDLES = 0x0100;
 constexpr DWORD STD_INPUT_HANDLE = static_cast<DWORD>(-10);
 constexpr DWORD INFINITE = 0xFFFFFFFF;
 constexpr DWORD WAIT_OBJECT_0 = 0;
+constexpr DWORD WAIT_TIMEOUT = 258;
 constexpr DWORD WAIT_FAILED = 0xFFFFFFFF;
 
 // Starts a program. The first word of commandLine names it: a name without a separator is looked for beside
@@ -61,10 +62,12 @@ BOOL CreateProcessA(LPCSTR applicationName, LPSTR commandLine, SECURITY_ATTRIBUT
                     PROCESS_INFORMATION* process);
 
 // Waits for the end of a process; timeout must be INFINITE. Meanwhile the last picture stays on the screen,
-// the display's events are drained, no message is dispatched, and a request to close the program is passed on
-// to the child. A child without redirected streams may draw by itself, so the display is given up for its
-// start and taken back after its end: in front, with the keyboard focus, shown again. WAIT_OBJECT_0, or
-// WAIT_FAILED at once on a handle that is no process.
+// the display's events are drained and no message is dispatched. When the program is asked to end from
+// outside, the child's process group is sent SIGTERM, after 2 s SIGHUP and after 4 s SIGKILL (SIGHUP after
+// 0.5 s and SIGKILL after 1.5 s when the display has been lost), and the wait goes on until the whole group
+// has ended. A child without redirected streams may draw by itself, so the display is given up for its start
+// and taken back after its end: in front, with the keyboard focus, shown again. WAIT_OBJECT_0; WAIT_TIMEOUT
+// for a child that has not ended after SIGKILL either; WAIT_FAILED at once on a handle that is no process.
 DWORD WaitForSingleObject(HANDLE process, DWORD timeout);
 
 // The exit code of a process that has ended: 0 to 255, or 128 plus the number of the signal that ended it.

@@ -1,6 +1,7 @@
 #include "platform/screen.h"
 
 #include "platform/display.h"
+#include "platform/end_request.h"
 
 int GetSystemMetrics(int index) {
     int width = 0;
@@ -11,6 +12,10 @@ int GetSystemMetrics(int index) {
         return width;
     case SM_CYSCREEN:
         return height;
+    case SM_CMONITORS:
+        return width > 0 && !displayIsLost() ? 1 : 0;
+    case SM_SHUTTINGDOWN:
+        return endRequested() ? 1 : 0;
     default:
         return 0;
     }

@@ -7,10 +7,13 @@
 
 constexpr int SM_CXSCREEN = 0;
 constexpr int SM_CYSCREEN = 1;
+constexpr int SM_CMONITORS = 80;
+constexpr int SM_SHUTTINGDOWN = 0x2000;
 
 constexpr UINT SPI_SETSCREENSAVEACTIVE = 0x0011;
 
-// Width or height of the screen in pixels; 0 for any other index.
+// Width or height of the screen in pixels; the number of screens, 1 or, once the display has been lost, 0; 1
+// once the program has been asked to end from outside, else 0. 0 for any other index.
 int GetSystemMetrics(int index);
 
 // Raises or lowers the display count of the mouse cursor, which starts at 0, and gives the new one. The

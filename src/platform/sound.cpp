@@ -2,6 +2,7 @@
 
 #include "platform/clock_source.h"
 #include "platform/display.h"
+#include "platform/end_request.h"
 #include "platform/paths.h"
 #include "platform/sound_device.h"
 
@@ -136,7 +137,7 @@ std::int64_t waitForStart(std::uint64_t number) {
     SoundService& shared = service();
     const auto limit = std::chrono::steady_clock::now() + longestStart;
     std::unique_lock lock(shared.mutex);
-    while (shared.served != number && std::chrono::steady_clock::now() < limit) {
+    while (shared.served != number && std::chrono::steady_clock::now() < limit && !endRequested()) {
         if (!shared.changed.wait_for(lock, 5ms, [&] { return shared.served == number; })) {
             lock.unlock();
             displayKeepAlive();
@@ -162,9 +163,12 @@ BOOL PlaySoundA(LPCSTR path, HMODULE, DWORD flags) {
     }
     const std::int64_t length = waitForStart(number);
     const std::int64_t end = clockNow() + length;
-    while (clockNow() < end) {
+    while (clockNow() < end && !endRequested()) {
         clockWait(waitStep < end - clockNow() ? waitStep : end - clockNow());
         displayKeepAlive();
+    }
+    if (endRequested()) {
+        post(Order::stop, "");
     }
     return length > 0 ? TRUE : FALSE;
 }

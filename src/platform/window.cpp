@@ -2,6 +2,7 @@
 
 #include "platform/device_context.h"
 #include "platform/display.h"
+#include "platform/end_request.h"
 #include "platform/handle_table.h"
 #include "platform/window_internal.h"
 
@@ -165,9 +166,6 @@ void endWindow(HWND handle) {
     for (const HDC dc : window->contexts) {
         deleteSurfaceDC(dc);
     }
-    if (!window->owner) {
-        displayForgetCloseRequest();
-    }
     dropMessagesOf(handle);
     order.erase(std::remove(order.begin(), order.end(), handle), order.end());
     windows.remove(toValue(handle));
@@ -193,6 +191,12 @@ Window* findWindow(HWND handle) {
 
 const std::vector<HWND>& windowOrder() {
     return order;
+}
+
+HWND mainWindowOfProgram() {
+    const auto found =
+        std::find_if(order.begin(), order.end(), [](HWND handle) { return !findWindow(handle)->owner; });
+    return found != order.end() ? *found : nullptr;
 }
 
 RECT placeInParent(const Window& window) {
@@ -255,6 +259,9 @@ HCURSOR LoadCursorA(HINSTANCE, LPCSTR name) {
 
 HWND CreateWindowExA(DWORD, LPCSTR className, LPCSTR title, DWORD style, int x, int y, int width, int height,
                      HWND parent, HMENU, HINSTANCE, LPVOID creationData) {
+    if (order.empty()) {
+        forgetEndRequest();
+    }
     const WindowClass* windowClass = findClass(className);
     int screenWidth = 0;
     int screenHeight = 0;

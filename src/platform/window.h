@@ -49,6 +49,7 @@ constexpr UINT WM_PAINT = 0x000F;
 constexpr UINT WM_CLOSE = 0x0010;
 constexpr UINT WM_QUIT = 0x0012;
 constexpr UINT WM_ERASEBKGND = 0x0014;
+constexpr UINT WM_ENDSESSION = 0x0016;
 constexpr UINT WM_NCCREATE = 0x0081;
 constexpr UINT WM_KEYDOWN = 0x0100;
 constexpr UINT WM_KEYUP = 0x0101;
@@ -145,10 +146,12 @@ BOOL GetWindowRect(HWND window, RECT* rect);
 LRESULT DefWindowProcA(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
 
 // Looks for the next message without taking it (PM_NOREMOVE is the one flag served): TRUE and the message
-// when one waits. The order is posted messages, a quit, input, then WM_PAINT for an invalid window. The
-// display's events are drained and what has changed on the screen is shown. A loop that does nothing but look
-// is slowed down to some tens of looks a millisecond, so that it does not keep a processor busy. window must
-// be null and both filters 0.
+// when one waits. The order is posted messages, a quit, input, then WM_PAINT for an invalid window. While the
+// program is asked to end from outside (a signal, a close by the window system, a lost display), WM_CLOSE for
+// the main window goes before all of them; that window has been sent WM_ENDSESSION, once and wherever the
+// thread was waiting. The display's events are drained and what has changed on the screen is shown. A loop
+// that does nothing but look is slowed down to some tens of looks a millisecond, so that it does not keep a
+// processor busy. window must be null and both filters 0.
 BOOL PeekMessageA(MSG* message, HWND window, UINT filterMin, UINT filterMax, UINT flags);
 
 // Takes the next message, waiting for one when there is none. 0 for WM_QUIT, else 1.

@@ -44,6 +44,9 @@ Window* findWindow(HWND handle);
 // All windows, from the bottom of the z-order to the top.
 const std::vector<HWND>& windowOrder();
 
+// The first window without an owner; null when there is none.
+HWND mainWindowOfProgram();
+
 // The outer rectangle in the coordinates of the owner's client area.
 RECT placeInParent(const Window& window);
 

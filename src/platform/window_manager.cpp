@@ -1,5 +1,7 @@
 #include "platform/window_manager.h"
 
+#include "platform/x11_connection.h"
+
 #include <X11/Xlib.h>
 
 #include <memory>
@@ -17,6 +19,7 @@ bool windowManagerRuns() {
     if (!connection) {
         return false;
     }
+    surviveErrors(connection.get());
     const Atom property = XInternAtom(connection.get(), "_NET_SUPPORTING_WM_CHECK", True);
     if (property == None) {
         return false;

@@ -1,6 +1,7 @@
 #include "platform/process.h"
 
 #include "platform/display.h"
+#include "platform/end_request.h"
 #include "platform/files.h"
 #include "platform/paths.h"
 #include "support/temporary_folder.h"
@@ -8,12 +9,17 @@
 #include <gtest/gtest.h>
 
 #include <signal.h>
+#include <sys/prctl.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <chrono>
 #include <cstring>
+#include <thread>
 
 namespace {
+
+using namespace std::chrono_literals;
 
 class Process : public ::testing::Test {
 protected:
@@ -55,6 +61,19 @@ protected:
         return started ? static_cast<int>(code) : -1;
     }
 
+    // As run, with a request to end once the child has written something.
+    int runAndAskToEnd(const std::string& commandLine) const {
+        std::error_code none;
+        std::filesystem::remove("out", none);
+        const std::jthread request([&] {
+            while (!folder.has("out") || std::filesystem::file_size("out") == 0) {
+                usleep(5000);
+            }
+            kill(getpid(), SIGTERM);
+        });
+        return run(commandLine);
+    }
+
     TemporaryFolder folder;
 };
 
@@ -77,10 +96,12 @@ TEST_F(Process, GivesItsOwnInputAndNothingElse) {
     sigemptyset(&blocked);
     sigaddset(&blocked, SIGTERM);
     sigprocmask(SIG_BLOCK, &blocked, nullptr);
-    writeScript("child", "ls /proc/$$/fd; sed -nE 's/^Sig(Blk|Ign).*(.{7})$/\\2/p' /proc/self/status");
+    writeScript("child", "ls /proc/$$/fd; sed -nE 's/^Sig(Blk|Ign).*(.{7})$/\\2/p' /proc/self/status; "
+                         "[ $(ps -o pgid= $$) = $$ ] && echo leader");
     EXPECT_EQ(run("./child", nullptr, GetStdHandle(STD_INPUT_HANDLE)), 0);
     // The shell keeps its own script open as 10.
-    EXPECT_EQ(folder.read("out"), "0\n1\n10\n2\n0000000\n0000000\n");
+    EXPECT_EQ(folder.read("out"), "0\n1\n10\n2\n0000000\n0300000\nleader\n")
+        << "only SIGTTIN and SIGTTOU are ignored";
     EXPECT_EQ(GetStdHandle(0), nullptr);
     sigprocmask(SIG_UNBLOCK, &blocked, nullptr);
     close(leak);
@@ -184,12 +205,57 @@ TEST_F(Process, AnAbandonedChildIsReapedLater) {
     EXPECT_NE(kill(child, 0), 0);
 }
 
-TEST_F(Process, ARequestToCloseIsPassedOnToTheChild) {
+// The first word after a leading "trap" of each script is the signal that it cannot ignore.
+TEST_F(Process, ARequestToEndEndsTheChildAndWhatItHasStarted) {
     int width = 0;
     int height = 0;
     displaySize(width, height); // the display takes the signals of a shutdown from its start on
-    raise(SIGTERM);
-    EXPECT_EQ(run("sleep 1000"), 128 + SIGTERM);
+    const struct {
+        const char* script;
+        int signal;
+        int earliest; // seconds after the request
+    } cases[] = {
+        {"", SIGTERM, 0},
+        {"trap '' TERM; ", SIGHUP, 2},
+        {"trap '' TERM HUP; ", SIGKILL, 4},
+    };
+    for (const auto& [script, signal, earliest] : cases) {
+        forgetEndRequest();
+        writeScript("child",
+                    std::string(script) + "sleep 1000 & echo $!; wait; while :; do sleep 0.05; done");
+        const auto start = std::chrono::steady_clock::now();
+        EXPECT_EQ(runAndAskToEnd("./child"), 128 + signal);
+        const auto taken = std::chrono::steady_clock::now() - start;
+        EXPECT_GE(taken, std::chrono::seconds(earliest));
+        EXPECT_LT(taken, std::chrono::seconds(earliest) + 1900ms);
+        EXPECT_NE(kill(std::stoi(folder.read("out")), 0), 0) << "the child's own child";
+    }
+    // A script that ends at once does not leave the emulator that it has started.
+    forgetEndRequest();
+    writeScript("child", "(trap '' TERM; while :; do sleep 0.05; done) & echo $!; wait");
+    EXPECT_EQ(runAndAskToEnd("./child"), 128 + SIGTERM);
+    EXPECT_NE(kill(std::stoi(folder.read("out")), 0), 0);
+}
+
+TEST_F(Process, AChildEndsWithTheProgramHoweverThatEnds) {
+    int ends[2];
+    ASSERT_EQ(pipe(ends), 0);
+    prctl(PR_SET_CHILD_SUBREAPER, 1); // what the program leaves is reaped here
+    const pid_t program = fork();
+    if (program == 0) {
+        PROCESS_INFORMATION process{};
+        start("sleep 1000", process);
+        static_cast<void>(!::write(ends[1], &process.dwProcessId, sizeof(process.dwProcessId)));
+        raise(SIGKILL);
+    }
+    DWORD child = 0;
+    ASSERT_EQ(::read(ends[0], &child, sizeof(child)), static_cast<ssize_t>(sizeof(child)));
+    waitpid(program, nullptr, 0);
+    int status = 0;
+    EXPECT_EQ(waitpid(static_cast<pid_t>(child), &status, 0), static_cast<pid_t>(child));
+    EXPECT_TRUE(WIFSIGNALED(status) && WTERMSIG(status) == SIGKILL);
+    close(ends[0]);
+    close(ends[1]);
 }
 
 TEST_F(Process, FindsAnUnquotedPathWithBlanks) {

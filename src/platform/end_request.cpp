@@ -1,14 +1,16 @@
-#include "platform/display_signals.h"
+#include "platform/end_request.h"
 
+#include <atomic>
 #include <csignal>
 #include <initializer_list>
 
 namespace {
 
-volatile std::sig_atomic_t requested = 0;
+std::atomic<EndRequest> firstRequest = EndRequest::none;
+static_assert(std::atomic<EndRequest>::is_always_lock_free, "a signal handler writes it");
 
 void handleSignal(int) {
-    requested = 1;
+    requestEnd(EndRequest::close);
 }
 
 } // namespace
@@ -28,12 +30,15 @@ void installCloseSignals() {
     }
 }
 
-void noteCloseRequest() {
-    requested = 1;
+void requestEnd(EndRequest request) {
+    EndRequest none = EndRequest::none;
+    firstRequest.compare_exchange_strong(none, request);
 }
 
-bool takeCloseRequest() {
-    const bool result = requested != 0;
-    requested = 0;
-    return result;
+EndRequest endRequest() {
+    return firstRequest;
+}
+
+void forgetEndRequest() {
+    firstRequest = EndRequest::none;
 }
