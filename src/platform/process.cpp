@@ -138,19 +138,21 @@ DWORD WaitForSingleObject(HANDLE process, DWORD) {
         return WAIT_FAILED;
     }
     ChildEnd end(child->number);
-    // Once the program is asked to end, also for what the child has started in turn.
-    while (!child->hasEnded() || (endRequested() && !end.isOver())) {
+    const auto waitAWhile = [&] {
         displayKeepAlive();
         end.poll(child->hasEnded());
-        if (end.isOver()) {
-            break;
-        }
         pollfd ending = {child->hasEnded() ? -1 : child->ending.number(), POLLIN, 0};
         poll(&ending, 1, keepAliveInterval);
+    };
+    while (!child->hasEnded() && !end.isOver()) {
+        waitAWhile();
     }
-    const bool ended = child->hasEnded();
     child->returnDisplay();
-    return ended ? WAIT_OBJECT_0 : WAIT_TIMEOUT;
+    // A display that is lost may have ended the child before its loss is noticed here.
+    while (endRequested() && !end.isOver()) {
+        waitAWhile();
+    }
+    return child->hasEnded() ? WAIT_OBJECT_0 : WAIT_TIMEOUT;
 }
 
 BOOL GetExitCodeProcess(HANDLE process, DWORD* exitCode) {

@@ -3,10 +3,12 @@
 #include "games.h"
 
 #include <algorithm>
+#include <chrono>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <sstream>
+#include <thread>
 
 namespace {
 
@@ -52,6 +54,11 @@ void CabinetTest::SetUp() {
     folder = pattern;
     std::string problem;
     ASSERT_TRUE(layOutCabinet(folder, problem)) << problem;
+    startScreen();
+}
+
+void CabinetTest::startScreen() {
+    std::string problem;
     screen = VirtualScreen::start(ScreenWidth, ScreenHeight, problem);
     ASSERT_NE(screen, nullptr) << problem;
 }
@@ -115,6 +122,12 @@ Screenshot CabinetTest::waitForList() {
     Screenshot shot = screen->settled();
     EXPECT_GE(barTop(shot), 0);
     return shot;
+}
+
+bool CabinetTest::waitForFile(const std::string& name) const {
+    for (int waited = 0; waited < StepLimit && readFile(name).empty(); waited += 20)
+        std::this_thread::sleep_for(std::chrono::milliseconds(20));
+    return !readFile(name).empty();
 }
 
 std::optional<int> CabinetTest::leave() {

@@ -21,7 +21,12 @@ protected:
     void TearDown() override;
 
     std::string path(const std::string& name) const { return folder + "/" + name; }
+    // A display in place of the former one.
+    void startScreen();
+
     std::string readFile(const std::string& name) const;
+    // Until the file is there and not empty.
+    bool waitForFile(const std::string& name) const;
     void writeFile(const std::string& name, const std::string& content) const;
     // An executable script; the shell runs its lines.
     void writeScript(const std::string& name, const std::string& lines) const;

@@ -61,16 +61,61 @@ TEST_F(CabinetTest, AFailedGameIsToldAndTheListComesBack) {
     EXPECT_EQ(leave(), 0);
 }
 
-TEST_F(CabinetTest, ACloseDuringAGameIsHonouredAfterIt) {
+// Stands in for the emulator and notes its process number; it cannot be ended politely.
+constexpr const char* DeafEmulator =
+    "trap '' TERM INT; echo $$ > \"${0%/*}/number\"; while :; do sleep 0.05; done";
+
+TEST_F(CabinetTest, AShutdownDuringADeafGameSavesAtOnceAndEndsBoth) {
     makeList();
-    writeSettings({{"SelectedGame", "polittnk"}});
+    writeSettings({{"Mame.exe", path("emulator")}, {"SelectedGame", "polittnk"}});
+    writeScript("emulator", DeafEmulator);
     startFrontEnd();
-    waitForList();
-    ASSERT_TRUE(startGame("Polite Tank"));
+    Screenshot list = waitForList();
+    screen->tap("Up");
+    screen->waitFor([&](const Screenshot& shot) { return shot != list; }, StepLimit);
+    screen->tap("1");
+    ASSERT_TRUE(waitForFile("number"));
     frontEnd->signal(SIGTERM);
-    kill(screen->focusedProcess(), SIGTERM); // a shutdown ends every program
-    EXPECT_EQ(frontEnd->waitForExit(LongLimit), 0);
-    EXPECT_EQ(settingIn(readFile("kestravox.ini"), "SelectedGame"), "polittnk");
+    EXPECT_FALSE(frontEnd->waitForExit(700).has_value());
+    EXPECT_NE(settingIn(readFile("kestravox.ini"), "SelectedGame"), "polittnk")
+        << "saved while the game goes on";
+    EXPECT_EQ(frontEnd->waitForExit(6000), 0);
+    EXPECT_NE(kill(std::stoi(readFile("number")), 0), 0);
+}
+
+TEST_F(CabinetTest, TheLossOfTheDisplayEndsEverythingAndLosesNothing) {
+    // While the list is being made nothing has been shown and nothing is saved.
+    writeSettings({{"Mame.exe", path("emulator")}});
+    writeScript("emulator", DeafEmulator);
+    std::string before = readFile("kestravox.ini");
+    startFrontEnd();
+    ASSERT_TRUE(waitForFile("number"));
+    screen.reset();
+    EXPECT_EQ(frontEnd->waitForExit(3000), 1);
+    EXPECT_NE(kill(std::stoi(readFile("number")), 0), 0);
+    EXPECT_EQ(readFile("kestravox.ini"), before);
+    EXPECT_EQ(readFile("listinfo.dat"), "");
+
+    makeList();
+    for (bool inGame : {false, true}) {
+        startScreen();
+        startFrontEnd();
+        Screenshot list = waitForList();
+        std::string former = settingIn(readFile("kestravox.ini"), "SelectedGame");
+        screen->tap("Down");
+        screen->waitFor([&](const Screenshot& shot) { return shot != list; }, StepLimit);
+        std::filesystem::remove(path("number"));
+        if (inGame) {
+            screen->tap("1");
+            ASSERT_TRUE(waitForFile("number"));
+        }
+        screen.reset();
+        EXPECT_EQ(frontEnd->waitForExit(3000), 2);
+        EXPECT_NE(settingIn(readFile("kestravox.ini"), "SelectedGame"), former);
+        if (inGame) {
+            EXPECT_NE(kill(std::stoi(readFile("number")), 0), 0);
+        }
+    }
 }
 
 struct BadEmulator {
