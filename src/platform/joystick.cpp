@@ -1,5 +1,7 @@
 #include "platform/joystick.h"
 
+#include "platform/fruitless_polls.h"
+
 #include <SDL.h>
 
 #include <algorithm>
@@ -78,6 +80,7 @@ MMRESULT joyGetPos(UINT joystick, JOYINFO* info) {
     if (joystick != 0 || !info) {
         return JOYERR_PARMS;
     }
+    noteWorkBetweenPolls();
     SDL_Joystick* device = currentJoystick();
     if (!device) {
         return JOYERR_UNPLUGGED;

@@ -1,11 +1,13 @@
 #include "platform/keys.h"
 
 #include "platform/display.h"
+#include "platform/fruitless_polls.h"
 #include "platform/key_map.h"
 #include "platform/key_state.h"
 #include "platform/window_internal.h"
 
 SHORT GetAsyncKeyState(int code) {
+    noteWorkBetweenPolls();
     displayKeepAlive();
     constexpr int downBit = -0x8000;
     constexpr int pressedBit = 1;

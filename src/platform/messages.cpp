@@ -1,6 +1,7 @@
 #include "platform/clock_source.h"
 #include "platform/display.h"
 #include "platform/end_request.h"
+#include "platform/fruitless_polls.h"
 #include "platform/joystick.h"
 #include "platform/key_state.h"
 #include "platform/window_internal.h"
@@ -16,17 +17,14 @@ constexpr std::size_t mostInputMessages = 256;
 
 constexpr std::int64_t waitForMessage = 1'000'000;
 
-// A run of vain looks, each at most this long after the one before, ends in a rest. A loop that sleeps or
-// works in between makes no run, and one that owes ticks is hardly held up.
-constexpr int longestVainRun = 32;
-constexpr std::int64_t longestGapInRun = 500'000;
-constexpr std::int64_t restBehindRun = 1'000'000;
+// The parts of a key message's lParam.
+constexpr LPARAM repeatCountMask = 0xFFFF;
+constexpr LPARAM wasDownBit = LPARAM{1} << 30;
+constexpr LPARAM releasedBit = LPARAM{1} << 31;
 
 std::deque<MSG> posted;
 std::deque<MSG> input;
 std::optional<int> quitCode;
-int vainRun = 0;
-std::int64_t lastVainLook = 0;
 
 // What of the joystick makes a message: small movements of a stick do not.
 struct JoystickState {
@@ -51,35 +49,50 @@ HWND windowToPaint() {
     return found != windowOrder().rend() ? *found : nullptr;
 }
 
+bool isKeyMessage(const MSG& message, HWND handle, WPARAM code) {
+    return (message.message == WM_KEYDOWN || message.message == WM_KEYUP) && message.hwnd == handle &&
+           message.wParam == code;
+}
+
+bool isRepeat(const MSG& message) {
+    return message.message == WM_KEYDOWN && (message.lParam & wasDownBit) != 0;
+}
+
+MSG frontOf(std::deque<MSG>& queue, bool take) {
+    const MSG message = queue.front();
+    if (take) {
+        queue.pop_front();
+    }
+    return message;
+}
+
 // The next message, taken out of its queue or left there.
 std::optional<MSG> nextMessage(bool take) {
     // A popup that is about to close drops the message that wakes it, so this one comes again until it is
     // obeyed.
-    const HWND toClose = endRequested() ? mainWindowOfProgram() : nullptr;
-    if (toClose) {
+    if (const HWND toClose = endRequested() ? mainWindowOfProgram() : nullptr) {
         return makeMessage(toClose, WM_CLOSE, 0, 0);
     }
-    for (std::deque<MSG>* queue : {&posted, &input}) {
-        if (queue == &input && quitCode) {
-            break; // a quit goes before presses, or the key that asked for it would act again
-        }
-        if (!queue->empty()) {
-            const MSG message = queue->front();
-            if (take) {
-                queue->pop_front();
-            }
-            return message;
-        }
+    if (!posted.empty()) {
+        return frontOf(posted, take);
     }
-    if (quitCode) {
+    if (quitCode) { // before presses, or the key that asked for it would act again
         const MSG message = makeMessage(nullptr, WM_QUIT, static_cast<WPARAM>(*quitCode), 0);
         if (take) {
             quitCode.reset();
         }
         return message;
     }
+    if (!input.empty() && !isRepeat(input.front())) {
+        return frontOf(input, take);
+    }
+    // Before the repeats of a held key: where a redraw takes longer than the time between two repeats, they
+    // would keep the picture waiting until the release.
     if (const HWND handle = windowToPaint()) {
         return makeMessage(handle, WM_PAINT, 0, 0);
+    }
+    if (!input.empty()) {
+        return frontOf(input, take);
     }
     return std::nullopt;
 }
@@ -88,16 +101,6 @@ int directionOf(UINT position) {
     constexpr UINT nearLow = 65535 / 5;
     constexpr UINT nearHigh = 65535 - nearLow;
     return position <= nearLow ? -1 : position >= nearHigh ? 1 : 0;
-}
-
-void restBehindVainLooks() {
-    const std::int64_t now = clockNow();
-    vainRun = now - lastVainLook <= longestGapInRun ? vainRun + 1 : 1;
-    lastVainLook = now;
-    if (vainRun == longestVainRun) {
-        vainRun = 0;
-        clockWait(restBehindRun);
-    }
 }
 
 void addInput(const MSG& message) {
@@ -111,6 +114,19 @@ void addInput(const MSG& message) {
 void addOnlyInput(const MSG& message) {
     std::erase_if(input, [&](const MSG& other) { return other.message == message.message; });
     addInput(message);
+}
+
+// Counts a repeat in the one that waits. False when the last message of the key is none.
+bool mergeRepeat(HWND handle, WPARAM code) {
+    const auto last = std::find_if(input.rbegin(), input.rend(),
+                                   [&](const MSG& message) { return isKeyMessage(message, handle, code); });
+    if (last == input.rend() || !isRepeat(*last)) {
+        return false;
+    }
+    if ((last->lParam & repeatCountMask) < repeatCountMask) {
+        ++last->lParam;
+    }
+    return true;
 }
 
 void prepareLookUp() {
@@ -129,11 +145,12 @@ void queueKey(int code, bool down, bool repeat) {
     if (!target) {
         return;
     }
-    constexpr LPARAM wasDownBit = LPARAM{1} << 30;
-    constexpr LPARAM releasedBit = LPARAM{1} << 31;
+    const auto common = static_cast<WPARAM>(commonKeyCode(code));
+    if (repeat && mergeRepeat(target, common)) {
+        return;
+    }
     const LPARAM state = 1 | (repeat || !down ? wasDownBit : 0) | (down ? 0 : releasedBit);
-    addInput(
-        makeMessage(target, down ? WM_KEYDOWN : WM_KEYUP, static_cast<WPARAM>(commonKeyCode(code)), state));
+    addInput(makeMessage(target, down ? WM_KEYDOWN : WM_KEYUP, common, state));
 }
 
 void queueJoystick() {
@@ -163,9 +180,10 @@ BOOL PeekMessageA(MSG* message, HWND, UINT, UINT, UINT) {
     prepareLookUp();
     const std::optional<MSG> next = nextMessage(false);
     if (!next) {
-        restBehindVainLooks();
+        pauseAfterFruitlessPolls();
         return FALSE;
     }
+    noteWorkBetweenPolls();
     *message = *next;
     return TRUE;
 }

@@ -3,6 +3,7 @@
 #include "platform/device_context.h"
 #include "platform/display.h"
 #include "platform/end_request.h"
+#include "platform/fruitless_polls.h"
 #include "platform/handle_table.h"
 #include "platform/window_internal.h"
 
@@ -348,6 +349,7 @@ BOOL SetWindowPos(HWND handle, HWND, int x, int y, int width, int height, UINT) 
 }
 
 BOOL GetClientRect(HWND handle, RECT* rect) {
+    noteWorkBetweenPolls();
     const Window* window = findWindow(handle);
     if (!window) {
         return FALSE;

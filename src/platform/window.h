@@ -146,12 +146,14 @@ BOOL GetWindowRect(HWND window, RECT* rect);
 LRESULT DefWindowProcA(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
 
 // Looks for the next message without taking it (PM_NOREMOVE is the one flag served): TRUE and the message
-// when one waits. The order is posted messages, a quit, input, then WM_PAINT for an invalid window. While the
-// program is asked to end from outside (a signal, a close by the window system, a lost display), WM_CLOSE for
-// the main window goes before all of them; that window has been sent WM_ENDSESSION, once and wherever the
-// thread was waiting. The display's events are drained and what has changed on the screen is shown. A loop
-// that does nothing but look is slowed down to some tens of looks a millisecond, so that it does not keep a
-// processor busy. window must be null and both filters 0.
+// when one waits. The order is posted messages, a quit, input, then WM_PAINT for an invalid window, which
+// goes before the repeats of a held key. The repeats that wait are one message, with their number in the low
+// word of lParam. While the program is asked to end from outside (a signal, a close by the window system, a
+// lost display), WM_CLOSE for the main window goes before all of them; that window has been sent
+// WM_ENDSESSION, once and wherever the thread was waiting. The display's events are drained and what has
+// changed on the screen is shown. A loop that does nothing but poll is paced like one that calls Sleep(1);
+// one that takes messages, reads controls or asks about a window's client area in between is not held up.
+// window must be null and both filters 0.
 BOOL PeekMessageA(MSG* message, HWND window, UINT filterMin, UINT filterMax, UINT flags);
 
 // Takes the next message, waiting for one when there is none. 0 for WM_QUIT, else 1.

@@ -1,6 +1,7 @@
 #include "platform/clock.h"
 #include "platform/display.h"
 #include "platform/end_request.h"
+#include "platform/joystick.h"
 #include "platform/keys.h"
 #include "platform/virtual_clock.h"
 #include "platform/window.h"
@@ -10,6 +11,7 @@
 #include <gtest/gtest.h>
 
 #include <csignal>
+#include <functional>
 
 namespace {
 
@@ -155,19 +157,85 @@ TEST_F(MessagesTest, ATapThatIsReadWhenItIsOverIsFollowedByAMessage) {
     EXPECT_EQ(takeMessages(), Messages{"NULL"});
 }
 
-TEST_F(MessagesTest, ALoopThatOnlyLooksLetsTimePass) {
-    const std::int64_t start = virtualClockMilliseconds();
+TEST_F(MessagesTest, ALoopThatOnlyPollsIsPacedLikeASleepingOneAndAnyOtherIsNotHeldUp) {
     MSG message{};
-    for (int look = 0; look < 100'000 && virtualClockMilliseconds() - start < 100; ++look) {
-        EXPECT_FALSE(PeekMessageA(&message, nullptr, 0, 0, PM_NOREMOVE));
+    const auto poll = [&] { return PeekMessageA(&message, nullptr, 0, 0, PM_NOREMOVE); };
+    std::int64_t start = virtualClockMilliseconds();
+    int polls = 0;
+    for (; polls < 10'000 && virtualClockMilliseconds() - start < 1000; ++polls) {
+        EXPECT_FALSE(poll());
     }
-    EXPECT_GE(virtualClockMilliseconds() - start, 100);
-    const std::int64_t paced = virtualClockMilliseconds();
-    for (int look = 0; look < 100; ++look) {
-        PeekMessageA(&message, nullptr, 0, 0, PM_NOREMOVE);
-        virtualClockAdvance(1);
+    EXPECT_LT(polls, 100) << "one that sleeps takes 50";
+    start = virtualClockMilliseconds();
+    virtualClockAt(start + 25, [] { pressKey(SDL_SCANCODE_UP); });
+    while (!poll()) {
     }
-    EXPECT_EQ(virtualClockMilliseconds() - paced, 100) << "a loop that does something is not held up";
+    EXPECT_LE(virtualClockMilliseconds() - start, 25 + 20)
+        << "a message is found after the sleep it falls into";
+    drain();
+
+    const struct {
+        const char* what;
+        std::function<void()> work;
+        int ownMilliseconds;
+    } loops[] = {{"reads a key", [] { GetAsyncKeyState(VK_UP); }, 0},
+                 {"reads the joystick",
+                  [] {
+                      JOYINFO info{};
+                      joyGetPos(0, &info);
+                  },
+                  0},
+                 {"asks about a window",
+                  [&] {
+                      RECT client{};
+                      GetClientRect(window, &client);
+                  },
+                  0},
+                 {"takes messages",
+                  [&] {
+                      InvalidateRect(window, nullptr, FALSE);
+                      drain(1);
+                  },
+                  0},
+                 {"computes", [] { virtualClockAdvance(1); }, 1}};
+    for (const auto& loop : loops) {
+        start = virtualClockMilliseconds();
+        for (int pass = 0; pass < 200; ++pass) {
+            loop.work();
+            poll();
+        }
+        EXPECT_EQ(virtualClockMilliseconds() - start, 200 * loop.ownMilliseconds) << loop.what;
+    }
+}
+
+TEST_F(MessagesTest, RepeatsOfAHeldKeyAreOneMessageThatAPaintOvertakes) {
+    static std::vector<LPARAM> repeatCounts;
+    messageHooks[WM_KEYDOWN] = [](HWND, WPARAM, LPARAM state) { repeatCounts.push_back(state & 0xFFFF); };
+    const auto repeatKey = [](SDL_Scancode key) { pushKeyEvent(key, true, 1); };
+    const auto drainAfterEvents = [&] {
+        InvalidateRect(window, nullptr, FALSE);
+        Sleep(10);
+        repeatCounts.clear();
+        return drain();
+    };
+    pressKey(SDL_SCANCODE_UP);
+    for (int repeat = 0; repeat < 5; ++repeat) {
+        repeatKey(SDL_SCANCODE_UP);
+    }
+    EXPECT_EQ(drainAfterEvents(), (Messages{"KEYDOWN", "PAINT", "KEYDOWN"}));
+    EXPECT_EQ(repeatCounts, (std::vector<LPARAM>{1, 5}));
+
+    repeatKey(SDL_SCANCODE_UP);
+    releaseKey(SDL_SCANCODE_UP);
+    pressKey(SDL_SCANCODE_UP);
+    pressKey(SDL_SCANCODE_DOWN);
+    for (const SDL_Scancode key : {SDL_SCANCODE_UP, SDL_SCANCODE_DOWN, SDL_SCANCODE_UP}) {
+        repeatKey(key);
+    }
+    EXPECT_EQ(drainAfterEvents(),
+              (Messages{"PAINT", "KEYDOWN", "KEYUP", "KEYDOWN", "KEYDOWN", "KEYDOWN", "KEYDOWN"}))
+        << "presses and releases keep their order";
+    EXPECT_EQ(repeatCounts, (std::vector<LPARAM>{1, 1, 1, 2, 1}));
 }
 
 TEST_F(MessagesTest, ForgetsTheOldestPressesOfALongBlockade) {
