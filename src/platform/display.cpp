@@ -24,11 +24,15 @@ namespace {
 // and an idle front end stays far below a hundredth of a processor.
 constexpr std::int64_t pumpInterval = 4'000'000;
 
+// How often a lost keyboard focus is looked for.
+constexpr std::int64_t focusInterval = 500'000'000;
+
 struct Display {
     bool failed = false; // no display could be had; not tried again
     bool real = false;   // not one of SDL's drivers without a screen
     bool ownsConsole = false;
     bool shown = false;
+    bool lent = false; // to a child, which has the focus or will take it
     bool mousePressed = false;
     bool lost = false; // for good: the window below is null, and SDL's video must be left alone
     bool cursorShown = true;
@@ -38,6 +42,7 @@ struct Display {
     int fixedWidth = 0;
     int fixedHeight = 0;
     std::int64_t lastPump = -pumpInterval;
+    std::int64_t lastFocusCheck = 0;
     std::string title;
     std::vector<std::uint32_t> converted; // for screens whose pixels have another format
     DisplayListener listener{};
@@ -111,7 +116,9 @@ void loseDisplay() {
 
 bool openWindow() {
     SDL_DisplayMode mode{};
-    if (SDL_GetDesktopDisplayMode(0, &mode) != 0 || mode.w <= 0 || mode.h <= 0) {
+    SDL_Rect monitor{}; // the first one is the primary
+    if (SDL_GetDesktopDisplayMode(0, &mode) != 0 || mode.w <= 0 || mode.h <= 0 ||
+        SDL_GetDisplayBounds(0, &monitor) != 0) {
         return false;
     }
     const bool fixed = !display.real && display.fixedWidth > 0;
@@ -119,8 +126,8 @@ bool openWindow() {
     display.height = fixed ? display.fixedHeight : mode.h;
     const bool asksForFullScreen = display.real && (!isX11() || windowManagerRuns());
     const Uint32 fullScreen = asksForFullScreen ? SDL_WINDOW_FULLSCREEN_DESKTOP : 0;
-    display.window = SDL_CreateWindow(display.title.c_str(), 0, 0, display.width, display.height,
-                                      SDL_WINDOW_HIDDEN | SDL_WINDOW_BORDERLESS | fullScreen);
+    display.window = SDL_CreateWindow(display.title.c_str(), monitor.x, monitor.y, display.width,
+                                      display.height, SDL_WINDOW_HIDDEN | SDL_WINDOW_BORDERLESS | fullScreen);
     display.shown = false;
     if (!display.window) {
         return false;
@@ -239,6 +246,21 @@ void pumpEvents() {
     }
 }
 
+// Without a window manager nobody assigns the focus anew when the window that had it goes. A window that is
+// there keeps it.
+void takeFreeFocus(std::int64_t now) {
+    const bool hasFocus =
+        !display.window || (SDL_GetWindowFlags(display.window) & SDL_WINDOW_INPUT_FOCUS) != 0;
+    if (hasFocus || !display.shown || display.lent || now - display.lastFocusCheck < focusInterval ||
+        !isX11()) {
+        return;
+    }
+    display.lastFocusCheck = now;
+    if (keyboardFocusIsFree()) {
+        SDL_SetWindowInputFocus(display.window);
+    }
+}
+
 } // namespace
 
 void displaySetListener(const DisplayListener& listener) {
@@ -301,11 +323,13 @@ bool displayKeepAlive() {
     if (now - display.lastPump >= pumpInterval) {
         display.lastPump = now;
         pumpEvents();
+        takeFreeFocus(now);
     }
     return display.window && display.listener.refresh && display.listener.refresh();
 }
 
 void displayGiveUp() {
+    display.lent = true;
     if (display.window && display.ownsConsole) {
         SDL_DestroyWindow(display.window);
         display.window = nullptr;
@@ -314,6 +338,7 @@ void displayGiveUp() {
 }
 
 void displayTakeBack() {
+    display.lent = false;
     if (display.ownsConsole && !display.window && !startDisplay()) {
         return;
     }

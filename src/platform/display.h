@@ -1,7 +1,7 @@
-// The one seam to SDL's video: a full-screen window, its pixels, its events, its focus. Inside the platform
-// only, and its tests. The windows above it draw into the pixels and present them; events become key states,
-// and go to the listener. The functions that give a size or pixels start the display when it is not running
-// yet; the others do nothing then.
+// The one seam to SDL's video: a window that fills the primary monitor, its pixels, its events, its focus.
+// Inside the platform only, and its tests. The windows above it draw into the pixels and present them; events
+// become key states, and go to the listener. The functions that give a size or pixels start the display when
+// it is not running yet; the others do nothing then.
 #pragma once
 
 #include <cstdint>
@@ -44,7 +44,8 @@ bool displayIsReal();
 
 // Handles waiting events and has the listener show what has changed. Costs next to nothing when called often:
 // the event queue is looked at every few milliseconds at most. True while pictures move: it then has to be
-// called every 10 ms, else every 20 to 50.
+// called every 10 ms, else every 20 to 50. On X11 without a window manager it also takes the keyboard focus
+// within half a second after the window that had it has gone, except while the display is given up.
 bool displayKeepAlive();
 
 // Gives the display up for a child that draws by itself (a console without a window system has one owner

@@ -65,8 +65,16 @@ void checkForDestruction(const SDL_Event& event) {
     }
 }
 
-void surviveErrors(_XDisplay* connection) {
-    installHandlers();
-    XSetIOErrorExitHandler(
-        connection, [](Display*, void*) {}, nullptr);
+void CloseX11Connection::operator()(_XDisplay* connection) const {
+    XCloseDisplay(connection);
+}
+
+X11Connection openX11Connection() {
+    X11Connection connection(XOpenDisplay(nullptr));
+    if (connection) {
+        installHandlers();
+        XSetIOErrorExitHandler(
+            connection.get(), [](Display*, void*) {}, nullptr);
+    }
+    return connection;
 }

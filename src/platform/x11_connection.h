@@ -2,6 +2,8 @@
 // once it has its window, and by whoever opens a connection of its own for a moment.
 #pragma once
 
+#include <memory>
+
 struct SDL_Window;
 union SDL_Event;
 struct _XDisplay; // Xlib's Display
@@ -14,5 +16,11 @@ void watchConnection(SDL_Window* window, void (*lost)());
 // Passes on an event of SDL's; `lost` is called when it says that the window has been destroyed.
 void checkForDestruction(const SDL_Event& event);
 
-// A connection that breaks fails in the call that uses it and does not end the process.
-void surviveErrors(_XDisplay* connection);
+struct CloseX11Connection {
+    void operator()(_XDisplay* connection) const;
+};
+using X11Connection = std::unique_ptr<_XDisplay, CloseX11Connection>;
+
+// A connection for one question; nothing of it must be inherited by a child or time out. When it breaks, the
+// calls that use it fail. Null when there is no server.
+X11Connection openX11Connection();
