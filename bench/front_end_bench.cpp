@@ -1,8 +1,10 @@
 // What the whole program costs with 45,294 games: the time to the first picture, memory, the processor at
-// rest, and the work of a selection step and of a sort command. It runs the real program on a virtual screen
-// with real keys. Run it as `front_end_bench [LIST]`; without a list it makes one up.
+// rest, and the work of a selection step and of a sort command; and with large art, how many pictures a held
+// key brings and what list, menu and information window cost at rest. It runs the real program on a virtual
+// screen with real keys. Run it as `front_end_bench [LIST]`; without a list it makes one up.
 #include "child_program.h"
 #include "large_cabinet.h"
+#include "photograph.h"
 #include "support/temporary_folder.h"
 #include "virtual_screen.h"
 
@@ -26,8 +28,16 @@ constexpr int startLimit = 20000;
 constexpr std::uint32_t backgroundColour = 0x203040;
 constexpr PixelArea corner = {4, 4, 5, 5};
 
+// Games that share one flyer, as large as they come.
+constexpr int artGames = 80;
+constexpr unsigned flyerWidth = 2000;
+constexpr unsigned flyerHeight = 3000;
+// Where the bar of the selected title moves.
+constexpr PixelArea barColumn = {0, screenHeight / 2, 4, screenHeight};
+
 std::unique_ptr<VirtualScreen> screen;
-std::string cabinetFolder;
+std::string largeFolder;
+std::string artFolder;
 
 double secondsSince(std::chrono::steady_clock::time_point start) {
     return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
@@ -40,7 +50,7 @@ void pauseFor(int milliseconds) {
 // The front end, started and with its first picture on the screen.
 class RunningFrontEnd {
 public:
-    RunningFrontEnd() {
+    explicit RunningFrontEnd(const std::string& cabinetFolder) {
         const auto start = std::chrono::steady_clock::now();
         program = std::make_unique<ChildProgram>(
             ChildOptions{{KESTRAVOX_PATH}, cabinetFolder, {screen->environment()}});
@@ -90,7 +100,7 @@ private:
 void measureStart(benchmark::State& state) {
     double processor = 0;
     for ([[maybe_unused]] auto step : state) {
-        const RunningFrontEnd frontEnd;
+        const RunningFrontEnd frontEnd(largeFolder);
         state.SetIterationTime(frontEnd.secondsToPicture);
         processor += frontEnd.processorSeconds();
         pauseFor(500);
@@ -101,21 +111,74 @@ void measureStart(benchmark::State& state) {
     state.counters["processor ms"] = benchmark::Counter(processor * 1000, benchmark::Counter::kAvgIterations);
 }
 
-void measureRest(benchmark::State& state) {
-    const RunningFrontEnd frontEnd;
+// With the window that the key opens, if any.
+void measureRest(benchmark::State& state, const std::string& cabinetFolder, const char* key) {
+    const RunningFrontEnd frontEnd(cabinetFolder);
     pauseFor(500);
+    if (key) {
+        screen->tap(key);
+        pauseFor(1000);
+    }
     for ([[maybe_unused]] auto step : state) {
         const double before = frontEnd.processorSeconds();
-        pauseFor(5000);
+        pauseFor(20000);
         const double used = frontEnd.processorSeconds() - before;
         state.SetIterationTime(used);
-        state.counters["percent of a core"] = used / 5 * 100;
+        state.counters["percent of a core"] = used / 20 * 100;
+    }
+    if (key) {
+        screen->tap("Escape", 150);
+        pauseFor(1000);
+    }
+}
+
+double secondsOfDecoding() {
+    const auto start = std::chrono::steady_clock::now();
+    decodeBare(artFolder + "/flyers/g0.png");
+    return secondsSince(start);
+}
+
+// Pictures while a key is held, beside bare decodings of the same art just before.
+void measureHeldKey(benchmark::State& state) {
+    const RunningFrontEnd frontEnd(artFolder);
+    pauseFor(1000);
+    for ([[maybe_unused]] auto step : state) {
+        constexpr double heldSeconds = 5;
+        const double decoding = (secondsOfDecoding() + secondsOfDecoding()) / 2;
+        Screenshot shown = screen->capture(barColumn);
+        int pictures = 0;
+        double longestGap = 0;
+        screen->press("Down");
+        const auto start = std::chrono::steady_clock::now();
+        double lastPicture = 0;
+        bool held = true;
+        for (double now = 0; now < heldSeconds + 1; now = secondsSince(start)) {
+            if (held && now >= heldSeconds) {
+                screen->release("Down");
+                held = false;
+            }
+            Screenshot next = screen->capture(barColumn);
+            if (next != shown) {
+                shown = std::move(next);
+                now = secondsSince(start);
+                longestGap = std::max(longestGap, now - lastPicture);
+                lastPicture = now;
+                pictures += held ? 1 : 0;
+            }
+            pauseFor(2);
+        }
+        state.SetIterationTime(heldSeconds);
+        state.counters["pictures/s"] = pictures / heldSeconds;
+        state.counters["decodings/s"] = 1 / decoding;
+        state.counters["ratio"] = pictures / heldSeconds * decoding;
+        state.counters["longest gap ms"] = longestGap * 1000;
+        state.counters["last after release ms"] = (lastPicture - heldSeconds) * 1000;
     }
 }
 
 // Processor time of one action beyond that of the program at rest for the same time.
 void measureAction(benchmark::State& state, const char* key, int milliseconds) {
-    const RunningFrontEnd frontEnd;
+    const RunningFrontEnd frontEnd(largeFolder);
     pauseFor(500);
     const double beforeRest = frontEnd.processorSeconds();
     pauseFor(2000);
@@ -130,10 +193,39 @@ void measureAction(benchmark::State& state, const char* key, int milliseconds) {
     }
 }
 
-void writeSettings() {
-    std::ofstream(cabinetFolder + "/kestravox.ini")
-        << "[Settings]\nRoms.dir=roms\nBackgroundcolor=0x403020\nFontcolor=0xFFFFFF\nFontsize=18\n"
+void writeSettings(const std::string& folder) {
+    std::ofstream(folder + "/kestravox.ini")
+        << "[Settings]\nRoms.dir=roms\nFlyer.dir=flyers\nPreviewPictures=Flyers\nFontsize=18\n"
+           "Backgroundcolor=0x403020\nFontcolor=0xFFFFFF\nHighlightBackcolor=0x8000FF\n"
            "[RomOptions]\nDisplayMissingRoms=1\n";
+}
+
+void writeLargeCabinet(const std::string& list) {
+    std::filesystem::create_directory(largeFolder);
+    if (list.empty()) {
+        writeLargeList(largeFolder + "/listinfo.dat");
+    } else {
+        std::filesystem::copy_file(list, largeFolder + "/listinfo.dat");
+    }
+    writeZips(largeFolder + "/listinfo.dat", largeFolder + "/roms");
+    writeSettings(largeFolder);
+}
+
+void writeArtCabinet() {
+    std::filesystem::create_directories(artFolder + "/flyers");
+    const std::string flyer = artFolder + "/flyers/g0.png";
+    writePhotograph(flyer, flyerWidth, flyerHeight, 7);
+    std::ofstream list(artFolder + "/listinfo.dat");
+    std::ofstream information(artFolder + "/mameinfo.dat");
+    for (int game = 0; game < artGames; ++game) {
+        const std::string name = "g" + std::to_string(game);
+        list << "game (\n\tname " << name << "\n\tdescription \"" << name << "\"\n)\n";
+        information << "$info=" << name << "\n$mame\nA line about " << name << "\n\n$end\n";
+        if (game > 0) {
+            std::filesystem::create_hard_link(flyer, artFolder + "/flyers/" + name + ".png");
+        }
+    }
+    writeSettings(artFolder);
 }
 
 } // namespace
@@ -142,14 +234,10 @@ int main(int argc, char** argv) {
     benchmark::Initialize(&argc, argv);
     const std::string list = argc > 1 ? std::filesystem::absolute(argv[1]).string() : "";
     const TemporaryFolder folder;
-    cabinetFolder = folder.pathOf("");
-    if (list.empty()) {
-        writeLargeList("listinfo.dat");
-    } else {
-        std::filesystem::copy_file(list, "listinfo.dat");
-    }
-    writeZips("listinfo.dat", "roms");
-    writeSettings();
+    largeFolder = folder.pathOf("large");
+    artFolder = folder.pathOf("art");
+    writeLargeCabinet(list);
+    writeArtCabinet();
     std::string problem;
     screen = VirtualScreen::start(screenWidth, screenHeight, problem);
     if (!screen) {
@@ -158,7 +246,21 @@ int main(int argc, char** argv) {
     }
     constexpr auto unit = benchmark::kMillisecond;
     benchmark::RegisterBenchmark("start", measureStart)->UseManualTime()->Unit(unit)->Iterations(9);
-    benchmark::RegisterBenchmark("rest", measureRest)->UseManualTime()->Unit(unit)->Iterations(1);
+    const struct {
+        const char* name;
+        const std::string& folder;
+        const char* key;
+    } rests[] = {{"rest", largeFolder, nullptr},
+                 {"rest/art", artFolder, nullptr},
+                 {"rest/menu", artFolder, "2"},
+                 {"rest/information", artFolder, "Control_L"}};
+    for (const auto& rest : rests) {
+        benchmark::RegisterBenchmark(rest.name, measureRest, rest.folder, rest.key)
+            ->UseManualTime()
+            ->Unit(unit)
+            ->Iterations(1);
+    }
+    benchmark::RegisterBenchmark("heldKey", measureHeldKey)->UseManualTime()->Unit(unit)->Iterations(3);
     benchmark::RegisterBenchmark("selectionStep", measureAction, "Down", 180)
         ->UseManualTime()
         ->Unit(unit)

@@ -2,6 +2,7 @@
 // and whether memory grows over 10,000 redraws. The art is made here, photograph-like, in the sizes of real
 // packs. Bare decoding and drawing take turns, so that a busy machine slows both.
 #include "config/settings.h"
+#include "photograph.h"
 #include "platform/device_context.h"
 #include "platform/drawing.h"
 #include "render/composition.h"
@@ -9,9 +10,7 @@
 #include "support/temporary_folder.h"
 
 #include <benchmark/benchmark.h>
-#include <png.h>
 
-#include <cmath>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
@@ -28,48 +27,6 @@ double secondsSince(std::clock_t start) {
     return static_cast<double>(std::clock() - start) / CLOCKS_PER_SEC;
 }
 
-// Slow waves of colour with fine grain, as a scan of printed paper has.
-void writePhotograph(const std::string& path, png_uint_32 width, png_uint_32 height, unsigned seed) {
-    std::vector<png_byte> pixels;
-    unsigned noise = seed;
-    for (png_uint_32 i = 0; i < width * height; ++i) {
-        const double x = static_cast<double>(i % width) / 97;
-        const double y = static_cast<double>(i / width) / 61;
-        for (int channel = 0; channel < 3; ++channel) {
-            noise = noise * 1664525 + 1013904223;
-            const double wave = std::sin(x + channel + seed) + std::cos(y * 1.3 - x + channel * 0.7);
-            pixels.push_back(static_cast<png_byte>(128 + 55 * wave + static_cast<int>(noise >> 28)));
-        }
-    }
-    png_image image{};
-    image.version = PNG_IMAGE_VERSION;
-    image.width = width;
-    image.height = height;
-    image.format = PNG_FORMAT_RGB;
-    png_image_write_to_file(&image, path.c_str(), 0, pixels.data(), 0, nullptr);
-    png_image_free(&image);
-}
-
-// Rows as they come, into one block, by the plain calls.
-void decodeBare(const std::string& path) {
-    FILE* file = std::fopen(path.c_str(), "rb");
-    png_structp png = png_create_read_struct(PNG_LIBPNG_VER_STRING, nullptr, nullptr, nullptr);
-    png_infop info = png_create_info_struct(png);
-    png_init_io(png, file);
-    png_read_info(png, info);
-    const std::size_t stride = png_get_rowbytes(png, info);
-    std::vector<png_byte> pixels(stride * png_get_image_height(png, info));
-    std::vector<png_bytep> rows;
-    for (std::size_t offset = 0; offset < pixels.size(); offset += stride) {
-        rows.push_back(&pixels[offset]);
-    }
-    png_read_image(png, rows.data());
-    png_read_end(png, nullptr);
-    png_destroy_read_struct(&png, &info, nullptr);
-    std::fclose(file);
-    benchmark::DoNotOptimize(pixels.data());
-}
-
 double residentMegabytes() {
     FILE* file = std::fopen("/proc/self/statm", "r");
     long total = 0;
@@ -82,8 +39,8 @@ double residentMegabytes() {
 struct ArtFolder {
     const char* name;
     char** setting;
-    png_uint_32 width;
-    png_uint_32 height;
+    unsigned width;
+    unsigned height;
 };
 
 const ArtFolder artFolders[] = {
@@ -94,7 +51,7 @@ const ArtFolder artFolders[] = {
 };
 
 // All games share the files of the first.
-void writeArt(png_uint_32 reduction) {
+void writeArt(unsigned reduction) {
     for (const ArtFolder& art : artFolders) {
         writePhotograph(art.name + std::string("/g0.png"), art.width / reduction, art.height / reduction, 7);
     }

@@ -106,11 +106,17 @@ bool VirtualScreen::tap(const char* key, int heldMilliseconds) {
 Screenshot VirtualScreen::capture() {
     Display* display = displayOf(connection);
     int screen = DefaultScreen(display);
+    return capture({0, 0, DisplayWidth(display, screen), DisplayHeight(display, screen)});
+}
+
+Screenshot VirtualScreen::capture(const PixelArea& area) {
+    Display* display = displayOf(connection);
     Screenshot shot;
-    int width = DisplayWidth(display, screen);
-    int height = DisplayHeight(display, screen);
-    XImage* image = XGetImage(display, DefaultRootWindow(display), 0, 0, static_cast<unsigned>(width),
-                              static_cast<unsigned>(height), AllPlanes, ZPixmap);
+    int width = area.right - area.left;
+    int height = area.bottom - area.top;
+    XImage* image =
+        XGetImage(display, DefaultRootWindow(display), area.left, area.top, static_cast<unsigned>(width),
+                  static_cast<unsigned>(height), AllPlanes, ZPixmap);
     if (image == nullptr)
         return shot;
     shot.width = width;

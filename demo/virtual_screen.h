@@ -26,6 +26,7 @@ public:
     bool tap(const char* key, int heldMilliseconds = 40);
 
     Screenshot capture();
+    Screenshot capture(const PixelArea& area); // which must lie on the screen
 
     // Looks at the picture again and again until it satisfies the condition; false when the time is over.
     bool waitFor(const std::function<bool(const Screenshot&)>& condition, int limitMilliseconds);
