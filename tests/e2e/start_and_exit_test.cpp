@@ -3,6 +3,8 @@
 
 #include "games.h"
 
+#include <X11/Xatom.h>
+#include <X11/Xlib.h>
 #include <algorithm>
 #include <csignal>
 #include <filesystem>
@@ -15,6 +17,43 @@ int countOf(const std::string& text, const std::string& part) {
         ++count;
     return count;
 }
+
+// A window of another program, which takes the keyboard focus and ends with the object.
+class ForeignWindow {
+public:
+    ForeignWindow(const VirtualScreen& screen, int focusAfterwards)
+        : connection(XOpenDisplay(screen.environment().substr(std::string("DISPLAY=").size()).c_str())),
+          window(XCreateSimpleWindow(connection, DefaultRootWindow(connection), 0, 0, 10, 10, 0, 0, 0)) {
+        XStoreName(connection, window, title);
+        XMapWindow(connection, window);
+        XSetInputFocus(connection, window, focusAfterwards, CurrentTime);
+        XSync(connection, False);
+    }
+    ~ForeignWindow() {
+        if (isManager)
+            XDeleteProperty(connection, DefaultRootWindow(connection), managerProperty());
+        XCloseDisplay(connection);
+    }
+    ForeignWindow(const ForeignWindow&) = delete;
+    ForeignWindow& operator=(const ForeignWindow&) = delete;
+
+    // Does nothing else of what a window manager does.
+    void claimToBeWindowManager() {
+        isManager = true;
+        XChangeProperty(connection, DefaultRootWindow(connection), managerProperty(), XA_WINDOW, 32,
+                        PropModeReplace, reinterpret_cast<unsigned char*>(&window), 1);
+        XSync(connection, False);
+    }
+
+    static constexpr const char* title = "Foreign";
+
+private:
+    Atom managerProperty() const { return XInternAtom(connection, "_NET_SUPPORTING_WM_CHECK", False); }
+
+    Display* connection;
+    Window window;
+    bool isManager = false;
+};
 
 TEST_F(CabinetTest, TheFirstStartMakesTheListAndTheKeysMoveTheSelection) {
     startFrontEnd();
@@ -81,6 +120,41 @@ TEST_F(CabinetTest, WithoutUsableSettingsItStartsWithItsDefaults) {
     EXPECT_EQ(settingIn(readFile("missing.ini"), "MenuType"), "ListView");
     EXPECT_TRUE(std::filesystem::is_directory(path("folder.ini")));
     EXPECT_NE(readFile("junk.ini").find(std::string(100000, 'A')), std::string::npos);
+}
+
+TEST_F(CabinetTest, TheKeyboardComesBackFromAWindowThatHasGoneAndIsLeftToAnyOther) {
+    makeList();
+    writeScript("emulator", "sleep 3");
+    writeSettings({{"Mame.exe", path("emulator")}});
+    startFrontEnd();
+    waitForList();
+    constexpr int lookAgain = 1300; // more than two of the front end's own looks
+    for (int focusAfterwards : {RevertToNone, RevertToPointerRoot, RevertToParent}) {
+        {
+            ForeignWindow window(*screen, focusAfterwards);
+            EXPECT_FALSE(screen->waitForFocus(FrontEndTitle, lookAgain)) << "a living window lost the focus";
+            EXPECT_EQ(screen->focusedTitle(), ForeignWindow::title);
+        }
+        ASSERT_TRUE(screen->waitForFocus(FrontEndTitle, StepLimit)) << focusAfterwards;
+        Screenshot shot = screen->settled();
+        screen->tap("Down");
+        EXPECT_TRUE(screen->waitFor([&](const Screenshot& later) { return later != shot; }, StepLimit));
+    }
+    {
+        ForeignWindow manager(*screen, RevertToNone);
+        manager.claimToBeWindowManager();
+        { ForeignWindow window(*screen, RevertToNone); }
+        EXPECT_FALSE(screen->waitForFocus(FrontEndTitle, lookAgain)) << "a window manager's business";
+    }
+    ASSERT_TRUE(screen->waitForFocus(FrontEndTitle, StepLimit));
+    Screenshot list = screen->settled();
+    screen->tap("1");
+    screen->settled();
+    { ForeignWindow window(*screen, RevertToNone); }
+    EXPECT_FALSE(screen->waitForFocus(FrontEndTitle, lookAgain)) << "the keyboard is the game's";
+    EXPECT_TRUE(screen->waitForFocus(FrontEndTitle, StepLimit));
+    EXPECT_TRUE(screen->waitFor([&](const Screenshot& shot) { return shot == list; }, StepLimit));
+    EXPECT_EQ(leave(), 0);
 }
 
 TEST_F(CabinetTest, AFullDiskCostsNeitherTheSettingsNorTheProgram) {
