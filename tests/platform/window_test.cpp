@@ -3,7 +3,14 @@
 #include "platform/display.h"
 #include "support/recording_window.h"
 
+#include <SDL.h>
 #include <gtest/gtest.h>
+
+// In place of SDL's own: the driver without a screen has no second monitor.
+extern "C" int SDL_GetDisplayBounds(int monitor, SDL_Rect* bounds) {
+    *bounds = monitor == 0 ? SDL_Rect{640, 100, 1280, 1024} : SDL_Rect{0, 0, 640, 480};
+    return 0;
+}
 
 namespace {
 
@@ -41,6 +48,18 @@ protected:
 
     static inline std::map<HWND, COLORREF> colors;
 };
+
+TEST_F(WindowTest, OpensAtTheOriginOfThePrimaryMonitor) {
+    makeRecordingWindow(0, 0, 10, 10);
+    SDL_Window* shown = nullptr;
+    for (Uint32 number = 1; !shown && number < 10; ++number) {
+        shown = SDL_GetWindowFromID(number);
+    }
+    int x = 0;
+    int y = 0;
+    SDL_GetWindowPosition(shown, &x, &y);
+    EXPECT_EQ(std::pair(x, y), std::pair(640, 100));
+}
 
 TEST_F(WindowTest, TellsAWindowOfItsLifeInOrder) {
     const HWND window = makeRecordingWindow(10, 10, 100, 50, nullptr, WS_POPUP | WS_THICKFRAME);
