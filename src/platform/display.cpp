@@ -107,8 +107,14 @@ bool initVideo() {
     return true;
 }
 
-// Every function checks the window. SDL's own clean-up would wait for the server that has gone.
+// Called inside a call to SDL, which goes on: before the first picture that is the call that shows the window
+// and waits for the server's answer for ever, so the start fails here. Afterwards every function checks the
+// window.
 void loseDisplay() {
+    constexpr int failedStartCode = 1;
+    if (!display.shown) {
+        std::_Exit(failedStartCode);
+    }
     display.lost = true;
     display.window = nullptr;
     requestEnd(EndRequest::displayLost);
@@ -296,9 +302,9 @@ void displayPresent() {
                           surface->w * 4, surface->format->format, surface->pixels, surface->pitch);
     }
     if (!display.shown) {
-        display.shown = true;
         SDL_ShowWindow(display.window);
         SDL_RaiseWindow(display.window);
+        display.shown = true;
     }
     SDL_UpdateWindowSurface(display.window);
 }
@@ -406,7 +412,9 @@ void displaySetSize(int width, int height) {
 }
 
 void displayQuit() {
-    if (display.lost) {
+    // An X11 server ends the window with the connection. SDL would wait for its answer, for ever when the
+    // server goes in that moment.
+    if (display.lost || (display.window && isX11())) {
         return;
     }
     if (display.window) {
