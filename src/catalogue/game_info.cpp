@@ -2,6 +2,7 @@
 
 #include "catalogue/game_catalogue.h"
 #include "config/settings.h"
+#include "platform/diagnostics.h"
 #include "platform/files.h"
 
 #include <algorithm>
@@ -155,7 +156,7 @@ std::int32_t parseGameInfo(FILE* stream) {
         const std::string_view line(buffer, std::strlen(buffer) - 1);
         if (const Statement* statement = findStatement(line)) {
             if (!carryOut(*statement, line, names, state, block)) {
-                std::puts("invalid state found!!!");
+                writeDiagnostic(standardOutput, "invalid state found!!!");
                 break;
             }
         } else if (state == State::text) {

@@ -5,13 +5,13 @@
 #include "input/mapped_controls.h"
 #include "overlays/popup_window.h"
 #include "overlays/word_wrap.h"
+#include "platform/diagnostics.h"
 #include "platform/drawing.h"
 #include "render/primitives.h"
 #include "state/shared_state.h"
 
 #include <algorithm>
 #include <array>
-#include <cstdio>
 #include <cstdlib>
 
 namespace {
@@ -117,7 +117,7 @@ LRESULT scrollWindowProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam
         return 0;
     case WM_PAINT:
         if (!paintPopup(window, scrollWindowDC, scrollDrawDC)) {
-            std::puts("SOMETING!");
+            writeDiagnostic(standardOutput, "SOMETING!");
         }
         return 0;
     default:

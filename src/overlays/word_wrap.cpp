@@ -1,13 +1,13 @@
 #include "overlays/word_wrap.h"
 
 #include "config/settings.h"
+#include "platform/diagnostics.h"
 #include "platform/text.h"
 #include "platform/window.h"
 #include "render/primitives.h"
 
 #include <algorithm>
 #include <cctype>
-#include <cstdio>
 #include <cstdlib>
 #include <cstring>
 #include <string_view>
@@ -93,7 +93,7 @@ char** wordWrapText(HWND window, HDC dc, const char* const* lines, std::int32_t 
     }
     *outCount = 0;
     if (wrapper.failed) {
-        std::fputs("GetTextExtentPoint32 failed in wordWrapText()!", stdout);
+        writeDiagnostic(standardOutput, "GetTextExtentPoint32 failed in wordWrapText()!", "");
         for (char* piece : wrapper.pieces) {
             std::free(piece);
         }

@@ -1,6 +1,7 @@
 #include "platform/entry.h"
 
 #include "platform/command_line.h"
+#include "platform/diagnostics.h"
 #include "platform/end_request.h"
 #include "platform/module.h"
 #include "platform/window.h"
@@ -28,6 +29,7 @@ void fillStandardStreams() {
 
 int main() {
     fillStandardStreams();
+    replaceStandardStreams();
     // A diagnostic that nobody reads any more is no reason to end. Children get the default back.
     std::signal(SIGPIPE, SIG_IGN);
     const int result = WinMain(GetModuleHandleA(nullptr), nullptr, commandTail(GetCommandLineA()), SW_SHOW);

@@ -7,6 +7,8 @@
 
 #include <gtest/gtest.h>
 
+#include <stdio_ext.h>
+
 namespace {
 
 class GameInfoTest : public ::testing::Test {
@@ -22,6 +24,7 @@ protected:
         FILE* stream = openTextFile(folder.write("info.dat", content).c_str());
         testing::internal::CaptureStdout();
         result = parseGameInfo(stream);
+        EXPECT_EQ(__fpending(stdout), 0U) << "what waits for the end of the process can hold it up";
         std::fclose(stream);
         return testing::internal::GetCapturedStdout();
     }

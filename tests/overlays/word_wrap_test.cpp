@@ -4,6 +4,8 @@
 #include "render/primitives.h"
 #include "support/popup_fixture.h"
 
+#include <stdio_ext.h>
+
 #include <cstdlib>
 #include <string>
 #include <vector>
@@ -69,6 +71,7 @@ TEST_F(WordWrapTest, TellsWhenItCannotMeasure) {
     std::int32_t count = -1;
     testing::internal::CaptureStdout();
     EXPECT_EQ(wordWrapText(mainWindow, nullptr, lines, 2, &count), nullptr);
+    EXPECT_EQ(__fpending(stdout), 0U) << "what waits for the end of the process can hold it up";
     EXPECT_EQ(testing::internal::GetCapturedStdout(), "GetTextExtentPoint32 failed in wordWrapText()!");
     EXPECT_EQ(count, 0);
 }
