@@ -11,6 +11,7 @@
 #include <array>
 #include <cerrno>
 #include <cstdio>
+#include <utility>
 
 namespace {
 
@@ -41,20 +42,39 @@ bool isNamed(const FileDescriptor& file, const std::string& path) {
            own.st_dev == named.st_dev && own.st_ino == named.st_ino;
 }
 
-// The name is always the same, so that what a power cut leaves is used up by the next write. The lock keeps a
-// second program that writes the same file out, instead of both writing into one another's text.
-FileDescriptor openTemporary(const std::string& path) {
-    constexpr int flags = O_WRONLY | O_CREAT | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY | O_CLOEXEC;
+// False when another program holds the lock. A file system without locks counts as one where nobody does.
+bool lock(const FileDescriptor& file) {
+    return flock(file.number(), LOCK_EX | LOCK_NB) == 0 || errno != EWOULDBLOCK;
+}
+
+// Removes what a power cut has left, or whatever else has the name. A locked file stays: another program
+// writes it. The lock is held during the removal, so that the file cannot become another program's between
+// the test and the removal.
+void removeLeftover(const std::string& path) {
+    const FileDescriptor leftover(
+        open(path.c_str(), O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));
+    if (!leftover.isOpen() && errno == ENOENT) {
+        return;
+    }
+    struct stat status {};
+    const bool isFile =
+        leftover.isOpen() && fstat(leftover.number(), &status) == 0 && S_ISREG(status.st_mode);
+    if (!isFile || (lock(leftover) && isNamed(leftover, path))) {
+        std::remove(path.c_str());
+    }
+}
+
+// Always a new file, never one that was there: it could be a link to a file of somebody else. The lock keeps
+// two programs that write the same file apart: whoever finds the name taken by a locked file writes nothing,
+// and so does one whose new file another has taken for a leftover before it was locked.
+FileDescriptor createTemporary(const std::string& path) {
+    constexpr int flags = O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC;
     FileDescriptor file(open(path.c_str(), flags, 0666));
-    if (!file.isOpen() && std::remove(path.c_str()) == 0) { // a link, a folder or another's file stood there
+    if (!file.isOpen() && errno == EEXIST) {
+        removeLeftover(path);
         file = FileDescriptor(open(path.c_str(), flags, 0666));
     }
-    const bool locked =
-        file.isOpen() && (flock(file.number(), LOCK_EX | LOCK_NB) == 0 || errno != EWOULDBLOCK);
-    if (!locked || !isNamed(file, path) || ftruncate(file.number(), 0) != 0) {
-        return {};
-    }
-    return file;
+    return file.isOpen() && lock(file) && isNamed(file, path) ? std::move(file) : FileDescriptor();
 }
 
 // Not every file system has owners and modes; the text matters more.
@@ -87,15 +107,18 @@ bool replaceFile(const std::string& givenPath, std::string_view text) {
         return false;
     }
     const std::string temporary = path + ".new~";
-    const FileDescriptor file = openTemporary(temporary);
+    const FileDescriptor file = createTemporary(temporary);
     if (!file.isOpen()) {
         return false;
     }
     if (exists) {
         keepOwnerAndMode(file, former);
     }
-    if (!writeWhole(file.number(), text) || fsync(file.number()) != 0 ||
-        rename(temporary.c_str(), path.c_str()) != 0) {
+    const bool written = writeWhole(file.number(), text) && fsync(file.number()) == 0;
+    if (!isNamed(file, temporary)) {
+        return false;
+    }
+    if (!written || rename(temporary.c_str(), path.c_str()) != 0) {
         unlink(temporary.c_str());
         return false;
     }

@@ -6,6 +6,7 @@
 
 #include <fcntl.h>
 #include <signal.h>
+#include <sys/file.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
@@ -230,6 +231,7 @@ TEST_F(Profile, WhatStandsInTheWayOfTheNewFileIsPutAside) {
     folder.write("other", "untouched");
     const std::function<void()> obstacles[] = {
         [] { std::filesystem::create_symlink("other", "settings.ini.new~"); },
+        [] { std::filesystem::create_hard_link("other", "settings.ini.new~"); },
         [] { std::filesystem::create_directory("settings.ini.new~"); },
         [] { mkfifo("settings.ini.new~", 0600); },
     };
@@ -241,6 +243,39 @@ TEST_F(Profile, WhatStandsInTheWayOfTheNewFileIsPutAside) {
         EXPECT_EQ(folder.read("settings.ini"), "[A]\nkey=" + value + "\n");
     }
     EXPECT_EQ(folder.read("other"), "untouched");
+}
+
+TEST_F(Profile, AFileThatAnotherProgramWritesIsLeftToIt) {
+    folder.write("x.ini", "[S]\nK=old\n");
+    const int other = open(folder.write("x.ini.new~", "theirs").c_str(), O_RDWR);
+    flock(other, LOCK_EX);
+    EXPECT_FALSE(set("S", "K", "new"));
+    EXPECT_EQ(folder.read("x.ini.new~"), "theirs");
+    close(other);
+    EXPECT_TRUE(set("S", "K", "new"));
+    EXPECT_EQ(folder.read("x.ini"), "[S]\nK=new\n");
+}
+
+TEST_F(Profile, SeveralProgramsAtOnceLeaveAWholeFile) {
+    constexpr int programs = 4;
+    const std::string tail = "\n;" + std::string(20'000, '.') + "end\n";
+    folder.write("x.ini", "[S]\nK=0" + tail);
+    pid_t children[programs];
+    for (pid_t& child : children) {
+        child = fork();
+        for (int number = 0; child == 0; ++number) {
+            set("S", "K", std::string(static_cast<std::size_t>(number % 50), 'x').c_str());
+        }
+    }
+    for (int round = 0; round < 300; ++round) {
+        usleep(1000);
+        const std::string text = folder.read("x.ini");
+        EXPECT_TRUE(text.starts_with("[S]\nK=") && text.ends_with(tail)) << text.substr(0, 100);
+    }
+    for (const pid_t child : children) {
+        kill(child, SIGKILL);
+        waitpid(child, nullptr, 0);
+    }
 }
 
 TEST_F(Profile, ACrashAtAnyInstantLeavesAWholeFile) {
