@@ -111,10 +111,13 @@ void readMetrics(FT_Face source, FontFace& face) {
 
 void readGlyphs(FT_Face source, FontFace& face) {
     constexpr unsigned symbolArea = 0xF000;
+    constexpr unsigned deleteCharacter = 0x7F;
     const bool isSymbol = !source->charmap && FT_Select_Charmap(source, FT_ENCODING_MS_SYMBOL) == 0;
     for (unsigned byte = 0; byte < face.glyphs.size(); ++byte) {
+        // A control character is a blank: fonts have a box for it, or nothing.
+        const unsigned letter = byte < ' ' || byte == deleteCharacter ? ' ' : byte;
         const unsigned code =
-            isSymbol ? symbolArea + byte : codePageToUnicode(static_cast<unsigned char>(byte));
+            isSymbol ? symbolArea + letter : codePageToUnicode(static_cast<unsigned char>(letter));
         FT_Fixed advance = 0;
         face.glyphs[byte] = FT_Get_Char_Index(source, code);
         FT_Get_Advance(source, face.glyphs[byte], FT_LOAD_NO_SCALE, &advance);
