@@ -4,12 +4,18 @@
 #include "platform/font_match.h"
 
 #include <fontconfig/fontconfig.h>
+#include <ft2build.h>
+#include FT_FREETYPE_H
 
 #include <algorithm>
+#include <array>
 #include <cstring>
+#include <map>
+#include <optional>
 #include <set>
 #include <string>
 #include <string_view>
+#include <utility>
 
 namespace {
 
@@ -20,20 +26,85 @@ bool flagOf(FcPattern* font, const char* property) {
     return FcPatternGetBool(font, property, 0, &value) == FcResultMatch && value == FcTrue;
 }
 
+std::string textOf(FcPattern* font, const char* property) {
+    FcChar8* text = nullptr;
+    FcPatternGetString(font, property, 0, &text);
+    return text ? reinterpret_cast<const char*>(text) : "";
+}
+
+// Type 1 faces are left out: they are the twins of OpenType ones under other names.
+bool isTrueTypeOrOpenType(FcPattern* font) {
+    const std::string format = textOf(font, FC_FONTFORMAT);
+    return format == "TrueType" || format == "CFF";
+}
+
 // A symbol font or one of another script would leave the whole screen unreadable.
-bool hasLatinLetters(FcPattern* font) {
+bool hasLatinLetters(FcCharSet* characters) {
     constexpr std::string_view sample = "AZaz09";
-    FcCharSet* letters = nullptr;
-    return FcPatternGetCharSet(font, FC_CHARSET, 0, &letters) == FcResultMatch &&
-           std::ranges::all_of(sample, [letters](char letter) {
-               return FcCharSetHasChar(letters, static_cast<FcChar32>(letter)) == FcTrue;
+    return std::ranges::all_of(sample, [characters](char letter) {
+        return FcCharSetHasChar(characters, static_cast<FcChar32>(letter)) == FcTrue;
+    });
+}
+
+// A symbol font can have its signs in the places of the letters, and then seems to have letters. Either it
+// says what it is, or it lacks the typographic apostrophe, which hardly any text font does without.
+bool maySymbolsBeLetters(FcPattern* font, FcCharSet* characters) {
+    constexpr FcChar32 apostrophe = 0x2019;
+    return flagOf(font, FC_SYMBOL) || FcCharSetHasChar(characters, apostrophe) == FcFalse;
+}
+
+// Whether a glyph of this name can be the letter A. A name that only counts the glyphs, or none, says
+// nothing.
+bool canBeLetterA(std::string_view glyphName) {
+    constexpr std::string_view beginnings[] = {"A.", "uni0041", "u0041", "glyph", "gid", "cid", "index"};
+    return glyphName.empty() || glyphName == "A" ||
+           std::ranges::any_of(beginnings, [glyphName](std::string_view beginning) {
+               return glyphName.starts_with(beginning);
            });
+}
+
+// Name of the glyph that stands for the letter A; empty when the face has no names. Nothing for a file that
+// cannot be opened.
+std::optional<std::string> nameOfLetterA(const std::string& file, int index) {
+    constexpr FT_ULong symbolArea = 0xF000;
+    FT_Library library = nullptr;
+    FT_Face face = nullptr;
+    std::optional<std::string> result;
+    if (FT_Init_FreeType(&library) == 0 && FT_New_Face(library, file.c_str(), index, &face) == 0) {
+        const bool isSymbol = !face->charmap && FT_Select_Charmap(face, FT_ENCODING_MS_SYMBOL) == 0;
+        const FT_UInt glyph = FT_Get_Char_Index(face, isSymbol ? symbolArea + 'A' : 'A');
+        std::array<char, 64> name{};
+        if (FT_HAS_GLYPH_NAMES(face)) {
+            FT_Get_Glyph_Name(face, glyph, name.data(), static_cast<FT_UInt>(name.size()));
+        }
+        result = name.data();
+        FT_Done_Face(face);
+    }
+    FT_Done_FreeType(library);
+    return result;
+}
+
+// Opening a font file is slow beside all the rest, so the answer is kept for the run.
+bool areLettersReal(FcPattern* font) {
+    static std::map<std::pair<std::string, int>, bool> answers;
+    int index = 0;
+    FcPatternGetInteger(font, FC_INDEX, 0, &index);
+    const std::pair key(textOf(font, FC_FILE), index);
+    const auto known = answers.find(key);
+    if (known != answers.end()) {
+        return known->second;
+    }
+    const std::optional<std::string> name = nameOfLetterA(key.first, index);
+    return answers[key] = name && canBeLetterA(*name);
 }
 
 // The whole of a variable font is left out: its named instances are faces of their own.
 bool isListed(FcPattern* font) {
+    FcCharSet* characters = nullptr;
     return flagOf(font, FC_OUTLINE) && !flagOf(font, FC_COLOR) && !flagOf(font, FC_VARIABLE) &&
-           hasLatinLetters(font);
+           isTrueTypeOrOpenType(font) &&
+           FcPatternGetCharSet(font, FC_CHARSET, 0, &characters) == FcResultMatch &&
+           hasLatinLetters(characters) && (!maySymbolsBeLetters(font, characters) || areLettersReal(font));
 }
 
 // A face has its name in several languages.
