@@ -2,12 +2,16 @@
 
 #include "config/settings.h"
 #include "platform/module.h"
+#include "platform/program_search.h"
 
+#include <algorithm>
 #include <string_view>
 
 namespace {
 
-std::string programPath() {
+constexpr std::string_view separators = "\\/";
+
+std::string frontEndPath() {
     std::string path(255, '\0');
     for (;;) {
         const DWORD length = GetModuleFileNameA(nullptr, path.data(), static_cast<DWORD>(path.size()));
@@ -19,15 +23,33 @@ std::string programPath() {
     }
 }
 
+bool hasDrive(std::string_view commandLine) {
+    return commandLine.size() > 1 && commandLine[1] == ':';
+}
+
+// With or without quotes.
+bool isAbsolute(std::string_view commandLine) {
+    const std::size_t start = commandLine.find_first_not_of(" \t\"");
+    return start != std::string_view::npos && separators.find(commandLine[start]) != std::string_view::npos;
+}
+
+// Without a separator at its end, but for the root; empty for a path without a separator.
+std::string folderOf(std::string_view path) {
+    const std::size_t end = path.find_last_of(separators);
+    return std::string(path.substr(0, end == std::string_view::npos ? 0 : std::max<std::size_t>(end, 1)));
+}
+
 } // namespace
 
 std::string emulatorFolder() {
-    constexpr std::string_view separators = "\\/";
     const std::string_view emulator = settings.mameExe;
-    const bool hasDrive = emulator.size() > 1 && emulator[1] == ':';
-    if (hasDrive && emulator.find_last_of(separators) != std::string_view::npos) {
-        return std::string(emulator.substr(0, emulator.find_last_of(separators)));
+    std::string folder;
+    if (hasDrive(emulator)) {
+        folder = folderOf(emulator);
+    } else if (isAbsolute(emulator)) {
+        // Options may follow the program and its path may hold blanks, so only the search knows where it
+        // ends.
+        folder = folderOf(findProgram(emulator));
     }
-    const std::string program = programPath();
-    return program.substr(0, program.find_last_of(separators));
+    return folder.empty() ? folderOf(frontEndPath()) : folder;
 }

@@ -5,6 +5,6 @@
 
 #include <string>
 
-// The emulator's folder when the setting names it with a drive, else the folder of the front end; without a
-// separator at its end.
+// The emulator's folder when the setting names it with a drive or by an absolute path, else the folder of the
+// front end, also when there is no such program; without a separator at its end.
 std::string emulatorFolder();

@@ -91,3 +91,8 @@ Invocation resolveInvocation(std::string_view line, const std::string& workingDi
     }
     return result;
 }
+
+std::string findProgram(std::string_view commandLine) {
+    const Invocation invocation = resolveInvocation(commandLine, "");
+    return invocation.programs.empty() ? std::string() : invocation.programs.front();
+}

@@ -1,5 +1,5 @@
 // The search for the program that a command line starts: on the disk, by name, path and PATH. Called for
-// CreateProcessA. Nothing is started here.
+// CreateProcessA, and by whoever has to know the program's folder. Nothing is started here.
 #pragma once
 
 #include <string>
@@ -16,3 +16,7 @@ struct Invocation {
 // is tried in turn. Only a path: after a bare name no further word is part of the program. A name without a
 // separator is also searched for in workingDirectory, which is the current folder when it is empty.
 Invocation resolveInvocation(std::string_view line, const std::string& workingDirectory);
+
+// Full path of the program that a command line starts when its working directory is the current one; empty
+// when there is none.
+std::string findProgram(std::string_view commandLine);
