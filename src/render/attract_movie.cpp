@@ -18,11 +18,15 @@ std::string moviePath(const char* stem) {
 
 // The path of the movie, empty when there is none.
 std::string findMovie(const GameRecord& game) {
-    std::string path = moviePath(game.name);
-    if (!fileExists(path.c_str()) && game.cloneOf) {
-        path = moviePath(game.cloneOf);
+    for (const char* stem : {game.name, game.cloneOf}) {
+        if (staysInFolder(stem)) {
+            std::string path = moviePath(stem);
+            if (fileExists(path.c_str())) {
+                return path;
+            }
+        }
     }
-    return fileExists(path.c_str()) ? path : std::string();
+    return {};
 }
 
 // Never enlarges. A movie that is no wider than the area keeps its size, however high it is.

@@ -24,7 +24,7 @@ std::string artPath(const char* directory, const char* stem) {
 // The file of the game, or of its parent, in one directory; empty when there is none.
 std::string findInDirectory(const GameRecord& game, const char* directory) {
     for (const char* stem : {game.name, game.cloneOf}) {
-        if (stem) {
+        if (staysInFolder(stem)) {
             std::string path = artPath(directory, stem);
             if (fileExists(path.c_str())) {
                 return path;

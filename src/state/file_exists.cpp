@@ -2,6 +2,9 @@
 
 #include "platform/files.h"
 
+#include <algorithm>
+#include <string_view>
+
 std::int32_t fileExists(const char* path) {
     WIN32_FIND_DATAA found;
     const HANDLE search = FindFirstFileA(path, &found);
@@ -10,4 +13,16 @@ std::int32_t fileExists(const char* path) {
     }
     FindClose(search);
     return 1;
+}
+
+bool staysInFolder(const char* stem) {
+    constexpr std::string_view separators = "\\/";
+    std::string_view rest = stem != nullptr ? stem : "/";
+    bool stays = !rest.starts_with('/') && !rest.starts_with('\\');
+    while (stays && !rest.empty()) {
+        const std::string_view component = rest.substr(0, rest.find_first_of(separators));
+        stays = component != "..";
+        rest.remove_prefix(std::min(component.size() + 1, rest.size()));
+    }
+    return stays;
 }

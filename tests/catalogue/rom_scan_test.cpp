@@ -18,7 +18,7 @@ std::string presentGames() {
 
 TEST(RomScan, findsTheZipOfAGameOrOfItsParent) {
     TemporaryFolder folder;
-    std::filesystem::create_directory(folder.pathOf("roms"));
+    std::filesystem::create_directories(folder.pathOf("roms/sub"));
     for (const char* zip : {"roms/own.zip", "roms/parent.zip", "roms/outside.zip", "roms/Big.zip"}) {
         folder.write(zip, "");
     }
@@ -34,10 +34,24 @@ TEST(RomScan, findsTheZipOfAGameOrOfItsParent) {
     scanRoms();
     EXPECT_EQ(presentGames(), "own clone stray folder ? ");
 
+    for (const char* zip : {"beside.zip", "roms/sub/inner.zip"}) {
+        folder.write(zip, "");
+    }
+    std::filesystem::create_symlink(folder.pathOf("beside.zip"), "roms/link.zip");
+    std::filesystem::create_symlink(folder.pathOf("roms"), "roms/inside");
+    const std::string list = "game (\nname sub/inner\n)\ngame (\nname sub\\inner\n)\ngame (\nname link\n)\n"
+                             "game (\nname inside/own\n)\ngame (\nname ..own\ncloneof sub/inner\n)\n";
+    loadCatalogue(list + "game (\nname ../beside\n)\ngame (\nname ..\\beside\n)\n"
+                         "game (\nname sub/../own\n)\ngame (\nname sub\\..\\own\n)\n"
+                         "game (\nname /own\n)\ngame (\nname \\own\n)\ngame (\nname x\ncloneof ../beside\n)\n"
+                         "game (\nname ow?\n)\ngame (\nname p*x\n)\n");
+    scanRoms();
+    EXPECT_EQ(presentGames(), "sub/inner sub\\inner link inside/own ..own ow? ");
+
     std::string backslashFolder = ".\\roms";
     settings.romsDir = backslashFolder.data();
     scanRoms();
-    EXPECT_EQ(presentGames(), "own clone stray folder ? ");
+    EXPECT_EQ(presentGames(), "sub/inner sub\\inner link inside/own ..own ow? ");
 
     std::string missingFolder = folder.pathOf("nowhere");
     settings.romsDir = missingFolder.data();

@@ -87,6 +87,10 @@ TEST_F(AttractMovieTest, ACloneWithoutAMovieShowsThatOfItsParent) {
     EXPECT_EQ(playAttractMovie(&game, &area), 0);
     EXPECT_EQ(movieWindow, nullptr);
     write("parent", 100, 50);
+    char outside[] = "../attracts/parent";
+    game.cloneOf = outside;
+    EXPECT_EQ(playAttractMovie(&game, &area), 0);
+    game.cloneOf = parent;
     EXPECT_EQ(playAttractMovie(&game, &area), 1);
     EXPECT_NE(movieWindow, nullptr);
     folder.write("attracts/clone.avi", "damaged");

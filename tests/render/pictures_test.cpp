@@ -114,9 +114,14 @@ TEST_F(PicturesTest, SearchOrder) {
     }
     game.cloneOf = nullptr;
     addArt("marquee/parent.png", 77);
-    clear();
-    drawMarqueeTile(dc, &game, &place);
-    EXPECT_EQ(surface().row(150)[150], pixelOf(paper));
+    char outside[] = "../marquee/parent";
+    char* const parents[] = {nullptr, outside};
+    for (char* other : parents) {
+        game.cloneOf = other;
+        clear();
+        drawMarqueeTile(dc, &game, &place);
+        EXPECT_EQ(surface().row(150)[150], pixelOf(paper)) << other;
+    }
 }
 
 TEST_F(PicturesTest, WhatCannotBeShownLeavesItsPlace) {
