@@ -75,6 +75,8 @@ TEST(ListParser, aTextIsTheRestOfItsLine) {
     for (const auto& [line, expected] : descriptions) {
         EXPECT_STREQ(parseLine(line)->description, expected) << line;
     }
+    EXPECT_STREQ(parseLine("cloneofs the rest")->cloneOf, "the rest");
+    EXPECT_STREQ(parseLine("romofs the rest")->romOf, "the rest");
     const std::pair<const char*, int> years[] = {
         {"year 1999", 1999}, {"year 19??", 19},       {"year 198?", 198}, {"year ????", 0},
         {"year", 0},         {"year 99999999999", 0}, {"yearly +7", 7}};
@@ -104,6 +106,7 @@ TEST(ListParser, inputLinesGiveOneControlAndTheButtons) {
         {"input ( control stick )", 32, 0},
         {"input ( control dial control trackball )", 64, 0},
         {"input ( control dial )\ninput ( control paddle buttons 1 )", 16, 1},
+        {"input ( control dial buttons 5 )\ninput ( coins 1 )", 4, -2},
         {"input ( tilt 1 control joy8way buttons 65535 )", 8, -1},
     };
     for (const Case& row : cases) {

@@ -27,13 +27,15 @@ TEST(ListConverter, EveryEraGivesTheSameBlock) {
     const std::string texts = "<description>Pacer &amp; &quot;Son&quot;</description><year>198?</year>"
                               "<manufacturer>Caf&#233; Works</manufacturer>";
     const std::string names = " name=\"pacer\" cloneof=\"pace\" romof=\"pace\">";
-    const std::string today = "<machine" + names + texts +
-                              "<rom name=\"display\"/><display type=\"raster\" rotate=\"90\" width=\"288\" "
-                              "height=\"224\"/><display type=\"vector\"/><input players=\"2\" coins=\"1\">"
-                              "<control type=\"paddle\" player=\"2\" buttons=\"3\"/>"
-                              "<control type=\"joy\" player=\"1\" buttons=\"2\" ways=\"3 (half4)\"/><control "
-                              "type=\"dial\" player=\"1\"/>"
-                              "</input><dipswitch name=\"x\"><control type=\"stick\"/></dipswitch></machine>";
+    const std::string today =
+        "<machine" + names + texts +
+        "<rom name=\"display\"/><display type=\"raster\" rotate=\"90\" width=\"288\" "
+        "height=\"224\"/><display type=\"vector\"/><dipswitch name=\"x\"><control "
+        "type=\"stick\" player=\"1\" buttons=\"9\"/></dipswitch><input players=\"2\" coins=\"1\">"
+        "<control type=\"paddle\" player=\"2\" buttons=\"3\"/>"
+        "<control type=\"joy\" player=\"1\" buttons=\"2\" ways=\"3 (half4)\"/><control "
+        "type=\"dial\" player=\"1\"/>"
+        "</input></machine>";
     const std::string middle =
         "<game" + names + texts +
         "<display type=\"raster\" rotate=\"270\" width=\"288\" height=\"224\"/>"
