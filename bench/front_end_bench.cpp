@@ -162,12 +162,14 @@ void measureHeldKey(benchmark::State& state) {
             Screenshot next = screen->capture(barColumn);
             if (next != shown) {
                 shown = std::move(next);
-                longestGap = std::max(longestGap, secondsSince(start) - lastPicture);
-                lastPicture = secondsSince(start);
+                const double picture = secondsSince(start);
+                longestGap = std::max(longestGap, lastPicture > 0 ? picture - lastPicture : 0);
+                lastPicture = picture;
                 pictures += held ? 1 : 0;
             }
             pauseFor(2);
         }
+        longestGap = std::max(longestGap, heldSeconds - lastPicture);
         latest = std::max(latest, lastPicture - heldSeconds);
         state.SetIterationTime(heldSeconds);
     }

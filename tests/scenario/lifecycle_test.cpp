@@ -18,9 +18,13 @@ TEST(Lifecycle, StartsOnTheSavedGameAndSavesTheSelection) {
     FrontEnd frontEnd;
     frontEnd.writeGames(50);
     frontEnd.set("System", "SelectedGame", "g030");
-    frontEnd.at(90, [] { EXPECT_EQ(FrontEnd::selectedName(), "g030"); });
+    frontEnd.at(90, [] {
+        EXPECT_EQ(FrontEnd::selectedName(), "g030");
+        EXPECT_EQ(SDL_ShowCursor(SDL_QUERY), SDL_DISABLE) << "no mouse cursor over the list";
+    });
     frontEnd.tap(150, SDL_SCANCODE_DOWN);
     EXPECT_EQ(frontEnd.run(250), 0);
+    EXPECT_EQ(SDL_ShowCursor(SDL_QUERY), SDL_ENABLE);
     EXPECT_EQ(frontEnd.get("System", "SelectedGame"), "g031");
     EXPECT_EQ(frontEnd.get("Settings", "Roms.dir"), "roms") << "what is not saved stays";
     EXPECT_EQ(frontEnd.get("Settings", "StatusBarFontFace"), "Arial");

@@ -99,6 +99,73 @@ TEST(Popups, ExitAndMenuInOneTickEndTheProgram) {
     EXPECT_LT(frontEnd.elapsed(), 1500);
 }
 
+// A press that is made while another program has the keyboard waits until it is back.
+TEST(Popups, WithoutTheFocusNoWindowReadsItsKeys) {
+    for (const SDL_Scancode popup : {SDL_SCANCODE_UNKNOWN, SDL_SCANCODE_2, SDL_SCANCODE_LCTRL}) {
+        FrontEnd frontEnd;
+        frontEnd.writeGames(3);
+        frontEnd.folder().write("mameinfo.dat", "$info=g000\n$mame\nText\n\n$end\n");
+        frontEnd.tap(150, popup);
+        frontEnd.at(350, [] { pushWindowEvent(SDL_WINDOWEVENT_FOCUS_LOST); });
+        frontEnd.tap(450, SDL_SCANCODE_ESCAPE);
+        frontEnd.at(2150, [] { pushWindowEvent(SDL_WINDOWEVENT_FOCUS_GAINED); });
+        if (popup != SDL_SCANCODE_UNKNOWN) {
+            frontEnd.tap(2350, SDL_SCANCODE_ESCAPE); // forgotten in the pause after the popup
+            frontEnd.tap(4050, SDL_SCANCODE_ESCAPE);
+        }
+        EXPECT_EQ(frontEnd.runToEnd(), 0);
+        EXPECT_NEAR(static_cast<double>(frontEnd.elapsed()), popup ? 4150 : 2250, 100) << popup;
+    }
+}
+
+// After a popup or a game, presses made in the pause are forgotten; after a mere message they act.
+TEST(Popups, CommandsPauseForTheirTimeAndForgetPressesAfterPopupsAndGames) {
+    const struct {
+        const char* what;
+        const char* game;
+        SDL_Scancode command; // at 150
+        bool leavesPopup;     // at 350
+        int allowMenu;
+        std::int64_t pauseEnds;
+        bool forgets;
+    } rows[] = {
+        {"missing game", "g000", SDL_SCANCODE_1, false, 1, 200 + 1500, false},
+        {"no information", "g000", SDL_SCANCODE_LCTRL, false, 1, 200 + 1500, false},
+        {"information", "g001", SDL_SCANCODE_LCTRL, true, 1, 400 + 300, true},
+        {"menu", "g001", SDL_SCANCODE_2, true, 1, 400 + 200 + 300, true},
+        {"no menu", "g001", SDL_SCANCODE_2, false, 0, 200 + 300, true},
+        {"game", "g001", SDL_SCANCODE_1, false, 1, 200 + 1000 + 1000, true},
+        {"failed game", "g002", SDL_SCANCODE_1, false, 1, 200 + 1000 + 3000 + 1000, true},
+    };
+    for (const auto& row : rows) {
+        FrontEnd frontEnd;
+        frontEnd.writeGames(9);
+        frontEnd.addRom("g001");
+        frontEnd.addRom("g002");
+        frontEnd.folder().write("mameinfo.dat", "$info=g001\n$mame\nText\n\n$end\n");
+        frontEnd.set("Settings", "AllowMenu", std::to_string(row.allowMenu));
+        frontEnd.set("Settings", "Mame.exe",
+                     frontEnd.folder().write("emulator", "#!/bin/sh\n[ $1 != g002 ]\n"));
+        std::filesystem::permissions("emulator", std::filesystem::perms::all);
+        frontEnd.set("System", "SelectedGame", row.game);
+        frontEnd.tap(150, row.command);
+        if (row.leavesPopup) {
+            frontEnd.tap(350, SDL_SCANCODE_ESCAPE);
+        }
+        const int before = row.game[3] - '0';
+        const auto expectSelected = [&](std::int64_t time, int game) {
+            frontEnd.at(time, [=] { EXPECT_EQ(selectedIndex, game) << row.what << " at " << time; });
+        };
+        frontEnd.tap(row.pauseEnds - 60, SDL_SCANCODE_DOWN);
+        expectSelected(row.pauseEnds - 5, before);
+        expectSelected(row.pauseEnds + 95, before + !row.forgets);
+        frontEnd.tap(row.pauseEnds + 110, SDL_SCANCODE_DOWN);
+        EXPECT_EQ(frontEnd.run(row.pauseEnds + 300), 0);
+        EXPECT_EQ(frontEnd.get("System", "SelectedGame"), "g00" + std::to_string(before + 1 + !row.forgets))
+            << row.what;
+    }
+}
+
 // How long the command of the GameInfo key holds the tick up, told by what the Down key behind it does.
 TEST(Popups, InformationIsTheGamesOwnOrThatOfItsVisibleParent) {
     FrontEnd frontEnd;

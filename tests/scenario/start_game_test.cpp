@@ -49,7 +49,12 @@ TEST_F(StartGame, AnOwnOptionReplacesThatOfTheParentWhole) {
 TEST_F(StartGame, TakesItsTimeAndForgetsThePressesMadeMeanwhile) {
     frontEnd.tap(150, SDL_SCANCODE_1);
     frontEnd.tap(700, SDL_SCANCODE_DOWN);
-    frontEnd.at(1150, [] { EXPECT_EQ(FrontEnd::pixel(320, 234), 0xFFFFFFU) << "the message is up"; });
+    frontEnd.at(90, [] { EXPECT_TRUE(SDL_IsScreenSaverEnabled()); });
+    frontEnd.at(1150, [] {
+        EXPECT_EQ(FrontEnd::pixel(320, 234), 0xFFFFFFU) << "the message is up";
+        EXPECT_FALSE(SDL_IsScreenSaverEnabled()) << "off for the game";
+    });
+    frontEnd.at(1800, [] { EXPECT_TRUE(SDL_IsScreenSaverEnabled()) << "and on again"; });
     frontEnd.tap(1800, SDL_SCANCODE_DOWN);
     // A second before the synthesised key and one after the game, from the tick at 200 on.
     frontEnd.tap(2350, SDL_SCANCODE_ESCAPE);
