@@ -129,13 +129,14 @@ TEST_F(MenuWindowTest, ALineCanOpenAMenuOfItsOwn) {
     items[1]->subItemCount = 1;
     std::int64_t time = 50;
     for (const SDL_Scancode key :
-         {SDL_SCANCODE_DOWN, SDL_SCANCODE_RIGHT, SDL_SCANCODE_RIGHT, SDL_SCANCODE_ESCAPE, SDL_SCANCODE_UP,
+         {SDL_SCANCODE_DOWN, SDL_SCANCODE_RIGHT, SDL_SCANCODE_RIGHT, SDL_SCANCODE_RIGHT, SDL_SCANCODE_LEFT,
+          SDL_SCANCODE_G, SDL_SCANCODE_G, SDL_SCANCODE_D, SDL_SCANCODE_ESCAPE, SDL_SCANCODE_UP,
           SDL_SCANCODE_RIGHT, SDL_SCANCODE_ESCAPE}) {
         tap(time, key);
         time += 300;
     }
     EXPECT_EQ(runMenu(items, count), 1);
-    EXPECT_EQ(items[1]->subItems[0]->current, 4);
+    EXPECT_EQ(items[1]->subItems[0]->current, 3 + 2 - 1 + 2 - 1);
     EXPECT_EQ(changed(), std::vector<int>{0});
 
     tap(50, SDL_SCANCODE_DOWN);

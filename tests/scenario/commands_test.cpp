@@ -42,7 +42,11 @@ TEST(Commands, PagesByTwiceTheHeightLessTheStatusBar) {
     frontEnd.at(240, [] { afterDown = selectedIndex; });
     frontEnd.tap(250, SDL_SCANCODE_LEFT);
     frontEnd.at(340, [] { EXPECT_EQ(selectedIndex, 0); });
-    frontEnd.run(450);
+    frontEnd.tap(350, SDL_SCANCODE_G); // player 2's
+    frontEnd.at(440, [] { EXPECT_EQ(selectedIndex, afterDown); });
+    frontEnd.tap(450, SDL_SCANCODE_D);
+    frontEnd.at(540, [] { EXPECT_EQ(selectedIndex, 0); });
+    frontEnd.run(650);
     EXPECT_GE(afterDown, (2 * 480 - 30) / 25);
     EXPECT_LE(afterDown, (2 * 480 - 10) / 20);
 }

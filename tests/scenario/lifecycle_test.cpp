@@ -5,6 +5,10 @@
 #include <gtest/gtest.h>
 
 #include <csignal>
+#include <cstdlib>
+#include <set>
+#include <string>
+#include <vector>
 
 namespace {
 
@@ -12,6 +16,76 @@ std::string standardErrorOf(const std::function<void()>& action) {
     testing::internal::CaptureStderr();
     action();
     return testing::internal::GetCapturedStderr();
+}
+
+using Pixels = std::vector<std::uint32_t>;
+
+Pixels screenPixels() {
+    const DisplayPixels screen = displayPixels();
+    return {screen.pixels, screen.pixels + screen.stride * screen.height};
+}
+
+// The pictures that the display has saved, in order.
+std::vector<Pixels> savedPictures() {
+    std::set<std::string> names;
+    for (const auto& entry : std::filesystem::directory_iterator(".")) {
+        if (entry.path().extension() == ".bmp") {
+            names.insert(entry.path().filename());
+        }
+    }
+    std::vector<Pixels> pictures;
+    for (const std::string& name : names) {
+        SDL_Surface* file = SDL_LoadBMP(name.c_str());
+        SDL_Surface* picture = SDL_ConvertSurfaceFormat(file, SDL_PIXELFORMAT_RGB888, 0);
+        const auto* pixels = static_cast<const std::uint32_t*>(picture->pixels);
+        pictures.emplace_back(pixels, pixels + picture->w * picture->h);
+        SDL_FreeSurface(file);
+        SDL_FreeSurface(picture);
+    }
+    return pictures;
+}
+
+// Whether the picture shows the box with the text, which is shown for a moment to compare.
+bool showsMessage(const Pixels& picture, const char* text) {
+    const Pixels without = screenPixels();
+    showMessage(text);
+    const Pixels with = screenPixels();
+    hideMessage();
+    displayKeepAlive();
+    for (std::size_t pixel = 0; pixel < with.size(); ++pixel) {
+        if (with[pixel] != without[pixel] && with[pixel] != picture[pixel]) {
+            return false;
+        }
+    }
+    return with != without;
+}
+
+TEST(Lifecycle, TheFirstStartTellsWhatItDoesInOrder) {
+    FrontEnd frontEnd;
+    frontEnd.set("Settings", "Mame.exe",
+                 frontEnd.folder().write("emulator", "#!/bin/sh\necho '<mame><machine name=\"alpha\">"
+                                                     "<description>Alpha</description></machine></mame>'\n"));
+    frontEnd.folder().write("xml2info", "#!/bin/sh\nprintf 'game (\\nname alpha\\n)\\n'\n");
+    for (const char* program : {"emulator", "xml2info"}) {
+        std::filesystem::permissions(program, std::filesystem::perms::all);
+    }
+    setenv("SDL_VIDEO_DUMMY_SAVE_FRAMES", "1", 1);
+    frontEnd.at(90, [] {
+        unsetenv("SDL_VIDEO_DUMMY_SAVE_FRAMES");
+        std::vector<std::string> told;
+        for (const Pixels& picture : savedPictures()) {
+            for (const char* text : {"Loading Game Information...", "Regenerating game information (1/2)...",
+                                     "Regenerating game information (2/2)...", "Filtering And Sorting..."}) {
+                if (showsMessage(picture, text) && (told.empty() || told.back() != text)) {
+                    told.emplace_back(text);
+                }
+            }
+        }
+        EXPECT_EQ(told, (std::vector<std::string>{
+                            "Loading Game Information...", "Regenerating game information (1/2)...",
+                            "Regenerating game information (2/2)...", "Filtering And Sorting..."}));
+    });
+    EXPECT_EQ(frontEnd.run(150), 0);
 }
 
 TEST(Lifecycle, StartsOnTheSavedGameAndSavesTheSelection) {
