@@ -1,4 +1,5 @@
 #include "config/settings.h"
+#include "platform/drawing.h"
 #include "platform/window.h"
 #include "support/front_end.h"
 
@@ -169,6 +170,40 @@ TEST(Lifecycle, SurvivesUnusableSettingsFiles) {
     std::filesystem::create_directory("kestravox.ini");
     EXPECT_EQ(frontEnd.run(150), 0) << "a folder in the file's place";
     EXPECT_TRUE(std::filesystem::is_directory("kestravox.ini"));
+}
+
+TEST(Lifecycle, ShowsAFrameOfFourThirdsInTheMiddleOfAWideScreen) {
+    const struct {
+        int width;
+        int height;
+        int frame; // width
+        int offset;
+    } rows[] = {{1920, 1080, 1440, 240}, {1920, 1000, 1332, 294}, {1921, 1001, 1332, 294},
+                {1280, 1024, 1280, 0},   {640, 480, 640, 0},      {641, 480, 640, 0},
+                {643, 480, 640, 1}};
+    for (const auto& row : rows) {
+        FrontEnd frontEnd;
+        displaySetSize(row.width, row.height);
+        frontEnd.writeGames(5);
+        frontEnd.set("Settings", "Backgroundcolor", "0x00FF00");
+        frontEnd.at(90, [&] {
+            BITMAP frame{};
+            GetObjectA(backBitmap, sizeof(frame), &frame);
+            EXPECT_EQ(frame.bmWidth, row.frame);
+            EXPECT_EQ(frame.bmHeight, row.height);
+            int first = -1;
+            int count = 0;
+            for (int x = 0; x < row.width; ++x) {
+                const bool inFrame = FrontEnd::pixel(x, 1) == 0x00FF00;
+                first = inFrame && first < 0 ? x : first;
+                count += inFrame ? 1 : 0;
+                EXPECT_TRUE(inFrame || FrontEnd::pixel(x, 1) == 0) << "black beside the frame";
+            }
+            EXPECT_EQ(first, row.offset);
+            EXPECT_EQ(count, row.frame);
+        });
+        EXPECT_EQ(frontEnd.run(150), 0);
+    }
 }
 
 TEST(Lifecycle, DrawsOnScreensOfEverySize) {
