@@ -12,29 +12,21 @@
 
 namespace {
 
-struct PicturePlaces {
-    RECT upper;
-    RECT lower;
-};
-
-// At 0 the two pictures share the right half of the frame, and cover the ends of wide tiles.
-PicturePlaces picturePlaces(const RECT& area) {
-    if (settings.orientation != 0) {
-        return {turnedPictureArea(area, PictureHalf::Upper), turnedPictureArea(area, PictureHalf::Lower)};
-    }
-    const LONG middle = area.bottom / 2;
-    return {{area.right / 2, 0, area.right, middle}, {area.right / 2, middle, area.right, area.bottom}};
-}
-
 void drawBrowserView(HDC dc, HBITMAP bitmap, std::int32_t width, std::int32_t height) {
     const RECT area = areaBesideStatusBar(width, height);
     drawImageBrowser(dc, bitmap, &area);
-    PicturePlaces places = picturePlaces(area);
+    // The right half of the frame at every rotation. On a turned screen only a movie lies there; a picture
+    // has its scale from there and a place of its own. At 0 both cover the ends of wide tiles.
+    const LONG bottom = height - statusBarHeight;
+    const RECT upper{width / 2, 0, width, bottom / 2};
+    RECT lower{width / 2, bottom / 2, width, bottom};
     const GameRecord* game = visibleGames[selectedIndex];
-    drawPreviewPicture(dc, game, &places.upper, settings.cabinetDir, 0);
+    drawPreviewPicture(dc, game, &upper, settings.cabinetDir, 0,
+                       turnedPicturePlace(area, PictureHalf::Upper));
     closeAttractMovie();
-    if (!playAttractMovie(game, &places.lower)) {
-        drawPreviewPicture(dc, game, &places.lower, previewDirectory(), 1);
+    if (!playAttractMovie(game, &lower)) {
+        drawPreviewPicture(dc, game, &lower, previewDirectory(), 1,
+                           turnedPicturePlace(area, PictureHalf::Lower));
     }
     if (settings.orientation != 0) {
         // The last tile's ring may cross the bar of a turned screen.

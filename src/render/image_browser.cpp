@@ -5,6 +5,7 @@
 #include "platform/shapes.h"
 #include "render/pictures.h"
 #include "render/primitives.h"
+#include "render/turns.h"
 #include "state/shared_state.h"
 
 #include <algorithm>
@@ -15,20 +16,11 @@ namespace {
 constexpr LONG tilesInUprightFrame = 9;
 constexpr LONG tilesInLevelFrame = 5;
 
-constexpr LONG edgeMargin = 10; // between a picture of a quarter-turned screen and the edge of the frame
-
 // Pixels of the column's run that stay free.
-LONG tileReserve(const RECT& area, const BITMAP& frame, std::int32_t lineHeight) {
-    switch (settings.orientation) {
-    case 90:
-        return area.left;
-    case 180:
-        return area.top;
-    case -90:
-        return frame.bmWidth - area.right;
-    default:
-        return frame.bmHeight - area.bottom + lineHeight;
-    }
+LONG tileReserve(const RECT& area, const BITMAP& bitmap, std::int32_t lineHeight) {
+    const RECT frame{0, 0, bitmap.bmWidth, bitmap.bmHeight};
+    const LONG strip = sizeAsRead(frame).cy - rectAsRead(frame, area).bottom;
+    return settings.orientation == 0 ? strip + lineHeight : strip;
 }
 
 // Sets the size of the tiles and gives how many a page has. Neither is ever below 1, however small the frame.
@@ -60,25 +52,8 @@ RECT tileRect(const RECT& area, std::int32_t position) {
     const LONG height = settings.previewModeHeight;
     const LONG spacer = tileSpacer();
     const LONG along = position * (height + spacer);
-    RECT tile{};
-    switch (settings.orientation) {
-    case 90:
-        tile = {area.right - spacer - height - along, spacer, 0, 0};
-        break;
-    case -90:
-        tile = {spacer + along, area.bottom - spacer - width, 0, 0};
-        break;
-    case 180:
-        tile = {area.right - spacer - width, area.bottom - spacer - height - along, 0, 0};
-        break;
-    default:
-        tile = {spacer, spacer + along, 0, 0};
-        break;
-    }
-    const bool quarterTurn = isQuarterTurn(settings.orientation);
-    tile.right = tile.left + (quarterTurn ? height : width);
-    tile.bottom = tile.top + (quarterTurn ? width : height);
-    return tile;
+    return turnedRect({0, 0, area.right, area.bottom},
+                      {spacer, spacer + along, spacer + width, spacer + along + height});
 }
 
 // The rotation that the page was drawn for. Not everybody who turns the screen says so.
@@ -129,21 +104,9 @@ int drawImageBrowser(HDC dc, HBITMAP bitmap, const RECT* area) {
     return 1;
 }
 
-RECT turnedPictureArea(const RECT& area, PictureHalf which) {
-    const bool upper = which == PictureHalf::Upper;
-    const LONG middleX = (area.left + area.right) / 2;
-    const LONG middleY = (area.top + area.bottom) / 2;
-    const LONG across = isQuarterTurn(settings.orientation) ? area.bottom - area.top : area.right - area.left;
-    const LONG column = settings.previewModeWidth + 2 * tileSpacer(); // to the outer edge of the ring
-    const LONG free = std::max(across - column, across / 4);
-    switch (settings.orientation) {
-    case 90:
-        return {upper ? middleX : area.left, area.bottom - free, upper ? area.right : middleX,
-                area.bottom - edgeMargin};
-    case -90:
-        return {upper ? area.left : middleX, area.top + edgeMargin, upper ? middleX : area.right,
-                area.top + free};
-    default:
-        return {area.left, upper ? middleY : area.top, area.left + free, upper ? area.bottom : middleY};
-    }
+TurnedPlace turnedPicturePlace(const RECT& area, PictureHalf which) {
+    const SIZE size = sizeAsRead(area);
+    const LONG quarter = size.cy / 4;
+    return {
+        area, {size.cx, which == PictureHalf::Upper ? quarter : size.cy - quarter}, {0, 0, size.cx, size.cy}};
 }

@@ -4,6 +4,7 @@
 #pragma once
 
 #include "platform/types.h"
+#include "render/turns.h"
 
 // Draws the column over the whole area, the frame less the status bar, which is not changed. The bitmap is
 // the one selected in the device context. Always 1.
@@ -11,7 +12,7 @@ int drawImageBrowser(HDC dc, HBITMAP bitmap, const RECT* area);
 
 enum class PictureHalf { Upper, Lower };
 
-// The place of a picture beside the column of a turned screen, as drawn last: the upper or lower half, as the
-// player sees it, of what the tiles and the ring leave free. Never less than a quarter of the area across,
-// even where a wide spacer leaves nothing. Not for a screen at 0, whose pictures have places of their own.
-RECT turnedPictureArea(const RECT& area, PictureHalf which);
+// The place of a picture on a turned screen: at the edge of the area that is opposite to the column, in the
+// upper or lower half as the player reads it. It covers tiles only where it is larger than what they leave
+// free. Not for a screen at 0, whose pictures have places of their own.
+TurnedPlace turnedPicturePlace(const RECT& area, PictureHalf which);

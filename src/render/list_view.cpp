@@ -6,6 +6,7 @@
 #include "render/pictures.h"
 #include "render/primitives.h"
 #include "render/status_bar.h"
+#include "render/turns.h"
 #include "state/shared_state.h"
 
 #include <algorithm>
@@ -20,25 +21,41 @@ std::int32_t linesOnPage(HDC dc, const RECT& area) {
     return std::max(linesThatFit(dc, area.right - area.left, area.bottom - area.top, 0) / 2, 1);
 }
 
-// The place of a line of the page, from the middle of the frame to its edge along the text. The lines fill
-// the lower left quarter in reading order; turned by 90 degrees they start at the middle and run towards the
-// status bar on the left, and start a little further out when a full page would touch it.
+// The lines of a full page, as read in the area. They fill the lower left quarter of the frame, which is
+// another one as read at each rotation. Where that one is the lower half, they start in its middle like at 0,
+// or so much earlier that the last line is clear of the status bar. Where it is the upper half, half of the
+// pixels that no line needs stay free at the edge of the screen.
+RECT pageAsRead(const RECT& area, std::int32_t lineHeight, std::int32_t page) {
+    const SIZE size = sizeAsRead(area);
+    const RECT quarter = rectAsRead(area, {area.left, area.bottom / 2, area.right / 2, area.bottom});
+    const LONG half = size.cy / 2;
+    const LONG height = page * lineHeight;
+    const LONG top = quarter.bottom == size.cy ? std::min(std::max(size.cy - height, half), quarter.top)
+                                               : std::max(half - height, 0) / 2;
+    return {quarter.left, top, quarter.right, top + height};
+}
+
+// The place of a line on the frame, half of the frame long.
 RECT lineRect(const RECT& area, std::int32_t lineHeight, std::int32_t page, std::int32_t line) {
-    const LONG start = lineHeight * line;
-    const LONG middleX = area.right / 2;
-    const LONG middleY = area.bottom / 2;
-    switch (settings.orientation) {
-    case 90: {
-        const LONG first = std::max(middleX, statusBarHeight + page * lineHeight);
-        return {first - start - lineHeight, middleY, first - start, area.bottom};
+    const RECT read = pageAsRead(area, lineHeight, page);
+    const LONG top = read.top + line * lineHeight;
+    return turnedRect(area, {read.left, top, read.right, top + lineHeight});
+}
+
+// The place of the picture: in the middle of its quarter of the frame, beside the status bar. At a quarter
+// turn it lies above or below the page as read, and gives way to the lines.
+TurnedPlace picturePlace(const RECT& area, const RECT& quarter, const RECT& page) {
+    const SIZE size = sizeAsRead(area);
+    const RECT wanted = rectAsRead(area, quarter);
+    RECT bounds{0, 0, size.cx, size.cy};
+    if (isQuarterTurn(settings.orientation)) {
+        if (wanted.top < page.top) {
+            bounds.bottom = page.top;
+        } else {
+            bounds.top = page.bottom;
+        }
     }
-    case 180:
-        return {0, area.bottom - start - lineHeight, middleX, area.bottom - start};
-    case -90:
-        return {start, middleY, start + lineHeight, area.bottom};
-    default:
-        return {area.left, middleY + start, middleX, middleY + start + lineHeight};
-    }
+    return {area, {(wanted.left + wanted.right) / 2, (wanted.top + wanted.bottom) / 2}, bounds};
 }
 
 // Whole pages, so that a jump lands on the same grid as stepping.
@@ -51,33 +68,16 @@ void bringSelectionToPage(std::int32_t page) {
     }
 }
 
-// How far in from the start of its line a title begins. Where reading runs towards the near edge of the
-// screen, a title that is too long for the line begins further out, so that its end is not cut off; but never
-// off the screen: a list is read by its beginnings.
-LONG titleStart(HDC dc, const RECT& line, const char* title) {
-    const bool endsAtEdge = settings.orientation == 90 || settings.orientation == 180;
-    const LONG length = isQuarterTurn(settings.orientation) ? line.bottom - line.top : line.right - line.left;
-    if (!endsAtEdge) {
-        return textMargin;
-    }
-    const LONG furthest = textMargin - (isQuarterTurn(settings.orientation) ? line.top : line.right);
-    return std::max(std::min(textMargin, length - textMargin - textWidth(dc, title)), furthest);
-}
-
 void selectListFont(HDC dc, int emphasis) {
     selectFont(dc, settings.fontFace, settings.fontSize, settings.orientation, emphasis);
     SetTextColor(dc, settings.fontColor);
 }
 
-// The quarter of the picture ends at the right edge of the frame, where the bar stands at -90.
-void moveOffStatusBar(RECT& area) {
-    area.left -= statusBarHeight;
-    area.right -= statusBarHeight;
-}
-
-// The marquee crosses the bar of a turned screen. The font of the titles is selected again.
-void restoreStatusBar(HDC dc, LONG width, LONG height) {
+// On a turned screen the marquee crosses the status bar, and a picture may reach into the page beside a high
+// bar. Afterwards both are clear, and the font of the titles is selected again.
+void clearBarAndPage(HDC dc, LONG width, LONG height, const RECT& page) {
     drawStatusBar(dc, selectedIndex, width, height);
+    fillRect(dc, page, settings.backgroundColor);
     selectListFont(dc, 0);
     SetBkMode(dc, TRANSPARENT);
 }
@@ -99,8 +99,7 @@ int drawListLines(HDC dc, std::int32_t selected, const RECT* area, std::int32_t 
             selectListFont(dc, 1);
         }
         const RECT place = lineRect(*area, lineHeight, page, line);
-        const char* title = visibleGames[index]->description;
-        drawText(dc, textOrigin(place, titleStart(dc, place, title), 0), title);
+        drawText(dc, textOrigin(place, textMargin, 0), visibleGames[index]->description);
         if (isSelected) {
             selectListFont(dc, 0);
         }
@@ -122,15 +121,15 @@ int drawListView(HDC dc, RECT* area) {
     area->top = area->bottom / 2;
     const GameRecord* game = visibleGames[selectedIndex];
     drawMarqueeBanner(dc, game, area);
-    if (settings.orientation == -90) {
-        moveOffStatusBar(*area);
-    }
+    const RECT pageRect = pageAsRead(lines, lineHeight, page);
+    const TurnedPlace place = picturePlace(lines, *area, pageRect);
     closeAttractMovie();
     if (!playAttractMovie(game, area)) {
-        drawPreviewPicture(dc, game, area, previewDirectory(), 0);
+        drawPreviewPicture(dc, game, area, previewDirectory(), 0, place);
     }
     if (settings.orientation != 0) {
-        restoreStatusBar(dc, width, height);
+        clearBarAndPage(dc, width, height, turnedRect(lines, pageRect));
+        drawHighlightBar(dc, selectedIndex, &lines, lineHeight);
     }
     drawListLines(dc, selectedIndex, &lines, lineHeight, page);
     return 1;

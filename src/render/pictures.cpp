@@ -106,7 +106,7 @@ int drawMarquee(HDC dc, const GameRecord& game, const RECT& place) {
     return 1;
 }
 
-void drawFitted(HDC dc, const Picture& picture, const RECT& area) {
+void drawFitted(HDC dc, const Picture& picture, const RECT& area, const TurnedPlace& place) {
     const auto* header = static_cast<const BITMAPINFOHEADER*>(picture.params.dib);
     const double pictureWidth = header->biWidth;
     const double pictureHeight = header->biHeight;
@@ -118,12 +118,15 @@ void drawFitted(HDC dc, const Picture& picture, const RECT& area) {
     }
     const double width = pictureWidth * fitScale;
     const double height = pictureHeight * fitScale;
-    // At 0 the margin shifts a picture to the right of the middle, on a turned screen it only holds it clear.
-    const LONG shift = settings.orientation == 0 ? previewMargin : 0;
-    const double x = area.left + shift + ((area.right - area.left) - width) * 0.5;
+    const SIZE size{static_cast<int>(width), static_cast<int>(height)};
+    if (settings.orientation != 0) {
+        const RECT turned = placeTurned(place, size);
+        stretchPicture(dc, picture, turned.left, turned.top, size.cx, size.cy);
+        return;
+    }
+    const double x = area.left + previewMargin + ((area.right - area.left) - width) * 0.5;
     const double y = area.top + (availableHeight - height) * 0.5;
-    stretchPicture(dc, picture, static_cast<int>(x), static_cast<int>(y), static_cast<int>(width),
-                   static_cast<int>(height));
+    stretchPicture(dc, picture, static_cast<int>(x), static_cast<int>(y), size.cx, size.cy);
 }
 
 } // namespace
@@ -136,8 +139,8 @@ int drawMarqueeTile(HDC dc, const GameRecord* game, const RECT* tile) {
     return drawMarquee(dc, *game, *tile);
 }
 
-int drawPreviewPicture(HDC dc, const GameRecord* game, const RECT* area, const char* directory,
-                       int fallback) {
+int drawPreviewPicture(HDC dc, const GameRecord* game, const RECT* area, const char* directory, int fallback,
+                       const TurnedPlace& place) {
     const std::string path = findPreview(*game, directory, fallback);
     if (path.empty()) {
         return 1;
@@ -146,7 +149,7 @@ int drawPreviewPicture(HDC dc, const GameRecord* game, const RECT* area, const c
     if (!loadPicture(picture, path)) {
         return 0;
     }
-    drawFitted(dc, picture, *area);
+    drawFitted(dc, picture, *area, place);
     releasePicture(picture);
     return 1;
 }

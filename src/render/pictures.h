@@ -5,6 +5,7 @@
 #pragma once
 
 #include "platform/types.h"
+#include "render/turns.h"
 #include "state/game_record.h"
 
 // Across the top of the frame down to 20 pixels above the middle of the area.
@@ -14,8 +15,9 @@ int drawMarqueeBanner(HDC dc, const GameRecord* game, const RECT* area);
 int drawMarqueeTile(HDC dc, const GameRecord* game, const RECT* tile);
 
 // As large as fits the area less 10 pixels of its width, from the directory; with a fallback of 1 from any
-// other that has a file.
-int drawPreviewPicture(HDC dc, const GameRecord* game, const RECT* area, const char* directory, int fallback);
+// other that has a file. At 0 it lies in the area, on a turned screen at the place.
+int drawPreviewPicture(HDC dc, const GameRecord* game, const RECT* area, const char* directory, int fallback,
+                       const TurnedPlace& place);
 
 // The directory of the art that the setting previewPictures names.
 const char* previewDirectory();

@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <cstdio>
 #include <cstring>
+#include <utility>
 
 namespace {
 
@@ -28,10 +29,36 @@ std::int32_t measuredSide(std::int32_t width, std::int32_t height) {
     return isQuarterTurn(settings.orientation) ? width : height;
 }
 
+// Turns a point to a rotation; the surface has the given size once it is turned.
+void turnPoint(std::int32_t rotation, std::int32_t& x, std::int32_t& y, std::int32_t width,
+               std::int32_t height) {
+    const std::int32_t oldX = x;
+    switch (rotation) {
+    case 90:
+        x = width - y;
+        y = oldX;
+        break;
+    case -90:
+        x = y;
+        y = height - oldX;
+        break;
+    case 180:
+        x = width - x;
+        y = height - y;
+        break;
+    default:
+        break;
+    }
+}
+
 } // namespace
 
 bool isQuarterTurn(std::int32_t rotation) {
     return rotation == 90 || rotation == -90;
+}
+
+std::int32_t oppositeRotation(std::int32_t rotation) {
+    return isQuarterTurn(rotation) ? -rotation : rotation;
 }
 
 int selectFont(HDC dc, const char* faceName, std::int32_t points, std::int32_t rotation, int emphasis) {
@@ -84,36 +111,19 @@ std::int32_t tileSpacer() {
 }
 
 void rotatePoint(std::int32_t& x, std::int32_t& y, std::int32_t width, std::int32_t height) {
-    const std::int32_t oldX = x;
-    switch (settings.orientation) {
-    case 90:
-        x = width - y;
-        y = oldX;
-        break;
-    case -90:
-        x = y;
-        y = height - oldX;
-        break;
-    case 180:
-        x = width - x;
-        y = height - y;
-        break;
-    default:
-        break;
+    turnPoint(settings.orientation, x, y, width, height);
+}
+
+void rotatePointBack(std::int32_t& x, std::int32_t& y, std::int32_t width, std::int32_t height) {
+    if (isQuarterTurn(settings.orientation)) {
+        std::swap(width, height);
     }
+    turnPoint(oppositeRotation(settings.orientation), x, y, width, height);
 }
 
 POINT textOrigin(const RECT& rect, std::int32_t along, std::int32_t across) {
-    switch (settings.orientation) {
-    case 90:
-        return {rect.right - across, rect.top + along};
-    case 180:
-        return {rect.right - along, rect.bottom - across};
-    case -90:
-        return {rect.left + across, rect.bottom - along};
-    default:
-        return {rect.left + along, rect.top + across};
-    }
+    rotatePoint(along, across, rect.right - rect.left, rect.bottom - rect.top);
+    return {rect.left + along, rect.top + across};
 }
 
 void fillRect(HDC dc, const RECT& rect, COLORREF color) {

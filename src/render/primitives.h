@@ -34,8 +34,14 @@ std::int32_t tileSpacer();
 // at 0. The corners of a rectangle come out in reversed order.
 void rotatePoint(std::int32_t& x, std::int32_t& y, std::int32_t width, std::int32_t height);
 
+// Undoes rotatePoint on the same surface.
+void rotatePointBack(std::int32_t& x, std::int32_t& y, std::int32_t width, std::int32_t height);
+
 // True at 90 and -90.
 bool isQuarterTurn(std::int32_t rotation);
+
+// The rotation that turns back.
+std::int32_t oppositeRotation(std::int32_t rotation);
 
 // The point of a rectangle at which text of the rotation in force begins: `along` pixels in from the edge at
 // which reading starts, and `across` pixels in from the edge that is the top of the line.

@@ -3,6 +3,7 @@
 #include "config/settings.h"
 #include "platform/drawing.h"
 #include "render/primitives.h"
+#include "render/turns.h"
 #include "state/shared_state.h"
 
 #include <array>
@@ -55,52 +56,12 @@ BarText gameText(const GameRecord& game) {
     return text;
 }
 
-RECT barRect(std::int32_t width, std::int32_t height) {
-    switch (settings.orientation) {
-    case 90:
-        return {0, 0, statusBarHeight, height};
-    case 180:
-        return {0, 0, width, statusBarHeight};
-    case -90:
-        return {width - statusBarHeight, 0, width, height};
-    default:
-        return {0, height - statusBarHeight, width, height};
-    }
-}
-
-// What lies behind a point of the bar, so that no end of a long text of the game looks out behind the
-// position.
-RECT endOfBar(RECT bar, std::int32_t start) {
-    switch (settings.orientation) {
-    case 90:
-        bar.top += start;
-        break;
-    case 180:
-        bar.right -= start;
-        break;
-    case -90:
-        bar.bottom -= start;
-        break;
-    default:
-        bar.left += start;
-        break;
-    }
-    return bar;
-}
-
 } // namespace
 
 RECT areaBesideStatusBar(std::int32_t width, std::int32_t height) {
-    switch (settings.orientation) {
-    case 90:
-        return {statusBarHeight, 0, width, height};
-    case 180:
-        return {0, statusBarHeight, width, height};
-    case -90:
-        return {0, 0, width - statusBarHeight, height};
-    default:
-        return {0, 0, width, height - statusBarHeight};
-    }
+    const RECT frame{0, 0, width, height};
+    const SIZE read = sizeAsRead(frame);
+    return turnedRect(frame, {0, 0, read.cx, read.cy - statusBarHeight});
 }
 
 int drawStatusBar(HDC dc, std::int32_t index, std::int32_t width, std::int32_t height) {
@@ -114,12 +75,14 @@ int drawStatusBar(HDC dc, std::int32_t index, std::int32_t width, std::int32_t h
     SetBkMode(dc, OPAQUE);
     statusBarHeight = textHeight(dc);
     const BarText position = positionText(index);
-    const RECT bar = barRect(width, height);
-    const std::int32_t length = isQuarterTurn(settings.orientation) ? height : width;
+    const RECT frame{0, 0, width, height};
+    const SIZE read = sizeAsRead(frame);
+    const RECT bar = turnedRect(frame, {0, read.cy - statusBarHeight, read.cx, read.cy});
     fillRect(dc, bar, settings.statusBarBackColor);
     drawText(dc, textOrigin(bar, textMargin, 0), gameText(*visibleGames[index]).data());
-    const std::int32_t start = length - textWidth(dc, position.data()) - textMargin;
-    fillRect(dc, endOfBar(bar, start), settings.statusBarBackColor);
+    const std::int32_t start = read.cx - textWidth(dc, position.data()) - textMargin;
+    // A long text of the game must not show behind the position.
+    fillRect(dc, turnedRect(bar, {start, 0, read.cx, statusBarHeight}), settings.statusBarBackColor);
     drawText(dc, textOrigin(bar, start, 0), position.data());
     return 1;
 }

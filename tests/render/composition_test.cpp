@@ -1,7 +1,9 @@
 #include "render/composition.h"
 
+#include "render/attract_movie.h"
 #include "render/primitives.h"
 #include "support/frame_test.h"
+#include "support/movie_files.h"
 #include "support/png_files.h"
 
 #include <array>
@@ -36,29 +38,148 @@ TEST_F(CompositionTest, PutsTheStatusBarAtTheFootOfTheTurnedScreen) {
     EXPECT_EQ(extentOf(statusColor).right, 0);
 }
 
-TEST_F(CompositionTest, KeepsAllTitlesAndTheBarInTheLowerLeftQuarter) {
-    settings.statusBarForeColor = statusColor;
+// The lines of a full page, and the places of pictures, in frame coordinates.
+struct ListLayout {
+    std::int32_t lineHeight;
+    std::int32_t page;
+    RECT firstLine;
+    POINT step; // from line to line
+    LONG edge;  // where the page ends towards the picture, at a quarter turn
+};
+
+class ListViewTest : public FrameTest {
+protected:
+    void SetUp() override {
+        FrameTest::SetUp();
+        settings.statusBarForeColor = statusColor;
+    }
+
+    // Lines beside the middle of the frame at 0 and 90, beside the edge of the screen at 180 and -90.
+    ListLayout layout() const {
+        const std::int32_t h = statusBarHeight;
+        selectFont(dc, settings.fontFace, settings.fontSize, settings.orientation, 0);
+        const std::int32_t line = textHeight(dc);
+        const LONG side = (isQuarterTurn(settings.orientation) ? width : height) - h;
+        const std::int32_t page = std::max(side / line / 2, 1);
+        const LONG margin = std::max<LONG>(side / 2 - page * line, 0) / 2;
+        const LONG start = std::max<LONG>(width / 2, h + page * line); // at 90
+        switch (settings.orientation) {
+        case 90:
+            return {line, page, {start - line, height / 2, start, height}, {-line, 0}, start};
+        case 180:
+            return {line, page, {0, height - margin - line, width / 2, height - margin}, {0, -line}, 0};
+        case -90:
+            return {line, page, {margin, height / 2, margin + line, height}, {line, 0}, margin + page * line};
+        default:
+            return {line, page, {0, side / 2, width / 2, side / 2 + line}, {0, line}, 0};
+        }
+    }
+};
+
+TEST_F(ListViewTest, KeepsAllTitlesAndTheBarInTheLowerLeftQuarter) {
     title = "Game";
-    setGames(25);
+    setGames(250);
+    settings.fontColor = 0x00FFFF;
     for (const auto& size : {std::array{640, 480}, std::array{1280, 1024}, std::array{333, 777}}) {
         resizeFrame(size[0], size[1]);
-        for (const std::int32_t statusSize : {8, 12, 36}) {
-            settings.statusBarFontSize = statusSize;
+        for (const auto& points : {std::array{8, 8}, std::array{18, 12}, std::array{18, 36}}) {
+            settings.fontSize = points[0];
+            settings.statusBarFontSize = points[1];
             for (const std::int32_t rotation : {0, 90, 180, -90}) {
                 settings.orientation = rotation;
                 topIndex = 0;
-                for (selectedIndex = 0; selectedIndex < 4; ++selectedIndex) {
+                selectedIndex = 0;
+                draw();
+                const ListLayout list = layout();
+                ASSERT_GT(list.page, 2);
+                for (const std::int32_t line : {0, 1, list.page - 1}) {
+                    topIndex = 0;
+                    selectedIndex = line;
                     draw();
-                    // The middle may be passed by what a full page needs beside a status bar on the left.
-                    const LONG slack = rotation == 90 ? statusBarHeight / 2 + 1 : 0;
-                    const RECT quarter{rotation == 90 ? statusBarHeight : 0,
-                                       (rotation == 0 ? height - statusBarHeight : height) / 2,
-                                       width / 2 + slack, rotation == 0 ? height - statusBarHeight : height};
-                    const RECT bar = extentOf(barColor);
-                    EXPECT_TRUE(contains(quarter, bar)) << rotation << ": " << bar << " in " << quarter;
-                    const RECT ink = extentOf(0xFFFFFF);
-                    EXPECT_TRUE(contains(quarter, ink)) << rotation << ": " << ink << " in " << quarter;
+                    ASSERT_EQ(topIndex, 0);
+                    const RECT& first = list.firstLine;
+                    const RECT place{first.left + line * list.step.x, first.top + line * list.step.y,
+                                     first.right + line * list.step.x, first.bottom + line * list.step.y};
+                    EXPECT_EQ(extentOf(barColor), place) << rotation << ": line " << line;
                 }
+                const RECT status = extentOf(statusColor);
+                EXPECT_EQ((status.right - status.left) * (status.bottom - status.top),
+                          statusBarHeight * (isQuarterTurn(rotation) ? height : width));
+                const RECT ink = extentOf(settings.fontColor);
+                EXPECT_TRUE(contains({0, 0, width, height}, ink) && ink.right > 0);
+            }
+        }
+    }
+}
+
+TEST_F(ListViewTest, TitlesBeginInOneColumnHoweverLongTheyAre) {
+    for (const std::int32_t rotation : {0, 90, 180, -90}) {
+        settings.orientation = rotation;
+        LONG beginnings[2];
+        for (const bool isLong : {false, true}) {
+            title = isLong ? "H" + std::string(40, 'H') : "H";
+            setGames(25);
+            selectedIndex = 24;
+            topIndex = 0;
+            settings.highlightBackColor = paper;
+            draw();
+            const RECT ink = extentOf(0xFFFFFF);
+            beginnings[isLong] = rotation == 0     ? ink.left
+                                 : rotation == 90  ? ink.top - height / 2
+                                 : rotation == 180 ? width / 2 - ink.right
+                                                   : height - ink.bottom;
+            const RECT& line = layout().firstLine;
+            const bool runsOn = rotation == 0     ? ink.right > line.right + 100
+                                : rotation == 90  ? ink.bottom == height
+                                : rotation == 180 ? ink.left == 0
+                                                  : ink.top < line.top - 100;
+            EXPECT_EQ(runsOn, isLong) << rotation << ": " << ink;
+        }
+        EXPECT_EQ(beginnings[0], beginnings[1]) << rotation;
+        EXPECT_GE(beginnings[0], 6) << rotation;
+        EXPECT_LE(beginnings[0], 9) << rotation;
+    }
+}
+
+TEST_F(ListViewTest, APictureGivesWayToTheLinesAndTheStatusBar) {
+    std::free(settings.flyerDir);
+    settings.flyerDir = strdup(".");
+    settings.previewPictures = previewFlyers;
+    settings.highlightBackColor = paper;
+    settings.fontColor = paper;
+    PngForm form{PNG_COLOR_TYPE_PALETTE, 8};
+    form.width = 128;
+    form.height = 256;
+    form.evenColor = 99;
+    folder.write("g0.png", pngBytes(form));
+    for (const std::int32_t listPoints : {8, 9, 10, 11, 12, 18}) {
+        settings.fontSize = listPoints;
+        for (const std::int32_t statusPoints : {8, 13, 36}) {
+            settings.statusBarFontSize = statusPoints;
+            for (const std::int32_t rotation : {90, 180, -90}) {
+                settings.orientation = rotation;
+                draw();
+                const RECT seen = extentOf(0x636363);
+                const LONG edge = layout().edge;
+                const LONG h = statusBarHeight;
+                const LONG top = (height - h) / 2;
+                const LONG high = height - h - top; // as at 0
+                if (rotation == 180) {
+                    EXPECT_EQ(seen.right - seen.left, high / 2);
+                    EXPECT_EQ(seen.bottom - seen.top, high);
+                    EXPECT_NEAR(seen.left + seen.right, 2 * 480, 1);
+                    EXPECT_EQ(seen.top, top);
+                    continue;
+                }
+                const bool right = rotation == -90; // the side of the bar
+                const LONG left = right ? std::max<LONG>(edge, std::min<LONG>(325, width - h - 310))
+                                        : std::min<LONG>(std::max<LONG>(325, edge), 330);
+                EXPECT_EQ(seen.left, right ? left : std::max(left, edge)) << rotation << ": " << h;
+                EXPECT_EQ(seen.right, std::min(left + 310, right ? width - h : width)) << rotation;
+                EXPECT_EQ(seen.bottom - seen.top, 155);
+                EXPECT_NEAR(seen.top + seen.bottom, 2 * top + high, 2) << rotation;
+                EXPECT_TRUE(h > 20 || seen.right - seen.left == 310)
+                    << "there is room for lines, picture and bar";
             }
         }
     }
@@ -80,31 +201,6 @@ TEST_F(CompositionTest, PutsTheBarBehindTheSelectedLine) {
         ink += pixelAt(x, top + line / 2) != pixelOf(barColor) ? 1 : 0;
     }
     EXPECT_GT(ink, 20) << "the title stands on the bar";
-}
-
-TEST_F(CompositionTest, ShowsTheEndOfALongTitleAtEveryRotation) {
-    settings.statusBarForeColor = statusColor;
-    title = "A title that is longer than half of it";
-    setGames(1);
-    for (const std::int32_t rotation : {0, 90, 180, -90}) {
-        settings.orientation = rotation;
-        draw();
-        const RECT ink = extentOf(0xFFFFFF);
-        selectFont(dc, settings.fontFace, settings.fontSize, rotation, 1);
-        const LONG length = isQuarterTurn(rotation) ? ink.bottom - ink.top : ink.right - ink.left;
-        EXPECT_GT(length, textWidth(dc, title.c_str()) - 12) << rotation << ": " << ink;
-    }
-}
-
-TEST_F(CompositionTest, ShowsTheBeginningOfATitleLongerThanTheScreen) {
-    settings.statusBarForeColor = statusColor;
-    title = "M" + std::string(300, ' ') + "M";
-    setGames(1);
-    for (const std::int32_t rotation : {90, 180}) {
-        settings.orientation = rotation;
-        draw();
-        EXPECT_GT(extentOf(0xFFFFFF).right, 0) << rotation;
-    }
 }
 
 TEST_F(CompositionTest, ScrollsByWholePages) {
@@ -162,6 +258,29 @@ TEST_F(CompositionTest, KeepsTheBannerInItsPlaceAndTheBarAboveIt) {
                   h * (isQuarterTurn(rotation) ? height : width));
         EXPECT_NE(textHeight(dc), h) << "the page keys measure the font of the titles";
     }
+}
+
+TEST_F(CompositionTest, AMovieLiesInTheLowerRightQuarterAtEveryRotation) {
+    mainWindow = openFrame();
+    std::free(settings.attractDir);
+    settings.attractDir = strdup(".");
+    AviWriter writer({800, 600, 10, 0}); // of the shape that a movie of unknown size is taken for
+    writer.addPicture(std::vector<std::uint32_t>(800 * 600, 0xFFFFFF));
+    folder.write("g0.avi", writer.content());
+    for (const std::int32_t menuType : {menuTypeListView, menuTypeImageBrowser}) {
+        settings.menuType = menuType;
+        for (const std::int32_t rotation : {0, 90, 180, -90}) {
+            settings.orientation = rotation;
+            draw();
+            RECT window{};
+            ASSERT_TRUE(GetWindowRect(movieWindow, &window));
+            const LONG bottom = height - statusBarHeight;
+            EXPECT_EQ(window.top, bottom / 2) << rotation;
+            EXPECT_NEAR(window.bottom, bottom, 1) << rotation;
+            EXPECT_NEAR(window.left + window.right, 320 + 640, 2) << rotation;
+        }
+    }
+    closeAttractMovie();
 }
 
 TEST_F(CompositionTest, AnEmptyViewIsTheBareBackground) {

@@ -173,36 +173,55 @@ TEST_F(ImageBrowserTest, PutsThePicturesBesideTheTiles) {
     settings.flyerDir = strdup("flyers");
     std::filesystem::create_directory("cabinets");
     std::filesystem::create_directory("flyers");
-    addArt("cabinets/g0", 5, 200, 300);
-    addArt("flyers/g0", 7, 400, 300);
-    for (const std::int32_t rotation : rotations) {
-        settings.orientation = rotation;
-        browserDirty = 1;
-        draw();
-        const RECT cabinet = extentOf(gray(5));
-        const RECT flyer = extentOf(gray(7));
-        const RECT bar = extentOf(statusColor);
-        const RECT ring = extentOf(ringColor);
-        const bool turned = isQuarterTurn(rotation);
-        const double cabinetShape =
-            static_cast<double>(cabinet.right - cabinet.left) / (cabinet.bottom - cabinet.top);
-        EXPECT_NEAR(turned ? 1 / cabinetShape : cabinetShape, 2.0 / 3, 0.02) << rotation;
-        const double flyerShape = static_cast<double>(flyer.right - flyer.left) / (flyer.bottom - flyer.top);
-        EXPECT_NEAR(turned ? 1 / flyerShape : flyerShape, 4.0 / 3, 0.02) << rotation;
-        // The bar is whole, so nothing has been drawn over it.
-        const LONG barArea = (bar.right - bar.left) * (bar.bottom - bar.top);
-        EXPECT_EQ(barArea, statusBarHeight * (turned ? height : width)) << rotation;
-        // As the player sees it: ring, then pictures from left to right; cabinet above flyer above bar.
-        const bool inOrder =
-            rotation == 0 ? ring.left < cabinet.left && cabinet.bottom <= flyer.top && flyer.bottom <= bar.top
-            : rotation == 90 ? ring.bottom <= cabinet.top && ring.bottom <= flyer.top &&
-                                   flyer.right <= cabinet.left && bar.right <= flyer.left
-            : rotation == 180 ? cabinet.right <= ring.left && flyer.right <= ring.left &&
-                                    flyer.bottom <= cabinet.top && bar.bottom <= flyer.top
-                              : cabinet.bottom <= ring.top && flyer.bottom <= ring.top &&
-                                    cabinet.right <= flyer.left && flyer.right <= bar.left;
-        EXPECT_TRUE(inOrder) << rotation << ": ring " << ring << ", cabinet " << cabinet << ", flyer "
-                             << flyer;
+    addArt("cabinets/g0", 5, 128, 256);
+    // At a quarter turn a low status bar leaves room for two pictures of the full width, a high one does not.
+    for (const auto& [statusPoints, wideFlyer] :
+         {std::pair(10, false), std::pair(10, true), std::pair(36, false), std::pair(36, true)}) {
+        settings.statusBarFontSize = statusPoints;
+        addArt("flyers/g0", 7, wideFlyer ? 256 : 128, wideFlyer ? 128 : 256);
+        for (const std::int32_t rotation : rotations) {
+            settings.orientation = rotation;
+            browserDirty = 1;
+            draw();
+            const RECT cabinet = extentOf(gray(5));
+            const RECT flyer = extentOf(gray(7));
+            SCOPED_TRACE(::testing::Message() << rotation << ": " << cabinet << " and " << flyer);
+            const LONG h = statusBarHeight;
+            const LONG high = (height - h) / 2;       // the upper area of an upright screen
+            const LONG highFlyer = height - h - high; // the lower one
+            const bool turned = isQuarterTurn(rotation);
+            const SIZE flyerSize = turned == wideFlyer ? SIZE{highFlyer / 2, highFlyer} : SIZE{310, 155};
+            const SIZE cabinetSize = turned ? SIZE{310, 155} : SIZE{high / 2, high};
+            const LONG cut = rotation == 0 && wideFlyer ? 5 : 0; // beyond the frame
+            EXPECT_EQ(flyer.right - flyer.left, flyerSize.cx - cut);
+            EXPECT_EQ(flyer.bottom - flyer.top, flyerSize.cy);
+            const RECT bar = extentOf(statusColor);
+            EXPECT_EQ((bar.right - bar.left) * (bar.bottom - bar.top), h * (turned ? height : width))
+                << "nothing covers the bar";
+            // As the player reads: the cabinet is above the flyer, both lie at the edge opposite to the
+            // tiles.
+            const LONG flyerMiddle = rotation == 0     ? (flyer.top + flyer.bottom) / 2
+                                     : rotation == 180 ? height - (flyer.top + flyer.bottom) / 2
+                                     : rotation == 90  ? width - (flyer.left + flyer.right) / 2
+                                                       : (flyer.left + flyer.right) / 2;
+            const LONG read = (turned ? width : height) - h;
+            const LONG half = (turned ? flyerSize.cx : flyerSize.cy) / 2;
+            EXPECT_NEAR(flyerMiddle, std::min(read - read / 4, read - half), 1);
+            if (h > 20 && turned && !wideFlyer) {
+                continue; // the flyer covers the end of the cabinet
+            }
+            EXPECT_EQ(cabinet.right - cabinet.left, cabinetSize.cx);
+            EXPECT_EQ(cabinet.bottom - cabinet.top, cabinetSize.cy);
+            const bool inPlace =
+                rotation == 0    ? cabinet.top == 0 && cabinet.left == 330 + (320 - cabinetSize.cx) / 2
+                : rotation == 90 ? cabinet.bottom == height && flyer.bottom == height &&
+                                       flyer.right <= cabinet.left && cabinet.right >= width - 2
+                : rotation == 180
+                    ? cabinet.left == 0 && flyer.left == 0 && flyer.bottom <= cabinet.top &&
+                          cabinet.bottom >= height - 1
+                    : cabinet.top == 0 && flyer.top == 0 && cabinet.right <= flyer.left && cabinet.left <= 2;
+            EXPECT_TRUE(inPlace);
+        }
     }
 }
 

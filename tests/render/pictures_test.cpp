@@ -103,7 +103,7 @@ TEST_F(PicturesTest, SearchOrder) {
         }
         for (std::size_t i = 0; i <= files.size(); ++i) {
             clear();
-            EXPECT_EQ(preview ? drawPreviewPicture(dc, &game, &place, settings.titleDir, fallback)
+            EXPECT_EQ(preview ? drawPreviewPicture(dc, &game, &place, settings.titleDir, fallback, {})
                               : drawMarqueeTile(dc, &game, &place),
                       1);
             const bool found = i < files.size() && (!preview || fallback == 1 || i < 2);
@@ -134,7 +134,7 @@ TEST_F(PicturesTest, WhatCannotBeShownLeavesItsPlace) {
         clear();
         EXPECT_EQ(drawMarqueeBanner(dc, &game, &place), 0);
         EXPECT_EQ(drawMarqueeTile(dc, &game, &place), 0);
-        EXPECT_EQ(drawPreviewPicture(dc, &game, &place, settings.titleDir, 0), 0);
+        EXPECT_EQ(drawPreviewPicture(dc, &game, &place, settings.titleDir, 0, {}), 0);
         expectRect(drawn(), {400, 300, 0, 0});
     }
     EXPECT_EQ(liveObjectCount(), objects);
@@ -210,15 +210,17 @@ TEST_F(PicturesTest, PreviewKeepsItsProportions) {
         {0, {80, 40}, {215, 177, 400, 272}},   // by its width, cut off by the frame's edge
         {0, {40, 80}, {272, 150, 347, 300}},   // by its height
         {0, {190, 150}, {215, 150, 400, 300}}, // by both
-        {90, {80, 40}, {262, 150, 337, 300}},  // turned, in the middle
+        {90, {80, 40}, {262, 150, 337, 300}},  // turned, centred on a point
         {-90, {40, 80}, {205, 177, 395, 272}}, {180, {80, 40}, {205, 177, 395, 272}},
     };
     const RECT quarter{200, 150, 400, 300};
     for (const Case& one : cases) {
         settings.orientation = one.rotation;
+        const RECT centre = rectAsRead({0, 0, 400, 300}, {300, 225, 300, 225});
+        const TurnedPlace place{{0, 0, 400, 300}, {centre.left, centre.top}, {0, 0, 400, 400}};
         addArt("flyer/clone.png", 50, one.size.cx, one.size.cy);
         clear();
-        EXPECT_EQ(drawPreviewPicture(dc, &game, &quarter, settings.flyerDir, 0), 1);
+        EXPECT_EQ(drawPreviewPicture(dc, &game, &quarter, settings.flyerDir, 0, place), 1);
         expectRect(drawn(), one.wanted);
     }
 }
