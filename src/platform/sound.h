@@ -11,12 +11,13 @@ constexpr DWORD SND_ASYNC = 0x00001;
 constexpr DWORD SND_NODEFAULT = 0x00002;
 constexpr DWORD SND_FILENAME = 0x20000;
 
-// Ends the sound that plays and plays a file: WAV of any usual coding, whatever its name. SND_ASYNC returns
-// at once; SND_SYNC returns at the end of the sound, and at once when there is nothing to hear: no file, a
-// damaged one, no device, or the program is asked to end from outside, which ends the sound. The screen stays
-// alive meanwhile, and no message is dispatched. Only plain files of at most 64 MiB are played. A null path
-// only ends the sound. SND_FILENAME and SND_NODEFAULT are taken for given, and module must be null. FALSE for
-// a synchronous sound that could not be played.
+// Ends the sound that plays and plays a file: RIFF WAVE of any usual coding, whatever its name. SND_ASYNC
+// returns at once; SND_SYNC returns at the end of the sound, and at once when there is nothing to hear: no
+// file, a damaged one, no device. A request from outside to end the program ends the sound. The screen stays
+// alive meanwhile, and no message is dispatched. Only plain files are played whose samples, as the device
+// takes them, need at most 64 MiB: nearly six minutes. A null path only ends the sound. SND_FILENAME and
+// SND_NODEFAULT are taken for given, and module must be null. FALSE for a synchronous sound that could not be
+// played.
 BOOL PlaySoundA(LPCSTR path, HMODULE module, DWORD flags);
 
 // Inside the platform: gives the sound device up for a child, at once or at the end of the sound that plays.

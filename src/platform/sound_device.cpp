@@ -1,7 +1,7 @@
 #include "platform/sound_device.h"
 
 #include "platform/alsa_messages.h"
-#include "platform/file_io.h"
+#include "platform/wave_sound.h"
 
 #include <SDL.h>
 
@@ -20,8 +20,6 @@ constexpr int channel = 0;
 // A machine without sound is asked again only so often, since each try looks for every kind of server.
 constexpr auto retryInterval = 5s;
 
-constexpr std::size_t largestFile = std::size_t{64} << 20;
-
 // A server that went away leaves a device that takes sound and plays none. SDL numbers what it opens from 2.
 bool deviceLives() {
     constexpr SDL_AudioDeviceID firstDevice = 2;
@@ -32,15 +30,6 @@ bool deviceLives() {
         }
     }
     return false;
-}
-
-Mix_Chunk* loadChunk(const std::string& path) {
-    std::string content;
-    const FileDescriptor file = openPlainFile(path.c_str());
-    if (!file.isOpen() || !readWhole(file, content, largestFile) || content.empty()) {
-        return nullptr;
-    }
-    return Mix_LoadWAV_RW(SDL_RWFromConstMem(content.data(), static_cast<int>(content.size())), 1);
 }
 
 } // namespace
@@ -68,15 +57,13 @@ bool SoundDevice::open() {
     }
     opened_ = true;
     Uint16 format = 0;
-    int channels = 0;
-    Mix_QuerySpec(&frequency_, &format, &channels);
-    bytesPerFrame_ = channels * (SDL_AUDIO_BITSIZE(format) / 8);
+    Mix_QuerySpec(&frequency_, &format, &channels_);
     return true;
 }
 
-std::int64_t SoundDevice::lengthOf(const Mix_Chunk& chunk) const {
+std::int64_t SoundDevice::length() const {
     constexpr std::int64_t nanosecondsPerSecond = 1'000'000'000;
-    const std::int64_t frames = chunk.alen / static_cast<Uint32>(bytesPerFrame_);
+    const auto frames = static_cast<std::int64_t>(samples_.size() / sizeof(std::int16_t)) / channels_;
     return frames > 0 ? (frames + 2 * bufferFrames) * nanosecondsPerSecond / frequency_ : 0;
 }
 
@@ -86,17 +73,21 @@ std::int64_t SoundDevice::play(const std::string& path) {
     if (!open()) {
         return 0;
     }
-    chunk_.reset(loadChunk(path));
+    samples_ = loadWaveSound(path, frequency_, channels_);
+    chunk_.reset(samples_.empty()
+                     ? nullptr
+                     : Mix_QuickLoad_RAW(samples_.data(), static_cast<Uint32>(samples_.size())));
     if (!chunk_ || Mix_PlayChannel(channel, chunk_.get(), 0) != channel) {
         return 0;
     }
-    return lengthOf(*chunk_);
+    return length();
 }
 
 void SoundDevice::stop() {
     if (opened_) {
         Mix_HaltChannel(channel);
         chunk_.reset();
+        samples_ = {};
     }
 }
 

@@ -9,6 +9,7 @@
 #include <cstdint>
 #include <memory>
 #include <string>
+#include <vector>
 
 class SoundDevice {
 public:
@@ -37,12 +38,13 @@ private:
     using Chunk = std::unique_ptr<Mix_Chunk, FreeChunk>;
 
     bool open();
-    std::int64_t lengthOf(const Mix_Chunk& chunk) const;
+    std::int64_t length() const;
 
     bool opened_ = false;
     bool closeWhenSilent_ = false;
     int frequency_ = 0;
-    int bytesPerFrame_ = 0;
+    int channels_ = 0;
+    std::vector<std::uint8_t> samples_; // of the chunk
     Chunk chunk_;
     std::chrono::steady_clock::time_point nextTry_{};
 };

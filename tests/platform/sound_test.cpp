@@ -1,10 +1,10 @@
 #include "platform/sound.h"
 
 #include "platform/virtual_clock.h"
-#include "riff.h"
 #include "sounds.h"
 #include "support/heard.h"
 #include "support/temporary_folder.h"
+#include "support/wave_files.h"
 
 #include <gtest/gtest.h>
 
@@ -47,40 +47,12 @@ protected:
     TemporaryFolder folder;
 };
 
-struct Coding {
-    const char* name;
-    std::uint32_t tag; // 1 PCM, 3 float, 17 IMA ADPCM
-    std::uint32_t channels;
-    std::uint32_t rate;
-    std::uint32_t bits;
-};
-
-// A fifth of a second of silence.
-std::string wave(const Coding& coding) {
-    const bool adpcm = coding.tag == 17;
-    const std::uint32_t block = adpcm ? 256 * coding.channels : coding.channels * coding.bits / 8;
-    constexpr std::uint32_t samplesPerBlock = 505;
-    std::string format;
-    appendNumber(format, coding.tag, 2);
-    appendNumber(format, coding.channels, 2);
-    appendNumber(format, coding.rate, 4);
-    appendNumber(format, adpcm ? coding.rate * block / samplesPerBlock : coding.rate * block, 4);
-    appendNumber(format, block, 2);
-    appendNumber(format, coding.bits, 2);
-    if (adpcm) {
-        appendNumber(format, 2, 2);
-        appendNumber(format, samplesPerBlock, 2);
-    }
-    const std::uint32_t blocks = coding.rate / 5 / (adpcm ? samplesPerBlock : 1);
-    return riffChunk("RIFF",
-                     "WAVE" + riffChunk("fmt ", format) +
-                         riffChunk("data", std::string(blocks * block, coding.bits == 8 ? '\x80' : '\0')));
-}
-
 TEST_F(SoundTest, PlaysEveryCodingForItsLength) {
     constexpr Coding codings[] = {
-        {"8.wav", 1, 1, 11025, 8},      {"16.wav", 1, 2, 44100, 16},    {"24.wav", 1, 2, 48000, 24},
-        {"float.wav", 3, 1, 22050, 32}, {"adpcm.wav", 17, 1, 22050, 4}, {"wrong.mp3", 1, 2, 96000, 16},
+        {"8.wav", 1, 1, 11025, 8},      {"16.wav", 1, 2, 44100, 16},     {"24.wav", 1, 2, 48000, 24},
+        {"float.wav", 3, 1, 22050, 32}, {"ima.wav", 17, 1, 22050, 4},    {"ms.wav", 2, 2, 22050, 4},
+        {"a.wav", 6, 1, 8000, 8},       {"mu.wav", 7, 2, 8000, 8},       {"six.wav", 1, 6, 48000, 24, true},
+        {"slow.wav", 1, 1, 4000, 8},    {"wrong.mp3", 1, 8, 192000, 16},
     };
     for (const Coding& coding : codings) {
         EXPECT_NEAR(lengthOf(folder.write(coding.name, wave(coding)), TRUE), 235, 40) << coding.name;
@@ -97,8 +69,13 @@ TEST_F(SoundTest, WhatCannotBePlayedTakesNoTime) {
     folder.write("noise.wav", std::string(3000, '\x5A'));
     folder.write("head.wav", wave({"", 1, 1, 11025, 8}).substr(0, 30));
     folder.write("nothing.wav", waveFile({}));
+    folder.write("absurd.wav", wave({"", 1, 1, 10, 8}) + std::string(200'000, '\x80'));
+    std::string endless = wave({"", 1, 1, 8000, 8}); // 375 seconds
+    endless.replace(40, 4, std::string("\xC0\xC6\x2D\x00", 4));
+    std::filesystem::resize_file(folder.write("endless.wav", endless), 44 + 3'000'000);
+    folder.write("music.wav", "OggS" + std::string(3000, '\0'));
     for (const char* file : {"absent.wav", "folder.wav", "fifo.wav", "empty.wav", "noise.wav", "head.wav",
-                             "nothing.wav", "/dev/zero"}) {
+                             "nothing.wav", "absurd.wav", "endless.wav", "music.wav", "/dev/zero"}) {
         EXPECT_EQ(lengthOf(file, FALSE), 0) << file;
     }
 }

@@ -1,0 +1,47 @@
+#include "platform/wave_sound.h"
+
+#include "riff.h"
+#include "support/temporary_folder.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <cstring>
+#include <numbers>
+
+namespace {
+
+constexpr int frequency = 48000;
+
+// The left samples.
+std::vector<int> samplesOf(const std::vector<std::uint8_t>& bytes) {
+    std::vector<int> samples;
+    for (std::size_t at = 0; at + 4 <= bytes.size(); at += 4) {
+        std::int16_t sample = 0;
+        std::memcpy(&sample, &bytes[at], sizeof(sample));
+        samples.push_back(sample);
+    }
+    return samples;
+}
+
+} // namespace
+
+TEST(WaveSound, IsConvertedInPiecesWithoutASeam) {
+    const TemporaryFolder folder;
+    for (const std::uint32_t rate : {44100U, 44101U, 8000U, 96000U}) {
+        std::string sound;
+        for (std::uint32_t index = 0; index < 3 * rate; ++index) {
+            const double angle = 2 * std::numbers::pi * 400 * index / rate;
+            appendNumber(sound, static_cast<std::uint32_t>(std::lround(8000 * std::cos(angle))), 2);
+        }
+        const std::string file =
+            folder.write("tone.wav", riffChunk("RIFF", "WAVE" + riffChunk("fmt ", pcmFormat(rate, 1)) +
+                                                           riffChunk("data", sound)));
+        const std::vector<int> samples = samplesOf(loadWaveSound(file, frequency, 2));
+        ASSERT_EQ(samples.size(), 3U * frequency);
+        for (std::size_t at = 100; at < samples.size() - 100; ++at) {
+            const double angle = 2 * std::numbers::pi * 400 * static_cast<double>(at) / frequency;
+            ASSERT_NEAR(samples[at], 8000 * std::cos(angle), 80) << rate << " Hz, at " << at;
+        }
+    }
+}
