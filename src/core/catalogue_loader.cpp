@@ -7,10 +7,12 @@
 #include "launch/process_runner.h"
 #include "overlays/message_window.h"
 #include "platform/clock.h"
+#include "platform/diagnostics.h"
 #include "platform/files.h"
 #include "platform/screen.h"
 
 #include <cstdio>
+#include <optional>
 #include <string>
 
 namespace {
@@ -25,41 +27,54 @@ bool askedToEnd() {
     return GetSystemMetrics(SM_SHUTTINGDOWN) != 0;
 }
 
-// Whether the two runs went well shows in the list alone; a failure to start has been told by then.
-void regenerateList() {
+// Each is 1 when its program was run, however it ended.
+struct Regeneration {
+    int listing = 1;
+    int conversion = 1;
+};
+
+Regeneration regenerateList() {
     const std::string folder = emulatorFolder();
+    Regeneration result;
 
     showMessage("Regenerating game information (1/2)...");
     std::string listCommand = std::string(settings.mameExe) + " -listxml";
-    runToFile(listCommand.data(), folder.c_str(), xmlFile);
+    result.listing = runToFile(listCommand.data(), folder.c_str(), xmlFile);
     hideMessage();
     if (askedToEnd()) {
-        return;
+        return result;
     }
 
     showMessage("Regenerating game information (2/2)...");
     std::string convertCommand = "xml2info.exe";
-    runFilter(convertCommand.data(), folder.c_str(), xmlFile, listFile);
+    result.conversion = runFilter(convertCommand.data(), folder.c_str(), xmlFile, listFile);
     hideMessage();
-    if (askedToEnd()) {
-        std::remove(listFile); // it may be empty, and would be trusted for ever
-    }
+    return result;
 }
 
-FILE* openList() {
-    FILE* list = openTextFile(listFile);
-    if (list == nullptr) {
-        regenerateList();
-        list = openTextFile(listFile);
+// For whoever looks into the cabinet: the empty list would be taken for a list at every later start.
+void explainEmptyList(const Regeneration& result) {
+    const char* reason = "What the emulator wrote is no whole game list.";
+    if (!result.listing) {
+        reason = "The emulator could not be run for its game list.";
+    } else if (!result.conversion) {
+        reason = "The converter xml2info could not be run on the emulator's game list.";
     }
-    return list;
+    writeDiagnostic(standardError, std::string(reason) +
+                                       " Delete listinfo.dat when the cause is removed, so that the "
+                                       "next start makes it anew.");
 }
 
 } // namespace
 
 std::int32_t loadGameList() {
     freeGameList();
-    FILE* list = openList();
+    std::optional<Regeneration> regeneration;
+    FILE* list = openTextFile(listFile);
+    if (list == nullptr) {
+        regeneration = regenerateList();
+        list = openTextFile(listFile);
+    }
     if (list == nullptr) {
         showMessage("No game information found.  Could not generate.");
         Sleep(failureMessageMilliseconds);
@@ -68,5 +83,8 @@ std::int32_t loadGameList() {
     }
     readGameList(list);
     std::fclose(list);
+    if (regeneration && gameCount == 0) {
+        explainEmptyList(*regeneration);
+    }
     return loadGameInfo(settings.mameInfoPath);
 }

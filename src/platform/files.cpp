@@ -1,7 +1,9 @@
 #include "platform/files.h"
 
+#include "platform/end_request.h"
 #include "platform/file_io.h"
 #include "platform/paths.h"
+#include "platform/replace_file.h"
 #include "platform/system_object.h"
 
 #include <climits>
@@ -85,6 +87,42 @@ bool findNext(const Search& search, WIN32_FIND_DATAA* found) {
     return false;
 }
 
+// A file that is written under a temporary name until its handle is closed.
+struct OutputFile : OpenFile {
+    explicit OutputFile(const std::string& path) : replacement(path) {
+        if (replacement.isOpen()) {
+            descriptor = replacement.openForChild();
+        }
+    }
+    // Whoever wrote it was ended together with this program, and half a file would be taken for a whole one.
+    ~OutputFile() override {
+        if (descriptor.isOpen() && !endRequested()) {
+            replacement.commit();
+        }
+    }
+
+    FileReplacement replacement;
+};
+
+HANDLE createOutput(const std::string& path) {
+    auto file = std::make_unique<OutputFile>(path);
+    return file->descriptor.isOpen() ? insertSystemObject(std::move(file)) : INVALID_HANDLE_VALUE;
+}
+
+HANDLE openDirectly(const std::string& path, int mode) {
+    auto file = std::make_unique<OpenFile>();
+    file->descriptor = FileDescriptor(open(path.c_str(), mode | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));
+    const int number = file->descriptor.number();
+    struct stat status {};
+    if (!file->descriptor.isOpen() || fstat(number, &status) != 0 || S_ISDIR(status.st_mode)) {
+        return INVALID_HANDLE_VALUE;
+    }
+    // Only the opening must not wait for the other end of a pipe; the child that gets the file expects to
+    // wait.
+    fcntl(number, F_SETFL, fcntl(number, F_GETFL) & ~O_NONBLOCK);
+    return insertSystemObject(std::move(file));
+}
+
 HANDLE searchFolder(const std::string& folder, std::string_view pattern, WIN32_FIND_DATAA* found) {
     auto search = std::make_unique<Search>();
     search->folder.reset(opendir(folder.empty() ? "." : folder.c_str()));
@@ -136,25 +174,16 @@ BOOL FindClose(HANDLE search) {
 }
 
 HANDLE CreateFileA(LPCSTR path, DWORD access, DWORD, SECURITY_ATTRIBUTES*, DWORD disposition, DWORD, HANDLE) {
-    int flags = O_NONBLOCK | O_NOCTTY | O_CLOEXEC;
+    const std::string name = nativePath(path ? path : "");
     if (access == GENERIC_WRITE && disposition == CREATE_ALWAYS) {
-        flags |= O_WRONLY | O_CREAT | O_TRUNC;
-    } else if (access == GENERIC_READ && disposition == OPEN_EXISTING) {
-        flags |= O_RDONLY;
-    } else {
-        return INVALID_HANDLE_VALUE;
+        struct stat status {};
+        const bool isSpecial = stat(name.c_str(), &status) == 0 && !S_ISREG(status.st_mode);
+        return isSpecial ? openDirectly(name, O_WRONLY) : createOutput(name);
     }
-    auto file = std::make_unique<OpenFile>();
-    file->descriptor = FileDescriptor(open(nativePath(path ? path : "").c_str(), flags, 0666));
-    const int number = file->descriptor.number();
-    struct stat status {};
-    if (!file->descriptor.isOpen() || fstat(number, &status) != 0 || S_ISDIR(status.st_mode)) {
-        return INVALID_HANDLE_VALUE;
+    if (access == GENERIC_READ && disposition == OPEN_EXISTING) {
+        return openDirectly(name, O_RDONLY);
     }
-    // Only the opening must not wait for the other end of a pipe; the child that gets the file expects to
-    // wait.
-    fcntl(number, F_SETFL, fcntl(number, F_GETFL) & ~O_NONBLOCK);
-    return insertSystemObject(std::move(file));
+    return INVALID_HANDLE_VALUE;
 }
 
 BOOL CloseHandle(HANDLE handle) {

@@ -34,9 +34,11 @@ BOOL FindNextFileA(HANDLE search, WIN32_FIND_DATAA* found);
 BOOL FindClose(HANDLE search);
 
 // Opens a file: GENERIC_WRITE with CREATE_ALWAYS makes it anew and empty, GENERIC_READ with OPEN_EXISTING
-// opens what is there. Any other pair, a directory, a missing or forbidden file gives INVALID_HANDLE_VALUE.
-// The share mode, attributes and security record are not used: only a child's redirected streams are ever
-// inherited. templateFile must be null.
+// opens what is there. A plain file that is made anew has the name NAME.new~ until its handle is closed, so
+// that a power cut or a kill never leaves part of it under its own name; when the program has been asked to
+// end by then, it is removed instead. Any other pair, a directory, a missing or forbidden file gives
+// INVALID_HANDLE_VALUE. The share mode, attributes and security record are not used: only a child's
+// redirected streams are ever inherited. templateFile must be null.
 HANDLE CreateFileA(LPCSTR path, DWORD access, DWORD shareMode, SECURITY_ATTRIBUTES* security,
                    DWORD disposition, DWORD attributes, HANDLE templateFile);
 

@@ -96,32 +96,48 @@ void syncFolder(const std::string& folder) {
 
 } // namespace
 
-bool replaceFile(const std::string& givenPath, std::string_view text) {
-    const std::string path = behindLinks(givenPath);
+FileReplacement::FileReplacement(const std::string& path)
+    : path_(behindLinks(path)), temporaryPath_(path_ + ".new~") {
     struct stat former {};
-    const bool exists = stat(path.c_str(), &former) == 0;
-    if (path.empty() || (!exists && errno != ENOENT)) {
+    const bool exists = stat(path_.c_str(), &former) == 0;
+    if (path_.empty() || (!exists && errno != ENOENT)) {
+        return;
+    }
+    if (exists && (!S_ISREG(former.st_mode) || faccessat(AT_FDCWD, path_.c_str(), W_OK, AT_EACCESS) != 0)) {
+        return;
+    }
+    file_ = createTemporary(temporaryPath_);
+    if (file_.isOpen() && exists) {
+        keepOwnerAndMode(file_, former);
+    }
+}
+
+FileReplacement::~FileReplacement() {
+    if (file_.isOpen() && isNamed(file_, temporaryPath_)) {
+        unlink(temporaryPath_.c_str());
+    }
+}
+
+FileDescriptor FileReplacement::openForChild() const {
+    FileDescriptor file(open(temporaryPath_.c_str(), O_WRONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC));
+    if (!file.isOpen() || !isNamed(file_, temporaryPath_) || !isNamed(file, temporaryPath_)) {
+        return {};
+    }
+    fcntl(file.number(), F_SETFL, fcntl(file.number(), F_GETFL) & ~O_NONBLOCK);
+    return file;
+}
+
+bool FileReplacement::commit() {
+    if (fsync(file_.number()) != 0 || !isNamed(file_, temporaryPath_) ||
+        rename(temporaryPath_.c_str(), path_.c_str()) != 0) {
         return false;
     }
-    if (exists && (!S_ISREG(former.st_mode) || faccessat(AT_FDCWD, path.c_str(), W_OK, AT_EACCESS) != 0)) {
-        return false;
-    }
-    const std::string temporary = path + ".new~";
-    const FileDescriptor file = createTemporary(temporary);
-    if (!file.isOpen()) {
-        return false;
-    }
-    if (exists) {
-        keepOwnerAndMode(file, former);
-    }
-    const bool written = writeWhole(file.number(), text) && fsync(file.number()) == 0;
-    if (!isNamed(file, temporary)) {
-        return false;
-    }
-    if (!written || rename(temporary.c_str(), path.c_str()) != 0) {
-        unlink(temporary.c_str());
-        return false;
-    }
-    syncFolder(folderOf(path));
+    file_.close();
+    syncFolder(folderOf(path_));
     return true;
+}
+
+bool replaceFile(const std::string& path, std::string_view text) {
+    FileReplacement replacement(path);
+    return replacement.isOpen() && writeWhole(replacement.descriptor(), text) && replacement.commit();
 }

@@ -75,9 +75,15 @@ TEST_F(CatalogueLoaderTest, hasAMissingListMade) {
     EXPECT_EQ(namesOf(allGames, gameCount), "alpha ") << "a list that is there is trusted";
 }
 
-TEST_F(CatalogueLoaderTest, anEmulatorThatGivesNoListLeavesAnEmptyOne) {
-    const std::pair<const char*, int> emulators[] = {{"kill -9 $$\n", 0}, {"", 0}, {nullptr, 1}};
-    for (const auto& [script, boxes] : emulators) {
+TEST_F(CatalogueLoaderTest, anEmulatorThatGivesNoListLeavesAnEmptyOneAndSaysSo) {
+    const struct {
+        const char* script;
+        int boxes;
+        const char* reason;
+    } emulators[] = {{"kill -9 $$\n", 0, "no whole game list. Delete listinfo.dat"},
+                     {"", 0, "no whole game list. Delete listinfo.dat"},
+                     {nullptr, 1, "emulator could not be run for its game list. Delete listinfo.dat"}};
+    for (const auto& [script, boxes, reason] : emulators) {
         std::filesystem::remove("listinfo.dat");
         std::filesystem::remove("emulator");
         if (script != nullptr) {
@@ -85,7 +91,9 @@ TEST_F(CatalogueLoaderTest, anEmulatorThatGivesNoListLeavesAnEmptyOne) {
         }
         writeProgram("xml2info", "cat > /dev/null\n");
         dismissBoxes(boxes);
+        testing::internal::CaptureStderr();
         EXPECT_EQ(loadGameList(), 1) << boxes;
+        EXPECT_NE(testing::internal::GetCapturedStderr().find(reason), std::string::npos) << reason;
         EXPECT_EQ(gameCount, 0);
         EXPECT_TRUE(folder.has("listinfo.dat"));
     }

@@ -1,5 +1,7 @@
 #include "platform/files.h"
 
+#include "platform/end_request.h"
+
 #include "support/temporary_folder.h"
 
 #include <gtest/gtest.h>
@@ -94,6 +96,31 @@ TEST_F(Files, OpensWhatCanBeOpened) {
     EXPECT_FALSE(opened(folder.pathOf("sub"), GENERIC_WRITE, CREATE_ALWAYS));
     EXPECT_FALSE(opened(folder.pathOf("none/new"), GENERIC_WRITE, CREATE_ALWAYS));
     EXPECT_FALSE(opened(folder.pathOf("pipe"), GENERIC_WRITE, CREATE_ALWAYS));
+}
+
+// Half a list would be trusted at every later start.
+TEST_F(Files, AnOutputHasItsNameOnlyOnceItIsClosed) {
+    const auto create = [&] {
+        return CreateFileA(folder.pathOf("old").c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, 0,
+                           nullptr);
+    };
+    folder.write("old", "text");
+    const HANDLE file = create();
+    EXPECT_EQ(folder.read("old"), "text");
+    EXPECT_EQ(folder.read("old.new~"), "");
+    EXPECT_EQ(create(), INVALID_HANDLE_VALUE) << "another program writes it";
+    EXPECT_TRUE(CloseHandle(file));
+    EXPECT_EQ(folder.read("old"), "");
+    EXPECT_FALSE(folder.has("old.new~"));
+
+    folder.write("old", "text");
+    folder.write("old.new~", "what a power cut has left");
+    const HANDLE second = create();
+    requestEnd(EndRequest::close);
+    EXPECT_TRUE(CloseHandle(second));
+    EXPECT_EQ(folder.read("old"), "text") << "the program that wrote it has been ended";
+    EXPECT_FALSE(folder.has("old.new~"));
+    forgetEndRequest();
 }
 
 TEST_F(Files, ClosesAHandleOnce) {
