@@ -1,5 +1,5 @@
-// Device-independent bitmaps, and the one operation
-// that draws them. Called by the pictures. The filter
+// Device-independent bitmaps, and the operations that draw
+// them and read them back. Called by the pictures. The filter
 // that reduces and enlarges stands in resample.h.
 #pragma once
 
@@ -44,3 +44,9 @@ static_assert(sizeof(BITMAPINFO) == 44);
 // to 4 bytes.
 int StretchDIBits(HDC dc, int x, int y, int width, int height, int sourceX, int sourceY, int sourceWidth,
                   int sourceHeight, const void* bits, const BITMAPINFO* info, UINT usage, DWORD operation);
+
+// Copies a bitmap into `bits`, as 24 bits a pixel with rows from the bottom padded to 4 bytes, and gives the
+// number of its rows. 0 unless the header says 24 bits and the size of the bitmap, all rows are asked for,
+// and the usage is DIB_RGB_COLORS.
+int GetDIBits(HDC dc, HBITMAP bitmap, UINT firstRow, UINT rows, void* bits, const BITMAPINFO* info,
+              UINT usage);

@@ -14,9 +14,17 @@ namespace {
 
 constexpr std::uint64_t headerBytes = sizeof(BITMAPINFOHEADER);
 
-// A picture of 13,000 by 13,000 pixels in 24 bits. A small file can declare far more, and decoding it would
-// drive the machine out of memory long after the allocation was granted.
-constexpr std::uint64_t largestBlock = 512ULL << 20;
+// What the block and the rows of the reader may take together: a picture of 6,000 by 8,000 pixels in 24 bits
+// fits. A small file can declare far more, and decoding it would drive a small machine out of memory long
+// after the allocation was granted.
+constexpr std::uint64_t mostMemory = 144ULL << 20;
+
+// The reader holds two rows, with up to four samples of 16 bits a pixel.
+constexpr std::uint64_t readerBytesPerColumn = 16;
+
+// Texts and profiles, of which the reader would keep 1,000 of 8 MB each. Names of four letters and a zero.
+constexpr png_byte skippedChunks[] = "eXIf\0iCCP\0iTXt\0pCAL\0sCAL\0sPLT\0tEXt\0zTXt";
+constexpr int skippedChunkCount = sizeof(skippedChunks) / 5;
 
 // Beyond this a picture of few bits fits in memory, but takes seconds to turn and shrink at each redraw.
 constexpr std::uint64_t mostPixels = 110'000'000;
@@ -96,7 +104,9 @@ int allocate(Reading& reading, PngDibParams* params) {
     const auto paletteCount = static_cast<DWORD>(reading.paletteCount);
     const std::uint64_t size = reading.stride * reading.height + 4ULL * paletteCount + headerBytes;
     const std::uint64_t pixels = std::uint64_t{reading.width} * reading.height;
-    if (size > largestBlock || pixels > mostPixels) {
+    const std::uint64_t memory =
+        size + reading.height * sizeof(png_bytep) + reading.width * readerBytesPerColumn;
+    if (memory > mostMemory || pixels > mostPixels) {
         return pngDibOutOfMemory;
     }
     reading.block = static_cast<BYTE*>(GlobalAlloc(GPTR, size));
@@ -196,6 +206,7 @@ int readPicture(Reading& reading, PngDibParams* params) {
         return pngDibCannotOpen;
     }
     png_init_io(reading.png, reading.file);
+    png_set_keep_unknown_chunks(reading.png, PNG_HANDLE_CHUNK_NEVER, skippedChunks, skippedChunkCount);
     png_read_info(reading.png, reading.info);
     if (const int result = readHeader(reading)) {
         return result;

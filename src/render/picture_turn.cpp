@@ -115,3 +115,30 @@ void rotateDib(PngDibParams* picture) {
     header->biHeight = static_cast<LONG>(to.height);
     header->biSizeImage = static_cast<DWORD>(size);
 }
+
+int resizeDib(HDC dc, PngDibParams* picture, int width, int height) {
+    const auto* from = static_cast<const BITMAPINFO*>(picture->dib);
+    const HDC canvas = CreateCompatibleDC(dc);
+    const HBITMAP bitmap = CreateCompatibleBitmap(dc, width, height);
+    const HGDIOBJ former = SelectObject(canvas, bitmap);
+    const int drawn = StretchDIBits(canvas, 0, 0, width, height, 0, 0, from->bmiHeader.biWidth,
+                                    from->bmiHeader.biHeight, picture->pixels, from, DIB_RGB_COLORS, SRCCOPY);
+    GlobalFree(picture->dib);
+    *picture = {};
+    constexpr DWORD headerBytes = sizeof(BITMAPINFOHEADER);
+    const auto pixelBytes = static_cast<DWORD>(strideOf(width, 24) * height);
+    auto* block =
+        drawn == 0 ? nullptr : static_cast<BYTE*>(GlobalAlloc(GPTR, std::size_t{headerBytes} + pixelBytes));
+    if (block) {
+        *reinterpret_cast<BITMAPINFOHEADER*>(block) = {headerBytes, width, height, 1, 24, BI_RGB,
+                                                       pixelBytes,  0,     0,      0, 0};
+        *picture = {pngDibParamsSize, 0,           nullptr, block, headerBytes + pixelBytes,
+                    headerBytes,      headerBytes, nullptr, 0,     block + headerBytes};
+        GetDIBits(canvas, bitmap, 0, static_cast<UINT>(height), picture->pixels,
+                  reinterpret_cast<BITMAPINFO*>(block), DIB_RGB_COLORS);
+    }
+    SelectObject(canvas, former);
+    DeleteObject(bitmap);
+    DeleteDC(canvas);
+    return block ? 1 : 0;
+}

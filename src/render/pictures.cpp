@@ -4,10 +4,12 @@
 #include "platform/memory.h"
 #include "png/png_dib.h"
 #include "render/picture_turn.h"
+#include "render/primitives.h"
 #include "state/file_exists.h"
 
 #include <array>
 #include <string>
+#include <utility>
 
 namespace {
 
@@ -55,15 +57,30 @@ std::string findPreview(const GameRecord& game, const char* directory, int fallb
     return path;
 }
 
-// A decoded and turned picture, for as long as one drawing operation needs it.
+// A picture of which two blocks would be too much is turned when it has the size in which it is drawn.
+constexpr DWORD largestTurned = 32 << 20; // bytes, 11 million pixels in 24 bits
+
+// A decoded picture, for as long as one drawing operation needs it.
 struct Picture {
     PngDibParams params; // owns the decoded block
-    BYTE* rotatedPixels; // owned; null at 0
+    BYTE* rotatedPixels; // owned; null at 0 and before a large picture is turned
+    bool turned;
+    LONG width; // after turning
+    LONG height;
 };
 
 void releasePicture(Picture& picture) {
     GlobalFree(picture.rotatedPixels);
     GlobalFree(picture.params.dib);
+}
+
+// 0 without memory; the picture is to be released either way.
+int turnPicture(Picture& picture) {
+    const BYTE* decodedPixels = picture.params.pixels;
+    rotateDib(&picture.params);
+    picture.rotatedPixels = picture.params.pixels != decodedPixels ? picture.params.pixels : nullptr;
+    picture.turned = true;
+    return picture.params.pixels ? 1 : 0;
 }
 
 // 0, with nothing to release, when the file cannot be shown.
@@ -74,22 +91,32 @@ int loadPicture(Picture& picture, const std::string& path) {
     if (pngToDib(&picture.params) != pngDibSuccess) {
         return 0;
     }
-    const BYTE* decodedPixels = picture.params.pixels;
-    rotateDib(&picture.params);
-    if (picture.params.pixels != decodedPixels) {
-        picture.rotatedPixels = picture.params.pixels;
+    const auto* header = static_cast<const BITMAPINFOHEADER*>(picture.params.dib);
+    picture.width = header->biWidth;
+    picture.height = header->biHeight;
+    if (isQuarterTurn(settings.orientation)) {
+        std::swap(picture.width, picture.height);
     }
-    if (!picture.params.pixels) {
+    picture.turned = settings.orientation == 0;
+    if (picture.params.dibSize <= largestTurned && !turnPicture(picture)) {
         releasePicture(picture);
         return 0;
     }
     return 1;
 }
 
-void stretchPicture(HDC dc, const Picture& picture, int x, int y, int width, int height) {
+int stretchPicture(HDC dc, Picture& picture, int x, int y, int width, int height) {
+    if (!picture.turned) {
+        const bool quarter = isQuarterTurn(settings.orientation);
+        if (!resizeDib(dc, &picture.params, quarter ? height : width, quarter ? width : height) ||
+            !turnPicture(picture)) {
+            return 0;
+        }
+    }
     const auto* info = static_cast<const BITMAPINFO*>(picture.params.dib);
     StretchDIBits(dc, x, y, width, height, 0, 0, info->bmiHeader.biWidth, info->bmiHeader.biHeight,
                   picture.params.pixels, info, DIB_RGB_COLORS, SRCCOPY);
+    return 1;
 }
 
 int drawMarquee(HDC dc, const GameRecord& game, const RECT& place) {
@@ -101,15 +128,15 @@ int drawMarquee(HDC dc, const GameRecord& game, const RECT& place) {
     if (!loadPicture(picture, path)) {
         return 0;
     }
-    stretchPicture(dc, picture, place.left, place.top, place.right - place.left, place.bottom - place.top);
+    const int drawn = stretchPicture(dc, picture, place.left, place.top, place.right - place.left,
+                                     place.bottom - place.top);
     releasePicture(picture);
-    return 1;
+    return drawn;
 }
 
-void drawFitted(HDC dc, const Picture& picture, const RECT& area, const TurnedPlace& place) {
-    const auto* header = static_cast<const BITMAPINFOHEADER*>(picture.params.dib);
-    const double pictureWidth = header->biWidth;
-    const double pictureHeight = header->biHeight;
+int drawFitted(HDC dc, Picture& picture, const RECT& area, const TurnedPlace& place) {
+    const double pictureWidth = picture.width;
+    const double pictureHeight = picture.height;
     const double availableWidth = area.right - area.left - previewMargin;
     const double availableHeight = area.bottom - area.top;
     double fitScale = availableWidth / pictureWidth;
@@ -121,12 +148,11 @@ void drawFitted(HDC dc, const Picture& picture, const RECT& area, const TurnedPl
     const SIZE size{static_cast<int>(width), static_cast<int>(height)};
     if (settings.orientation != 0) {
         const RECT turned = placeTurned(place, size);
-        stretchPicture(dc, picture, turned.left, turned.top, size.cx, size.cy);
-        return;
+        return stretchPicture(dc, picture, turned.left, turned.top, size.cx, size.cy);
     }
     const double x = area.left + previewMargin + ((area.right - area.left) - width) * 0.5;
     const double y = area.top + (availableHeight - height) * 0.5;
-    stretchPicture(dc, picture, static_cast<int>(x), static_cast<int>(y), size.cx, size.cy);
+    return stretchPicture(dc, picture, static_cast<int>(x), static_cast<int>(y), size.cx, size.cy);
 }
 
 } // namespace
@@ -149,9 +175,9 @@ int drawPreviewPicture(HDC dc, const GameRecord* game, const RECT* area, const c
     if (!loadPicture(picture, path)) {
         return 0;
     }
-    drawFitted(dc, picture, *area, place);
+    const int drawn = drawFitted(dc, picture, *area, place);
     releasePicture(picture);
-    return 1;
+    return drawn;
 }
 
 const char* previewDirectory() {

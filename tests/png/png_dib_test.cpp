@@ -6,6 +6,7 @@
 
 #include <gtest/gtest.h>
 
+#include <sys/resource.h>
 #include <sys/stat.h>
 
 #include <zlib.h>
@@ -201,7 +202,10 @@ TEST(PngDib, SizesThatAFileOnlyDeclares) {
         {PNG_COLOR_TYPE_GRAY, 8, 30000, 30000, pngDibOutOfMemory}, // beyond what a machine can spare
         {PNG_COLOR_TYPE_GRAY, 1, 30000, 30000, pngDibOutOfMemory}, // small, but too slow to draw
         {PNG_COLOR_TYPE_GRAY, 1, 10000, 10000, pngDibDamaged},     // cut off
-        {PNG_COLOR_TYPE_RGB, 8, 0x7FFFFFFF, 1, pngDibDamaged},     // beyond what libpng takes
+        {PNG_COLOR_TYPE_RGB_ALPHA, 16, 6000, 8000, pngDibDamaged}, // the largest flyer, cut off
+        {PNG_COLOR_TYPE_RGB, 8, 6400, 8000, pngDibOutOfMemory},
+        {PNG_COLOR_TYPE_RGB, 16, 1000000, 49, pngDibOutOfMemory}, // with the rows of the reader
+        {PNG_COLOR_TYPE_RGB, 8, 0x7FFFFFFF, 1, pngDibDamaged},    // beyond what libpng takes
     };
     for (const Case& declared : cases) {
         std::string bytes = pngBytes({declared.colorType, declared.depth});
@@ -215,4 +219,30 @@ TEST(PngDib, SizesThatAFileOnlyDeclares) {
     tall.width = 1;
     tall.height = 30000;
     EXPECT_EQ(Decoded(folder.write("a.png", pngBytes(tall))).result, pngDibSuccess);
+}
+
+// Texts of five megabytes each in a file of a few kilobytes.
+TEST(PngDib, TextsOfAPictureCostNoMemory) {
+    const TemporaryFolder folder;
+    const std::string text(5'000'000, 'a');
+    std::string chunk(compressBound(text.size()), '\0');
+    uLongf size = chunk.size();
+    compress(reinterpret_cast<Bytef*>(chunk.data()), &size, reinterpret_cast<const Bytef*>(text.data()),
+             text.size());
+    chunk = std::string("\0\0\0\0zTXtk\0\0", 11) + chunk.substr(0, size) + "1234";
+    auto* bytes = reinterpret_cast<png_byte*>(chunk.data());
+    png_save_uint_32(bytes, static_cast<png_uint_32>(size + 3));
+    png_save_uint_32(bytes + size + 11,
+                     static_cast<png_uint_32>(crc32(0, bytes + 4, static_cast<uInt>(size + 7))));
+    std::string picture = pngBytes({});
+    constexpr std::size_t headerEnd = 33;
+    for (int count = 0; count < 40; ++count) {
+        picture.insert(headerEnd, chunk);
+    }
+    struct rusage before {};
+    struct rusage after {};
+    getrusage(RUSAGE_SELF, &before);
+    EXPECT_EQ(Decoded(folder.write("a.png", picture)).result, pngDibSuccess);
+    getrusage(RUSAGE_SELF, &after);
+    EXPECT_LT(after.ru_maxrss - before.ru_maxrss, 50'000); // kilobytes; all texts are 200,000
 }

@@ -19,6 +19,7 @@ struct PngForm {
     int paletteCount = 0;    // 0 means all that the depth can tell apart
     int evenColor = -1;      // one palette entry for all pixels, a gray of the same value
     int resolutionUnit = -1; // no pHYs chunk below 0
+    int grain = 1;           // so many pixels in a square are alike
 
     int channels() const {
         switch (colorType) {
@@ -39,8 +40,8 @@ inline unsigned sampleAt(const PngForm& form, int x, int y, int channel) {
     if (form.evenColor >= 0) {
         return static_cast<unsigned>(form.evenColor);
     }
-    const auto column = static_cast<unsigned>(x);
-    const auto row = static_cast<unsigned>(y);
+    const auto column = static_cast<unsigned>(x / form.grain);
+    const auto row = static_cast<unsigned>(y / form.grain);
     const unsigned place = column * 7919 + row * 104729 + static_cast<unsigned>(channel) * 1299709;
     const unsigned mixed = (place + column * row) * 2654435761U;
     return mixed >> (32 - form.depth);
