@@ -52,8 +52,7 @@ RECT tileRect(const RECT& area, std::int32_t position) {
     const LONG height = settings.previewModeHeight;
     const LONG spacer = tileSpacer();
     const LONG along = position * (height + spacer);
-    return turnedRect({0, 0, area.right, area.bottom},
-                      {spacer, spacer + along, spacer + width, spacer + along + height});
+    return turnedRect(area, {spacer, spacer + along, spacer + width, spacer + along + height});
 }
 
 // The rotation that the page was drawn for. Not everybody who turns the screen says so.

@@ -22,9 +22,9 @@ std::int32_t linesOnPage(HDC dc, const RECT& area) {
 }
 
 // The lines of a full page, as read in the area. They fill the lower left quarter of the frame, which is
-// another one as read at each rotation. Where that one is the lower half, they start in its middle like at 0,
-// or so much earlier that the last line is clear of the status bar. Where it is the upper half, half of the
-// pixels that no line needs stay free at the edge of the screen.
+// a different quarter as read at each rotation. In a lower one they start in the middle of the frame, or as
+// much earlier as clears the last line of the status bar. In an upper one half of the pixels that no line
+// needs stay free at the edge of the screen.
 RECT pageAsRead(const RECT& area, std::int32_t lineHeight, std::int32_t page) {
     const SIZE size = sizeAsRead(area);
     const RECT quarter = rectAsRead(area, {area.left, area.bottom / 2, area.right / 2, area.bottom});
@@ -42,20 +42,15 @@ RECT lineRect(const RECT& area, std::int32_t lineHeight, std::int32_t page, std:
     return turnedRect(area, {read.left, top, read.right, top + lineHeight});
 }
 
-// The place of the picture: in the middle of its quarter of the frame, beside the status bar. At a quarter
-// turn it lies above or below the page as read, and gives way to the lines.
+// The place of the picture: in the middle of its quarter of the frame, moved off the status bar, and at 90,
+// where it lies above the page as read, off the lines as far as the frame allows.
 TurnedPlace picturePlace(const RECT& area, const RECT& quarter, const RECT& page) {
     const SIZE size = sizeAsRead(area);
     const RECT wanted = rectAsRead(area, quarter);
-    RECT bounds{0, 0, size.cx, size.cy};
-    if (isQuarterTurn(settings.orientation)) {
-        if (wanted.top < page.top) {
-            bounds.bottom = page.top;
-        } else {
-            bounds.top = page.bottom;
-        }
-    }
-    return {area, {(wanted.left + wanted.right) / 2, (wanted.top + wanted.bottom) / 2}, bounds};
+    const bool abovePage = isQuarterTurn(settings.orientation) && wanted.top < page.top;
+    return {area,
+            {(wanted.left + wanted.right) / 2, (wanted.top + wanted.bottom) / 2},
+            {0, 0, size.cx, abovePage ? page.top : size.cy}};
 }
 
 // Whole pages, so that a jump lands on the same grid as stepping.
@@ -73,8 +68,8 @@ void selectListFont(HDC dc, int emphasis) {
     SetTextColor(dc, settings.fontColor);
 }
 
-// On a turned screen the marquee crosses the status bar, and a picture may reach into the page beside a high
-// bar. Afterwards both are clear, and the font of the titles is selected again.
+// On a turned screen the marquee crosses the status bar, and with a high bar a picture of full width reaches
+// into the page. Clears both; the font of the titles is selected again.
 void clearBarAndPage(HDC dc, LONG width, LONG height, const RECT& page) {
     drawStatusBar(dc, selectedIndex, width, height);
     fillRect(dc, page, settings.backgroundColor);

@@ -104,6 +104,7 @@ TEST_F(ImageBrowserTest, LaysTheTilesOutAsWorkedThrough) {
         EXPECT_NEAR(ring.top, row.first.top - 20, 1) << row.rotation;
         EXPECT_NEAR(ring.right, row.first.right + 20, 1) << row.rotation;
         EXPECT_NEAR(ring.bottom, row.first.bottom + 20, 1) << row.rotation;
+        EXPECT_NE(pixelAt(ring.left + 4, ring.top + 4), pixelOf(ringColor)) << "corners are round";
     }
     resizeFrame(480, 480);
     settings.orientation = 0;
@@ -173,6 +174,7 @@ TEST_F(ImageBrowserTest, PutsThePicturesBesideTheTiles) {
     settings.flyerDir = strdup("flyers");
     std::filesystem::create_directory("cabinets");
     std::filesystem::create_directory("flyers");
+    std::filesystem::create_directory("empty");
     addArt("cabinets/g0", 5, 128, 256);
     // At a quarter turn a low status bar leaves room for two pictures of the full width, a high one does not.
     for (const auto& [statusPoints, wideFlyer] :
@@ -222,6 +224,24 @@ TEST_F(ImageBrowserTest, PutsThePicturesBesideTheTiles) {
                     : cabinet.top == 0 && flyer.top == 0 && cabinet.right <= flyer.left && cabinet.left <= 2;
             EXPECT_TRUE(inPlace);
         }
+    }
+    settings.cabinetDir[0] = 'x';
+    browserDirty = 1;
+    draw();
+    EXPECT_EQ(extentOf(gray(5)).right, 0) << "of the upper place only the cabinet counts";
+    addArt("empty/g1", 9);
+    for (const std::int32_t rotation : rotations) {
+        settings.orientation = rotation;
+        browserDirty = 1;
+        selectedIndex = 5; // the last tile, whose ring crosses the bar of a quarter turn
+        draw();
+        const RECT bar = extentOf(statusColor);
+        EXPECT_EQ((bar.right - bar.left) * (bar.bottom - bar.top),
+                  statusBarHeight * (isQuarterTurn(rotation) ? height : width));
+        EXPECT_TRUE(rotation != 90 || extentOf(ringColor).left == bar.right) << "the ring ends at the bar";
+        selectedIndex = 1;
+        draw();
+        EXPECT_GT(extentOf(gray(9)).right, 0) << "the lower place takes any picture";
     }
 }
 
