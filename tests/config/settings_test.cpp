@@ -1,11 +1,15 @@
 #include "config/settings.h"
 
+#include "config/setting_table.h"
 #include "state/shared_state.h"
 #include "support/temporary_folder.h"
 
 #include <gtest/gtest.h>
 
+#include <functional>
+#include <map>
 #include <string>
+#include <type_traits>
 #include <vector>
 
 namespace {
@@ -40,22 +44,43 @@ protected:
     GameRecord* games[1] = {&game};
 };
 
-void expectDefaults() {
-    EXPECT_EQ(settings.allowMenu, 1);
-    EXPECT_EQ(settings.invertPlayer2Screen, 0);
-    EXPECT_EQ(settings.scrollBorderPct, 20);
-    EXPECT_STREQ(settings.selectedGame, "0");
-    EXPECT_STREQ(settings.mameExe, "c:\\fix_the_ini_file.exe");
-    EXPECT_EQ(settings.orientation, 0);
-    EXPECT_EQ(settings.menuType, menuTypeListView);
-    EXPECT_EQ(settings.previewPictures, previewScreenShots);
-    EXPECT_EQ(settings.fontColor, 0x000000U);
-    EXPECT_EQ(settings.statusBarBackColor, 0xFFFFFFU);
-    EXPECT_EQ(settings.maxCoins, 8);
-    EXPECT_EQ(settings.controllerTypes, 127);
-    EXPECT_EQ(settings.keyExit, 27);
-    EXPECT_EQ(settings.joyExit, 128);
-    EXPECT_EQ(settings.soundError, nullptr);
+// What the last load has put into the fields, in the order of the table.
+std::vector<std::string> loadedValues() {
+    std::vector<std::string> values;
+    for (const SettingRow& row : settingTable) {
+        std::visit(
+            [&](auto field) {
+                if constexpr (std::is_same_v<decltype(field), char * Settings::*>) {
+                    values.emplace_back(settings.*field ? settings.*field : "(none)");
+                } else {
+                    values.push_back(std::to_string(settings.*field));
+                }
+            },
+            row.field);
+    }
+    return values;
+}
+
+// A file with every key.
+std::string fileOf(const std::function<std::string(const SettingRow&)>& valueOf) {
+    std::map<std::string, std::string> sections;
+    for (const SettingRow& row : settingTable) {
+        sections[row.section] += row.key + ("=" + valueOf(row)) + "\n";
+    }
+    std::string file;
+    for (const auto& [name, keys] : sections) {
+        file += "[" + name + "]\n" + keys;
+    }
+    return file;
+}
+
+// A value that is no default.
+std::string otherThanDefault(const SettingRow& row) {
+    if (row.kind == SettingKind::choice) {
+        return row.words.front().word == std::string(row.defaultText) ? row.words.back().word
+                                                                      : row.words.front().word;
+    }
+    return row.kind == SettingKind::flag && row.defaultText == std::string("1") ? "0" : "77";
 }
 
 std::vector<std::string> keysOf(const std::string& ini) {
@@ -71,19 +96,26 @@ std::vector<std::string> keysOf(const std::string& ini) {
     return keys;
 }
 
-TEST_F(SettingsTest, defaultsApplyWithoutAUsableFile) {
+TEST_F(SettingsTest, everyKeyIsReadAndDefaultsApplyWithoutAUsableFile) {
     load();
-    expectDefaults();
+    const std::vector<std::string> defaults = loadedValues();
+    loadText(fileOf([](const SettingRow& row) { return row.defaultText ? row.defaultText : ""; }));
+    EXPECT_EQ(loadedValues(), defaults);
+    loadText(fileOf(otherThanDefault));
+    const std::vector<std::string> others = loadedValues();
+    for (std::size_t row = 0; row < settingTable.size(); ++row) {
+        EXPECT_NE(others[row], defaults[row]) << settingTable[row].key;
+    }
     for (const std::string& junk :
          {std::string(), std::string("[[[=\n]=\n=1\n\r\r"), std::string(100000, '\0'),
           std::string("[Settings]\n") + std::string(70000, '\xff')}) {
         loadText(junk);
-        expectDefaults();
+        EXPECT_EQ(loadedValues(), defaults);
     }
     std::filesystem::remove(path);
     std::filesystem::create_directory(path);
     load();
-    expectDefaults();
+    EXPECT_EQ(loadedValues(), defaults);
     saveSettings();
     EXPECT_TRUE(std::filesystem::is_directory(path));
 }

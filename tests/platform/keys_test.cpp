@@ -8,6 +8,9 @@
 
 #include <gtest/gtest.h>
 
+#include <map>
+#include <utility>
+
 namespace {
 
 constexpr SHORT down = -0x8000;
@@ -58,34 +61,79 @@ TEST_F(KeysTest, ShiftControlAndAltStandForEitherOfTheirKeys) {
     }
 }
 
-TEST_F(KeysTest, KnowsTheKeysOfACabinet) {
-    const struct {
-        SDL_Scancode place;
-        int code;
-    } keys[] = {{SDL_SCANCODE_UP, VK_UP},
-                {SDL_SCANCODE_DOWN, VK_DOWN},
-                {SDL_SCANCODE_LEFT, VK_LEFT},
-                {SDL_SCANCODE_RIGHT, VK_RIGHT},
-                {SDL_SCANCODE_ESCAPE, VK_ESCAPE},
-                {SDL_SCANCODE_SPACE, VK_SPACE},
-                {SDL_SCANCODE_1, '1'},
-                {SDL_SCANCODE_0, '0'},
-                {SDL_SCANCODE_A, 'A'},
-                {SDL_SCANCODE_KP_0, 96},
-                {SDL_SCANCODE_KP_9, 105},
-                {SDL_SCANCODE_F1, 112},
-                {SDL_SCANCODE_F12, 123},
-                {SDL_SCANCODE_RETURN, 13},
-                {SDL_SCANCODE_TAB, 9}};
-    for (const auto& key : keys) {
-        pressKey(key.place);
-        EXPECT_EQ(stateOf(key.code), static_cast<SHORT>(down | pressed)) << key.code;
-        releaseKey(key.place);
-        EXPECT_EQ(stateOf(key.code), 0) << key.code;
+// The numbers that people write into the ini file.
+TEST_F(KeysTest, KeysHaveTheirPublishedCodes) {
+    const std::pair<const char*, int> keys[] = {{"Backspace", 8},
+                                                {"Tab", 9},
+                                                {"Return", 13},
+                                                {"Keypad Enter", 13},
+                                                {"Pause", 19},
+                                                {"Escape", 27},
+                                                {"Space", 32},
+                                                {"PageUp", 33},
+                                                {"PageDown", 34},
+                                                {"End", 35},
+                                                {"Home", 36},
+                                                {"Left", 37},
+                                                {"Up", 38},
+                                                {"Right", 39},
+                                                {"Down", 40},
+                                                {"Insert", 45},
+                                                {"Delete", 46},
+                                                {"0", 48},
+                                                {"1", 49},
+                                                {"9", 57},
+                                                {"A", 65},
+                                                {"Z", 90},
+                                                {"Keypad 0", 96},
+                                                {"Keypad 1", 97},
+                                                {"Keypad 9", 105},
+                                                {"Keypad *", 106},
+                                                {"Keypad +", 107},
+                                                {"Keypad -", 109},
+                                                {"Keypad .", 110},
+                                                {"Keypad /", 111},
+                                                {"F1", 112},
+                                                {"F12", 123},
+                                                {"F13", 124},
+                                                {"Left Shift", 160},
+                                                {"Right Shift", 161},
+                                                {"Left Ctrl", 162},
+                                                {"Right Ctrl", 163},
+                                                {"Left Alt", 164},
+                                                {"Right Alt", 165},
+                                                {";", 186},
+                                                {"=", 187},
+                                                {",", 188},
+                                                {"-", 189},
+                                                {".", 190},
+                                                {"/", 191},
+                                                {"`", 192},
+                                                {"[", 219},
+                                                {"\\", 220},
+                                                {"]", 221},
+                                                {"'", 222}};
+    for (const auto& [name, code] : keys) {
+        const SDL_Scancode place = SDL_GetScancodeFromName(name);
+        pressKey(place);
+        EXPECT_EQ(stateOf(code), static_cast<SHORT>(down | pressed)) << name;
+        releaseKey(place);
+        EXPECT_EQ(stateOf(code), 0) << name;
     }
     SDL_Keysym letter{SDL_SCANCODE_Q, SDLK_a, 0, 0};
     EXPECT_EQ(virtualKeyOf(letter), 'A') << "letters go by what the layout prints on the key";
-    EXPECT_NE(keySymbolOf('Z'), 0U);
+}
+
+TEST_F(KeysTest, NoTwoKeysShareACodeAndEachCanBeSynthesised) {
+    std::map<int, SDL_Scancode> keyOfCode;
+    for (int number = 0; number < SDL_NUM_SCANCODES; ++number) {
+        const auto place = static_cast<SDL_Scancode>(number);
+        const int code = virtualKeyOf({place, SDL_GetKeyFromScancode(place), 0, 0});
+        if (code != 0 && place != SDL_SCANCODE_KP_ENTER) {
+            EXPECT_TRUE(keyOfCode.emplace(code, place).second) << code;
+            EXPECT_NE(keySymbolOf(code), 0U) << code;
+        }
+    }
     EXPECT_EQ(keySymbolOf(255), 0U);
 }
 
