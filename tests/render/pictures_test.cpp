@@ -222,7 +222,9 @@ TEST_F(PicturesTest, ALargePictureIsTurnedLikeAnyOther) {
     const RECT area{100, 100, 300, 200};
     folder.write("snap/clone.png", folder.read("marquee/clone.png"));
     clear();
-    EXPECT_EQ(drawPreviewPicture(dc, &game, &area, settings.snapshotDir, 0), 1);
+    const RECT centre = rectAsRead({0, 0, 400, 300}, {200, 150, 200, 150});
+    const TurnedPlace inTheMiddle{{0, 0, 400, 300}, {centre.left, centre.top}, {0, 0, 400, 400}};
+    EXPECT_EQ(drawPreviewPicture(dc, &game, &area, settings.snapshotDir, 0, inTheMiddle), 1);
     expectRect(drawn(), {150, 100, 250, 200});
 }
 
