@@ -47,7 +47,7 @@ RECT lineRect(const RECT& area, std::int32_t lineHeight, std::int32_t page, std:
 TurnedPlace picturePlace(const RECT& area, const RECT& quarter, const RECT& page) {
     const SIZE size = sizeAsRead(area);
     const RECT wanted = rectAsRead(area, quarter);
-    const bool abovePage = isQuarterTurn(settings.orientation) && wanted.top < page.top;
+    const bool abovePage = wanted.bottom < page.bottom;
     return {area,
             {(wanted.left + wanted.right) / 2, (wanted.top + wanted.bottom) / 2},
             {0, 0, size.cx, abovePage ? page.top : size.cy}};

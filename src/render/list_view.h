@@ -8,8 +8,8 @@
 #include <cstdint>
 
 // Draws the view into the area, which is changed on the way: the frame less the height of the status bar at
-// its foot, at every rotation. The marquee and the picture keep their places when the screen is turned; the
-// titles stand beside the bar. Always 1.
+// its foot, at every rotation. The marquee and a movie keep their places when the screen is turned; a picture
+// and the titles keep clear of the bar. Always 1.
 int drawListView(HDC dc, RECT* area);
 
 // Fills the bar behind the selected line, over half of the area. Always 1. lineHeight in pixels.

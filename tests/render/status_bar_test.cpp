@@ -52,6 +52,7 @@ TEST_F(StatusBarTest, NamesTheGameAndThePosition) {
         drawStatusBar(dc, 2, width, height);
         const std::vector<std::uint32_t> drawn = pixelsOfTheBar();
         const LONG top = height - statusBarHeight;
+        selectFont(dc, settings.statusBarFontFace, settings.statusBarFontSize, 0, 0);
         fillRect(dc, {0, top, width, height}, statusColor);
         drawText(dc, {6, top}, row.left);
         drawText(dc, {width - textWidth(dc, row.right) - 6, top}, row.right);
