@@ -30,12 +30,11 @@ TEST(ListConverter, EveryEraGivesTheSameBlock) {
     const std::string today =
         "<machine" + names + texts +
         "<rom name=\"display\"/><display type=\"raster\" rotate=\"90\" width=\"288\" "
-        "height=\"224\"/><display type=\"vector\"/><dipswitch name=\"x\"><control "
-        "type=\"stick\" player=\"1\" buttons=\"9\"/></dipswitch><input players=\"2\" coins=\"1\">"
+        "height=\"224\"/><display type=\"vector\"/><input players=\"2\" coins=\"1\">"
         "<control type=\"paddle\" player=\"2\" buttons=\"3\"/>"
         "<control type=\"joy\" player=\"1\" buttons=\"2\" ways=\"3 (half4)\"/><control "
         "type=\"dial\" player=\"1\"/>"
-        "</input></machine>";
+        "</input><dipswitch name=\"x\"><control type=\"stick\" buttons=\"9\"/></dipswitch></machine>";
     const std::string middle =
         "<game" + names + texts +
         "<display type=\"raster\" rotate=\"270\" width=\"288\" height=\"224\"/>"
