@@ -32,7 +32,8 @@ const std::array<SettingRow, 85> settingTable = {{
     {"System", "SelectedGame", SettingKind::text, &Settings::selectedGame, "0", 3,
      "Short name of the game that is selected at the start."},
     {"Settings", "Mame.exe", SettingKind::text, &Settings::mameExe, "c:\\fix_the_ini_file.exe", notSaved,
-     "The emulator. With a drive letter it runs in its own folder, otherwise in that of the front end."},
+     "The emulator. With a drive letter or an absolute path it runs in its own folder, otherwise in that of "
+     "the front end."},
     {"Settings", "Mameinfo.dat", SettingKind::text, &Settings::mameInfoPath, ".\\mameinfo.dat", notSaved,
      "The game information file."},
     {"Settings", "Roms.dir", SettingKind::text, &Settings::romsDir, "c:\\roms", notSaved,

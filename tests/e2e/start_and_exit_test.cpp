@@ -7,7 +7,11 @@
 #include <X11/Xlib.h>
 #include <algorithm>
 #include <csignal>
+#include <cstdlib>
+#include <fcntl.h>
 #include <filesystem>
+#include <sys/stat.h>
+#include <unistd.h>
 
 namespace {
 
@@ -171,6 +175,24 @@ TEST_F(CabinetTest, AFullDiskCostsNeitherTheSettingsNorTheProgram) {
     screen->settled();
     EXPECT_EQ(leave(), 0);
     EXPECT_EQ(readFile("kestravox.ini"), before);
+}
+
+// The information file and the configuration of the fonts are odd, so that both the program and a library
+// have something to print.
+TEST_F(CabinetTest, StreamsThatNobodyReadsHoldNothingUp) {
+    makeList();
+    writeFile("mameinfo.dat", "$end\n");
+    writeFile("fonts.conf", "<fontconfig><unknown/><include>/etc/fonts/fonts.conf</include></fontconfig>\n");
+    setenv("FONTCONFIG_FILE", path("fonts.conf").c_str(), 1);
+    ASSERT_EQ(mkfifo(path("output.txt").c_str(), 0600), 0);
+    const int output = open(path("output.txt").c_str(), O_RDWR | O_NONBLOCK);
+    while (write(output, "full", 4) > 0) {
+    }
+    startFrontEnd();
+    waitForList();
+    EXPECT_EQ(leave(), 0);
+    close(output);
+    std::filesystem::remove(path("output.txt"));
 }
 
 } // namespace
