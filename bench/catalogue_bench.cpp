@@ -5,10 +5,10 @@
 #include "catalogue/game_filter.h"
 #include "catalogue/game_sort.h"
 #include "catalogue/rom_scan.h"
+#include "catalogue/visible_games.h"
 #include "config/settings.h"
 #include "large_cabinet.h"
 #include "platform/files.h"
-#include "state/shared_state.h"
 #include "support/temporary_folder.h"
 
 #include <benchmark/benchmark.h>

@@ -1,11 +1,11 @@
 // What opening the options menu costs on a machine with 2,000 fonts: copies of an installed one, each with
 // names of its own, behind a private configuration of the fonts.
+#include "app/window_state.h"
 #include "config/settings.h"
 #include "overlays/menu_model.h"
 #include "overlays/options_menu.h"
 #include "platform/display.h"
 #include "platform/window.h"
-#include "state/shared_state.h"
 #include "support/temporary_folder.h"
 
 #include <benchmark/benchmark.h>

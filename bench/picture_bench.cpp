@@ -1,12 +1,16 @@
 // What pictures cost a redraw and a rebuilt page of tiles, beside decoding the same files with libpng alone,
 // and whether memory grows over 10,000 redraws. The art is made here, photograph-like, in the sizes of real
 // packs. Bare decoding and drawing take turns, so that a busy machine slows both.
+#include "app/window_state.h"
+#include "catalogue/selection.h"
+#include "catalogue/visible_games.h"
 #include "config/settings.h"
 #include "photograph.h"
 #include "platform/device_context.h"
 #include "platform/drawing.h"
 #include "render/composition.h"
-#include "state/shared_state.h"
+#include "render/page.h"
+#include "render/status_bar.h"
 #include "support/temporary_folder.h"
 
 #include <benchmark/benchmark.h>
@@ -102,7 +106,7 @@ struct Frame {
             bitmap = CreateCompatibleBitmap(*dc, width, height);
             SelectObject(*dc, bitmap);
         }
-        browserDirty = 1;
+        ++viewGeneration;
         topIndex = 0;
         selectedIndex = 0;
     }
@@ -154,9 +158,9 @@ void measureScene(benchmark::State& state, const Scene& scene, int width, int he
         start = std::clock();
         BitBlt(scratchDC, 0, 0, width, height, backDC, 0, 0, SRCCOPY);
         copying += secondsSince(start);
-        browserDirty = 1;
+        ++viewGeneration;
         drawScreen(backDC, backBitmap); // the page again, which the copy has spoilt
-        browserDirty = scene.rebuildsPage ? 1 : 0;
+        viewGeneration += scene.rebuildsPage ? 1 : 0;
         start = std::clock();
         drawScreen(backDC, backBitmap);
         const double time = secondsSince(start);
@@ -181,7 +185,7 @@ void measureMemory(benchmark::State& state) {
             settings.menuType = redraw / 4 % 2 == 0 ? menuTypeListView : menuTypeImageBrowser;
             settings.previewPictures = redraw / 8 % 5;
             selectedIndex = redraw % gameCount;
-            browserDirty = redraw % 16 == 0 ? 1 : 0;
+            viewGeneration += redraw % 16 == 0 ? 1 : 0;
             drawScreen(backDC, backBitmap);
             before = redraw == 99 ? residentMegabytes() : before;
         }

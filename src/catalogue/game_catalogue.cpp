@@ -1,7 +1,7 @@
 #include "catalogue/game_catalogue.h"
 
 #include "catalogue/list_parser.h"
-#include "state/shared_state.h"
+#include "catalogue/visible_games.h"
 
 #include <cstdlib>
 
@@ -77,9 +77,7 @@ void readGameList(FILE* stream) {
 }
 
 void freeGameList() {
-    std::free(static_cast<void*>(visibleGames));
-    visibleGames = nullptr;
-    visibleCount = 0;
+    setVisibleGames(nullptr, 0);
     hashDestroy(gameIndex);
     gameIndex = nullptr;
     for (std::int32_t game = 0; game < gameCount; ++game) {

@@ -3,8 +3,8 @@
 // game information. It finds no file and makes no list.
 #pragma once
 
+#include "catalogue/game_record.h"
 #include "catalogue/hash_table.h"
-#include "state/game_record.h"
 
 #include <cstdint>
 #include <cstdio>

@@ -1,8 +1,8 @@
 #include "catalogue/game_filter.h"
 
 #include "catalogue/game_catalogue.h"
+#include "catalogue/visible_games.h"
 #include "config/settings.h"
-#include "state/shared_state.h"
 
 #include <cstdlib>
 #include <cstring>
@@ -50,34 +50,24 @@ bool isVisible(const GameRecord& game) {
 } // namespace
 
 void filterGames() {
-    std::free(static_cast<void*>(visibleGames));
-    visibleGames = nullptr;
-    visibleCount = 0;
+    setVisibleGames(nullptr, 0);
     // Room for all at first: growing by one would copy the whole array again and again.
     auto** visible =
         static_cast<GameRecord**>(std::malloc(static_cast<std::size_t>(gameCount) * sizeof(GameRecord*)));
     if (visible == nullptr) {
         return;
     }
+    std::int32_t count = 0;
     for (std::int32_t game = 0; game < gameCount; ++game) {
         if (isVisible(*allGames[game])) {
-            visible[visibleCount++] = allGames[game];
+            visible[count++] = allGames[game];
         }
     }
-    if (visibleCount == 0) {
+    if (count == 0) {
         std::free(static_cast<void*>(visible));
         return;
     }
-    void* fitted = std::realloc(static_cast<void*>(visible),
-                                static_cast<std::size_t>(visibleCount) * sizeof(GameRecord*));
-    visibleGames = fitted != nullptr ? static_cast<GameRecord**>(fitted) : visible;
-}
-
-std::int32_t findVisibleGame(const char* name) {
-    for (std::int32_t game = 0; game < visibleCount; ++game) {
-        if (std::strcmp(visibleGames[game]->name, name) == 0) {
-            return game;
-        }
-    }
-    return -1;
+    void* fitted =
+        std::realloc(static_cast<void*>(visible), static_cast<std::size_t>(count) * sizeof(GameRecord*));
+    setVisibleGames(fitted != nullptr ? static_cast<GameRecord**>(fitted) : visible, count);
 }

@@ -3,10 +3,5 @@
 // menu closes. What becomes of the selection is the caller's affair.
 #pragma once
 
-#include <cstdint>
-
-// Rebuilds visibleGames and visibleCount from allGames, in its order. visibleGames comes from malloc.
+// Rebuilds visibleGames and visibleCount from allGames, in its order.
 void filterGames();
-
-// Index in visibleGames of the first record with exactly this name, or -1.
-std::int32_t findVisibleGame(const char* name);

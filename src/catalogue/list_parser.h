@@ -3,7 +3,7 @@
 // skipped, nothing is an error.
 #pragma once
 
-#include "state/game_record.h"
+#include "catalogue/game_record.h"
 
 #include <cstdio>
 

@@ -1,10 +1,10 @@
 #include "catalogue/rom_scan.h"
 
+#include "app/game_files.h"
 #include "catalogue/game_catalogue.h"
 #include "catalogue/zip_listing.h"
 #include "config/settings.h"
 #include "platform/files.h"
-#include "state/file_exists.h"
 
 #include <cstdio>
 #include <cstring>

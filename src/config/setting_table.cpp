@@ -1,4 +1,5 @@
 #include "config/setting_table.h"
+#include "catalogue/selection.h"
 
 namespace {
 

@@ -1,14 +1,15 @@
 #include "config/settings.h"
 
+#include "catalogue/selection.h"
 #include "config/ini_values.h"
 #include "config/setting_table.h"
 #include "platform/profile.h"
-#include "state/shared_state.h"
 
 #include <algorithm>
 #include <cstdlib>
 #include <cstring>
 
+const char* iniPath = nullptr;
 Settings settings;
 
 namespace {
@@ -84,16 +85,7 @@ void loadRow(const SettingRow& row) {
     }
 }
 
-// The text to save for a text row, or null when the key must stay as it is in the file.
-const char* textToSave(const SettingRow& row) {
-    if (!isField(row, &Settings::selectedGame)) {
-        return textField(row);
-    }
-    const bool hasSelection = visibleGames != nullptr && selectedIndex >= 0 && selectedIndex < visibleCount;
-    return hasSelection ? visibleGames[selectedIndex]->name : nullptr;
-}
-
-void saveRow(const SettingRow& row) {
+void saveRow(const SettingRow& row, const char* selectedName) {
     switch (row.kind) {
     case SettingKind::flag:
     case SettingKind::number:
@@ -110,7 +102,8 @@ void saveRow(const SettingRow& row) {
         break;
     }
     case SettingKind::text:
-        if (const char* text = textToSave(row)) {
+        // Without a selection the key stays as it is in the file.
+        if (const char* text = isField(row, &Settings::selectedGame) ? selectedName : textField(row)) {
             WritePrivateProfileStringA(row.section, row.key, text, iniPath);
         }
         break;
@@ -127,9 +120,9 @@ void loadSettings() {
     std::ranges::for_each(settingTable, loadRow);
 }
 
-void saveSettings() {
+void saveSettings(const char* selectedName) {
     for (int place = 1; place <= savedSettingCount; ++place) {
-        saveRow(*std::ranges::find(settingTable, place, &SettingRow::savePlace));
+        saveRow(*std::ranges::find(settingTable, place, &SettingRow::savePlace), selectedName);
     }
 }
 

@@ -1,9 +1,10 @@
 // The settings: one process-wide record that loadSettings fills from the ini file at the start, that
-// everybody reads and the options menu changes, and of which saveSettings writes the 24 keys of the menu and
-// the selection back at the end. What each field means, its default and its key stand in setting_table.cpp.
-// The options of single games are no part of this.
+// everybody reads, and of which saveSettings writes the 24 keys of the menu and the selection back at the
+// end. A field that is written after loading names its writers. What each field means, its default and its
+// key stand in setting_table.cpp. The options of single games are no part of this.
 #pragma once
 
+#include "catalogue/selection.h"
 #include "platform/types.h"
 
 #include <cstdint>
@@ -26,7 +27,7 @@ enum SortByChoice : std::int32_t { sortByName = 0, sortByYear = 1, sortByManufac
 struct Settings {
     std::int32_t allowMenu;
     std::int32_t useJoystick;
-    std::int32_t useMameInfoDat; // becomes 0 when the game information file cannot be opened
+    std::int32_t useMameInfoDat; // loadGameInfo sets it to 0 when the file cannot be opened
     std::int32_t invertPlayer2Screen;
     std::int32_t scrollBorderPct;
     char* selectedGame;
@@ -42,18 +43,19 @@ struct Settings {
     char* attractDir;
     char* ambienceFile;
 
-    std::int32_t orientation;      // the rotation in force: 0, 90, -90 or 180 degrees clockwise
+    std::int32_t orientation; // the rotation in force: 0, 90, -90 or 180 degrees clockwise; turnToPlayer and
+                              // the options menu change it
     std::int32_t baseOrientation;  // the configured rotation, which is the one that is saved; set by WinMain
-                                   // and the menu
-    std::int32_t menuType;         // MenuTypeChoice
-    std::int32_t previewPictures;  // PreviewPicturesChoice
-    std::int32_t previewModeWidth; // pixels, as the two below; the image browser recomputes width and height
+                                   // and the options menu
+    std::int32_t menuType;         // MenuTypeChoice; changed by the options menu
+    std::int32_t previewPictures;  // PreviewPicturesChoice; changed by the Picture cycle and the options menu
+    std::int32_t previewModeWidth; // pixels, as the two below; drawImageBrowser sets width and height
     std::int32_t previewModeHeight;
     std::int32_t previewModeSpacer;
     std::int32_t previewFontSize;
 
-    char* fontFace;
-    std::int32_t fontSize;
+    char* fontFace;        // changed by the options menu, as the size and menuFontSize
+    std::int32_t fontSize; // points
     COLORREF fontColor;
     COLORREF backgroundColor;
     COLORREF highlightForeColor;
@@ -64,10 +66,10 @@ struct Settings {
     COLORREF previewHighlightForeColor;
     COLORREF previewHighlightBackColor;
 
-    std::int32_t sortBy; // SortByChoice
+    std::int32_t sortBy; // SortByChoice; changed by the Sort cycle
     std::int32_t ambienceWhilePlaying;
 
-    std::int32_t displayMissingRoms;
+    std::int32_t displayMissingRoms; // the filters down to maxCoins are changed by the options menu
     std::int32_t displayVertical;
     std::int32_t displayHorizontal;
     std::int32_t displayClones;
@@ -115,7 +117,7 @@ struct Settings {
     char* soundSelect;
     char* soundError;
 
-    std::int32_t showStatusBar;
+    std::int32_t showStatusBar; // changed by the options menu, as font and size below
     char* statusBarFontFace;
     std::int32_t statusBarFontSize;
     COLORREF statusBarForeColor;
@@ -124,14 +126,16 @@ struct Settings {
 
 extern Settings settings;
 
+// The ini file: the tail of the command line itself, or a literal. Written once by WinMain.
+extern const char* iniPath;
+
 // Fills every field but baseOrientation from the file at iniPath. What the file does not give gets its
 // default; a file that is missing or cannot be read is no failure. Called once.
 void loadSettings();
 
-// Writes the keys that the menu can change, and the name of the selected game, to the file at iniPath.
-// Without a selection that key keeps what it has in the file. A write that fails changes nothing and is not
-// noticed.
-void saveSettings();
+// Writes the keys that the menu can change, and the name of the selected game unless it is null: that key
+// then keeps what it has in the file. A write that fails changes nothing and is not noticed.
+void saveSettings(const char* selectedName);
 
 // Releases the texts. Called once, at the end.
 void freeSettings();

@@ -1,7 +1,10 @@
 #include "core/commands.h"
 
+#include "app/window_state.h"
 #include "catalogue/game_filter.h"
 #include "catalogue/game_sort.h"
+#include "catalogue/selection.h"
+#include "catalogue/visible_games.h"
 #include "config/settings.h"
 #include "core/popup_commands.h"
 #include "core/start_game.h"
@@ -14,7 +17,7 @@
 #include "platform/window.h"
 #include "render/composition.h"
 #include "render/primitives.h"
-#include "state/shared_state.h"
+#include "render/status_bar.h"
 
 #include <algorithm>
 #include <array>
@@ -64,11 +67,6 @@ constexpr std::int32_t lastCycledPicture = previewTitles;
 
 bool fires(const FixedCommand& command) {
     return keyPressed(command.key) || joyPressed(command.joystick);
-}
-
-void redraw(HWND window) {
-    drawScreen(backDC, backBitmap);
-    InvalidateRect(window, nullptr, FALSE);
 }
 
 void redrawNow(HWND window) {
@@ -146,7 +144,6 @@ void changeSortOrder(HWND window) {
     sortGames();
     filterGames();
     hideMessage();
-    browserDirty = 1;
     finishMove(window, true, redrawNow);
 }
 
@@ -170,9 +167,7 @@ void carryOutFixedCommands(HWND window) {
 void handleTick(HWND window) {
     const PolledControls controls = pollControls(mappedCommands);
     // The new rotation shows with the next frame, which the command of the same tick usually brings.
-    if (turnToPlayer(controls)) {
-        browserDirty = 1;
-    }
+    turnToPlayer(controls);
     carryOutMoves(window, controls);
     carryOutFixedCommands(window);
     if (controls.asksFor(exitProgram)) {

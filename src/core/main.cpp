@@ -1,8 +1,12 @@
 // The road from process entry to the loop and out again.
+#include "app/error_box.h"
+#include "app/window_state.h"
 #include "catalogue/game_catalogue.h"
 #include "catalogue/game_filter.h"
 #include "catalogue/game_sort.h"
 #include "catalogue/rom_scan.h"
+#include "catalogue/selection.h"
+#include "catalogue/visible_games.h"
 #include "config/settings.h"
 #include "core/catalogue_loader.h"
 #include "core/main_loop.h"
@@ -16,17 +20,13 @@
 #include "platform/sound.h"
 #include "platform/window.h"
 #include "render/composition.h"
-#include "state/shared_state.h"
+#include "render/page.h"
 
 #include <algorithm>
 #include <cstdlib>
 #include <ctime>
 
 namespace {
-
-void showError(HWND owner, const char* text) {
-    MessageBoxA(owner, text, "Error", MB_OK);
-}
 
 // 1 when the catalogue is ready, 0 after a message box has told the failure.
 int initGames() {
@@ -43,7 +43,6 @@ int initGames() {
     std::srand(static_cast<unsigned>(std::time(nullptr)));
     topIndex = 0;
     selectedIndex = std::max(findVisibleGame(settings.selectedGame), 0);
-    browserDirty = 1;
     hideMessage();
     initJoystick();
     playSoundFile(settings.soundStartup, SND_ASYNC);
@@ -103,7 +102,7 @@ int WinMain(HINSTANCE instance, HINSTANCE, LPSTR commandTail, int) {
     }
     hideMouseCursor();
     const int result = runMainLoop();
-    saveSettings();
+    saveSettings(selectedGame() ? selectedGame()->name : nullptr);
     freeResources();
     showMouseCursor();
     PlaySoundA(nullptr, nullptr, 0);

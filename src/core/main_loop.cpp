@@ -1,28 +1,16 @@
 #include "core/main_loop.h"
 
+#include "app/tick_clock.h"
+#include "app/window_state.h"
 #include "core/commands.h"
 #include "platform/clock.h"
 #include "platform/window.h"
-#include "state/shared_state.h"
-
-#include <cstdint>
-
-namespace {
-
-constexpr std::int64_t ticksPerSecond = 10;
-
-} // namespace
 
 int runMainLoop() {
-    LARGE_INTEGER frequency{};
-    if (!QueryPerformanceFrequency(&frequency)) {
-        MessageBoxA(mainWindow, "Hardware doesn't support QueryPerformanceFrequency()!", "Error", MB_OK);
+    TickClock clock(mainWindow);
+    if (!clock.runs()) {
         return -1;
     }
-    const std::int64_t tickPeriod = frequency.QuadPart / ticksPerSecond;
-    LARGE_INTEGER now{};
-    QueryPerformanceCounter(&now);
-    std::int64_t lastTick = now.QuadPart;
     for (;;) {
         MSG message{};
         if (PeekMessageA(&message, nullptr, 0, 0, PM_NOREMOVE)) {
@@ -32,10 +20,9 @@ int runMainLoop() {
             TranslateMessage(&message);
             DispatchMessageA(&message);
         }
-        QueryPerformanceCounter(&now);
-        if (now.QuadPart - lastTick >= tickPeriod) {
+        if (clock.isDue()) {
             handleTick(mainWindow);
-            lastTick += tickPeriod;
+            clock.advance();
         } else {
             Sleep(1);
         }

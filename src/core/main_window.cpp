@@ -1,10 +1,11 @@
 #include "core/main_window.h"
 
+#include "app/window_state.h"
+#include "catalogue/selection.h"
 #include "config/settings.h"
 #include "platform/drawing.h"
 #include "platform/screen.h"
 #include "platform/window.h"
-#include "state/shared_state.h"
 
 namespace {
 
@@ -34,7 +35,6 @@ void renewFrameBuffer(HWND window) {
     const LONG width = fourThirds < client.right ? fourThirds : client.right;
     renewBitmap(backDC, backBitmap, width, client.bottom);
     renewBitmap(scratchDC, scratchBitmap, width, client.bottom);
-    browserDirty = 1;
 }
 
 void paintFrame(HWND window) {
@@ -54,7 +54,7 @@ void paintFrame(HWND window) {
 // the first frame there is nothing to save.
 void saveWhatIsShown() {
     if (backBitmap) {
-        saveSettings();
+        saveSettings(selectedGame() ? selectedGame()->name : nullptr);
     }
 }
 

@@ -1,6 +1,8 @@
 #include "core/popup_commands.h"
 
 #include "catalogue/game_filter.h"
+#include "catalogue/selection.h"
+#include "catalogue/visible_games.h"
 #include "config/settings.h"
 #include "input/controls.h"
 #include "overlays/game_info_window.h"
@@ -9,7 +11,6 @@
 #include "platform/clock.h"
 #include "platform/window.h"
 #include "render/composition.h"
-#include "state/shared_state.h"
 
 #include <algorithm>
 #include <string>
@@ -30,24 +31,21 @@ const GameRecord* gameWithInfo(const GameRecord& game) {
     return parent >= 0 && visibleGames[parent]->infoLineCount > 0 ? visibleGames[parent] : nullptr;
 }
 
-bool hasSelection() {
-    return selectedIndex >= 0 && selectedIndex < visibleCount;
-}
-
 void filterAndKeepSelection() {
-    const std::string name = hasSelection() ? visibleGames[selectedIndex]->name : "";
+    const GameRecord* game = selectedGame();
+    const std::string name = game ? game->name : "";
     filterGames();
     selectedIndex = std::max(findVisibleGame(name.c_str()), 0);
-    browserDirty = 1;
 }
 
 } // namespace
 
 void showSelectedGameInfo() {
-    if (!settings.useMameInfoDat || !hasSelection()) {
+    const GameRecord* game = selectedGame();
+    if (!settings.useMameInfoDat || !game) {
         return;
     }
-    if (const GameRecord* source = gameWithInfo(*visibleGames[selectedIndex])) {
+    if (const GameRecord* source = gameWithInfo(*game)) {
         showGameInfo(source->infoLines, source->infoLineCount);
         Sleep(afterPopupDelay);
         flushKeys();
@@ -62,8 +60,7 @@ void runOptionsMenu(HWND window) {
     if (showOptionsMenu()) {
         Sleep(menuAnswersDelay);
         filterAndKeepSelection();
-        drawScreen(backDC, backBitmap);
-        InvalidateRect(window, nullptr, FALSE);
+        redraw(window);
     }
     Sleep(afterPopupDelay);
     flushKeys();

@@ -1,5 +1,6 @@
 #include "core/start_game.h"
 
+#include "catalogue/selection.h"
 #include "config/settings.h"
 #include "input/controls.h"
 #include "input/sounds.h"
@@ -11,7 +12,6 @@
 #include "platform/sound.h"
 #include "platform/window.h"
 #include "render/attract_movie.h"
-#include "state/shared_state.h"
 
 #include <string>
 
@@ -65,14 +65,14 @@ void runGame(const GameRecord& game) {
 } // namespace
 
 void startSelectedGame(HWND window) {
-    if (selectedIndex < 0 || selectedIndex >= visibleCount) {
+    const GameRecord* game = selectedGame();
+    if (!game) {
         return;
     }
-    const GameRecord& game = *visibleGames[selectedIndex];
-    if (!game.romPresent) {
+    if (!game->romPresent) {
         tellMissingRom();
         return;
     }
-    runGame(game);
+    runGame(*game);
     InvalidateRect(window, nullptr, FALSE);
 }

@@ -1,10 +1,10 @@
 #include "input/controls.h"
 
+#include "app/window_state.h"
 #include "config/settings.h"
 #include "platform/diagnostics.h"
 #include "platform/joystick.h"
 #include "platform/keys.h"
-#include "state/shared_state.h"
 
 #include <cstdint>
 

@@ -1,11 +1,11 @@
 #include "input/sounds.h"
 
+#include "app/game_files.h"
+#include "app/media_window.h"
 #include "config/settings.h"
 #include "platform/media.h"
 #include "platform/sound.h"
 #include "platform/window.h"
-#include "state/file_exists.h"
-#include "state/shared_state.h"
 
 HWND ambienceWindow = nullptr;
 
@@ -20,8 +20,6 @@ int startAmbience() {
     if (!fileExists(settings.ambienceFile)) {
         return 0;
     }
-    constexpr DWORD style = MCIWNDF_NOPLAYBAR | MCIWNDF_NOMENU | MCIWNDF_NOERRORDLG | MCIWNDF_NOOPEN;
-    ambienceWindow = MCIWndCreateA(mainWindow, nullptr, style, settings.ambienceFile);
-    const auto command = reinterpret_cast<LPARAM>("play repeat");
-    return SendMessageA(ambienceWindow, MCIWNDM_SENDSTRINGA, 0, command) == 0 ? 1 : 0;
+    ambienceWindow = openMediaWindow(settings.ambienceFile);
+    return playRepeatedly(ambienceWindow);
 }

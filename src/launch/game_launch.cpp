@@ -5,7 +5,6 @@
 #include "launch/process_runner.h"
 #include "platform/profile.h"
 #include "platform/screen.h"
-#include "state/shared_state.h"
 
 #include <string>
 

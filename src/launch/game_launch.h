@@ -3,8 +3,8 @@
 // command, which looks after the screen and the sounds around it.
 #pragma once
 
+#include "catalogue/game_record.h"
 #include "platform/types.h"
-#include "state/game_record.h"
 
 // 1 when the emulator ran to its end, with its exit code in *exitCode; 0 when it did not start, after a
 // message box and with *exitCode as it was. The screen saver is off during the run and on after it.

@@ -1,12 +1,13 @@
 #include "launch/process_runner.h"
 
+#include "app/error_box.h"
+#include "app/window_state.h"
 #include "input/controls.h"
 #include "platform/clock.h"
 #include "platform/files.h"
 #include "platform/keys.h"
 #include "platform/module.h"
 #include "platform/window.h"
-#include "state/shared_state.h"
 
 #include <string>
 
@@ -15,8 +16,8 @@ namespace {
 constexpr BYTE emulatorKey = 0x5A; // the letter Z
 constexpr DWORD emulatorStartDelay = 1000;
 
-void showError(const std::string& text) {
-    MessageBoxA(mainWindow, text.c_str(), "Error", MB_OK);
+void showFailure(const std::string& text) {
+    showError(mainWindow, text.c_str());
 }
 
 void settleAfterRun() {
@@ -52,7 +53,7 @@ HANDLE createOutput(const char* path, SECURITY_ATTRIBUTES* security) {
     const HANDLE file = CreateFileA(path, GENERIC_WRITE, FILE_SHARE_READ, security, CREATE_ALWAYS,
                                     FILE_ATTRIBUTE_NORMAL, nullptr);
     if (file == INVALID_HANDLE_VALUE) {
-        showError(std::string("Failed to create file [") + path + "]!");
+        showFailure(std::string("Failed to create file [") + path + "]!");
     }
     return file;
 }
@@ -75,7 +76,7 @@ int runProcess(char* commandLine, const char* workingDirectory, STARTUPINFOA* st
     PROCESS_INFORMATION process{};
     if (!CreateProcessA(nullptr, commandLine, securityAttributes, securityAttributes, TRUE, 0, nullptr,
                         workingDirectory, startupInfo, &process)) {
-        showError("Failed to execute [" + asked + "]!");
+        showFailure("Failed to execute [" + asked + "]!");
         settleAfterRun();
         return 0;
     }
@@ -84,7 +85,7 @@ int runProcess(char* commandLine, const char* workingDirectory, STARTUPINFOA* st
     }
     WaitForSingleObject(process.hProcess, INFINITE);
     if (exitCode && gameRun != 0 && !GetExitCodeProcess(process.hProcess, exitCode)) {
-        showError("GetExitCodeProcess failed!");
+        showFailure("GetExitCodeProcess failed!");
     }
     CloseHandle(process.hProcess);
     CloseHandle(process.hThread);
@@ -114,7 +115,7 @@ int runFilter(char* commandLine, const char* workingDirectory, const char* input
     const HANDLE input = CreateFileA(inputPath, GENERIC_READ, FILE_SHARE_READ, &records.security,
                                      OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
     if (input == INVALID_HANDLE_VALUE) {
-        showError(std::string("Failed to open file [") + inputPath + "]!");
+        showFailure(std::string("Failed to open file [") + inputPath + "]!");
         CloseHandle(output);
         return 0;
     }

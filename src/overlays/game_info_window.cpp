@@ -1,5 +1,7 @@
 #include "overlays/game_info_window.h"
 
+#include "app/tick_clock.h"
+#include "app/window_state.h"
 #include "config/settings.h"
 #include "input/controls.h"
 #include "input/mapped_controls.h"
@@ -8,7 +10,6 @@
 #include "platform/diagnostics.h"
 #include "platform/drawing.h"
 #include "render/primitives.h"
-#include "state/shared_state.h"
 
 #include <algorithm>
 #include <array>
@@ -17,9 +18,6 @@
 namespace {
 
 constexpr LPCSTR scrollClass = "ScrollWndClass";
-
-// Pixels between the text and each edge of the window.
-constexpr std::int32_t textMargin = 6;
 
 // The caller's lines, and the lines as cut to the window.
 const char* const* scrollSource = nullptr;
@@ -30,9 +28,7 @@ std::int32_t wrappedCount = 0;
 // First of the cut lines that is shown.
 std::int32_t scrollTop = 0;
 
-HDC scrollWindowDC = nullptr;
-HDC scrollDrawDC = nullptr;
-HBITMAP scrollBitmap = nullptr;
+PopupSurface scrollSurface;
 
 // The first group turns the screen to the player who touches it, the second does not.
 enum ScrollAction : std::size_t { lineUp, lineDown, leave };
@@ -57,9 +53,9 @@ void freeWrappedLines() {
 }
 
 void prepareText() {
-    selectFont(scrollDrawDC, settings.fontFace, settings.fontSize, settings.orientation, 0);
-    SetTextColor(scrollDrawDC, settings.fontColor);
-    SetBkMode(scrollDrawDC, TRANSPARENT);
+    selectFont(scrollSurface.drawDC, settings.fontFace, settings.fontSize, settings.orientation, 0);
+    SetTextColor(scrollSurface.drawDC, settings.fontColor);
+    SetBkMode(scrollSurface.drawDC, TRANSPARENT);
 }
 
 // Only lines that fit whole are drawn.
@@ -67,15 +63,15 @@ void drawScrollText(HWND window) {
     RECT client{};
     GetClientRect(window, &client);
     prepareText();
-    fillRect(scrollDrawDC, client, settings.backgroundColor);
-    const std::int32_t lineHeight = textHeight(scrollDrawDC);
+    fillRect(scrollSurface.drawDC, client, settings.backgroundColor);
+    const std::int32_t lineHeight = textHeight(scrollSurface.drawDC);
     const LONG across = isQuarterTurn(settings.orientation) ? client.right : client.bottom;
     LONG place = textMargin;
     for (std::int32_t line = scrollTop; line < wrappedCount; ++line) {
         if (place > across - lineHeight - textMargin) {
             break;
         }
-        drawText(scrollDrawDC, textOrigin(client, textMargin, place), wrappedLines[line]);
+        drawText(scrollSurface.drawDC, textOrigin(client, textMargin, place), wrappedLines[line]);
         place += lineHeight;
     }
 }
@@ -86,43 +82,28 @@ void redraw(HWND window) {
 }
 
 void wrapAndRender(HWND window) {
-    renewPopupBitmap(window, scrollWindowDC, scrollDrawDC, scrollBitmap);
+    renewPopupBitmap(scrollSurface, window);
     prepareText();
     freeWrappedLines();
-    wrappedLines = wordWrapText(window, scrollDrawDC, scrollSource, scrollSourceCount, &wrappedCount);
+    wrappedLines = wordWrapText(window, scrollSurface.drawDC, scrollSource, scrollSourceCount, &wrappedCount);
     redraw(window);
 }
 
-void release(HWND window) {
-    releasePopupContexts(window, scrollWindowDC, scrollDrawDC, scrollBitmap);
-    freeWrappedLines();
-}
-
 LRESULT scrollWindowProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-    switch (message) {
-    case WM_CREATE:
-        createPopupContexts(window, scrollWindowDC, scrollDrawDC);
-        return 0;
-    case WM_DESTROY:
-        release(window);
-        return 0;
-    case WM_SIZE:
-        wrapAndRender(window);
-        return 0;
-    case WM_SETFOCUS:
-        appActive = 1;
-        return 0;
-    case WM_KILLFOCUS:
-        appActive = 0;
-        return 0;
-    case WM_PAINT:
-        if (!paintPopup(window, scrollWindowDC, scrollDrawDC)) {
-            writeDiagnostic(standardOutput, "SOMETING!");
+    if (message == WM_PAINT && !scrollSurface.drawDC) {
+        writeDiagnostic(standardOutput, "SOMETING!");
+    }
+    if (handleSurfaceMessage(scrollSurface, window, message)) {
+        if (message == WM_DESTROY) {
+            freeWrappedLines();
         }
         return 0;
-    default:
-        return DefWindowProcA(window, message, wParam, lParam);
     }
+    if (message == WM_SIZE) {
+        wrapAndRender(window);
+        return 0;
+    }
+    return handleFocusMessage(message) ? 0 : DefWindowProcA(window, message, wParam, lParam);
 }
 
 // The border is a part of the main window's width and height on every side, whatever the rotation.
@@ -157,16 +138,14 @@ bool scrollTick(HWND window) {
     return scroll.asksFor(leave) || inform.asksFor(information);
 }
 
-// Looks for messages without a pause; a tick that was late is not made up for.
+// Polls without a pause; a tick that was late is not made up for. A shutdown ends the window under the loop.
 void scrollLoop(HWND window) {
-    const std::int64_t period = popupTickPeriod();
-    std::int64_t lastTick = popupClock();
+    TickClock clock(nullptr);
     bool done = false;
-    while (period > 0 && servePopupMessage(done) &&
-           scrollDrawDC) { // a shutdown ends the window under the loop
-        if (popupClock() - lastTick >= period) {
+    while (clock.runs() && servePopupMessage(done) && scrollSurface.drawDC) {
+        if (clock.isDue()) {
             done = scrollTick(window) || done;
-            lastTick = popupClock();
+            clock.restart();
         }
     }
 }

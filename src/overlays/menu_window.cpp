@@ -1,5 +1,7 @@
 #include "overlays/menu_window.h"
 
+#include "app/tick_clock.h"
+#include "app/window_state.h"
 #include "config/settings.h"
 #include "input/controls.h"
 #include "input/mapped_controls.h"
@@ -7,7 +9,6 @@
 #include "platform/clock.h"
 #include "platform/drawing.h"
 #include "render/primitives.h"
-#include "state/shared_state.h"
 
 #include <algorithm>
 #include <array>
@@ -18,8 +19,7 @@ namespace {
 
 constexpr LPCSTR menuClass = "MenuWndClass";
 
-// Pixels between the two ends of a line and its texts, and what a menu is wider than its longest texts.
-constexpr std::int32_t textMargin = 6;
+// What a menu is wider than its longest texts, in pixels.
 constexpr std::int32_t widthBeyondTexts = 112;
 
 // One open menu.
@@ -27,9 +27,7 @@ struct MenuWindow {
     MenuItem** items = nullptr; // borrowed
     std::int32_t itemCount = 0;
     HWND window = nullptr; // null again once the window has ended
-    HDC clientDC = nullptr;
-    HDC drawDC = nullptr;
-    HBITMAP bitmap = nullptr;
+    PopupSurface surface;
     std::int32_t selected = 0;
     std::int32_t top = 0; // first line shown
     bool done = false;
@@ -64,13 +62,13 @@ SIZE wantedSize(const MenuWindow& record) {
     std::int32_t maxChoice = 0;
     for (std::int32_t line = 0; line < record.itemCount; ++line) {
         const MenuItem& item = *record.items[line];
-        maxLabel = std::max(maxLabel, textWidth(record.drawDC, item.label));
+        maxLabel = std::max(maxLabel, textWidth(record.surface.drawDC, item.label));
         for (std::int32_t choice = 0; choice < item.choiceCount; ++choice) {
-            maxChoice = std::max(maxChoice, textWidth(record.drawDC, item.choices[choice]));
+            maxChoice = std::max(maxChoice, textWidth(record.surface.drawDC, item.choices[choice]));
         }
     }
     const LONG along = maxLabel + maxChoice + widthBeyondTexts;
-    const LONG across = textHeight(record.drawDC) * record.itemCount;
+    const LONG across = textHeight(record.surface.drawDC) * record.itemCount;
     return isQuarterTurn(settings.orientation) ? SIZE{across, along} : SIZE{along, across};
 }
 
@@ -112,7 +110,7 @@ void drawLine(HDC dc, const RECT& client, const MenuItem& item, std::int32_t acr
 }
 
 void drawMenu(MenuWindow& record) {
-    const HDC dc = record.drawDC;
+    const HDC dc = record.surface.drawDC;
     RECT client{};
     GetClientRect(record.window, &client);
     selectMenuFont(dc, 0);
@@ -142,8 +140,8 @@ void redraw(MenuWindow& record) {
 void fitAndRender(MenuWindow& record) {
     RECT client{};
     GetClientRect(record.window, &client);
-    renewPopupBitmap(record.window, record.clientDC, record.drawDC, record.bitmap);
-    selectMenuFont(record.drawDC, 0);
+    renewPopupBitmap(record.surface, record.window);
+    selectMenuFont(record.surface.drawDC, 0);
     const SIZE wanted = wantedSize(record);
     if (wanted.cx != client.right || wanted.cy != client.bottom) {
         resizeMenu(record, client, wanted);
@@ -159,29 +157,17 @@ LRESULT menuWindowProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) 
     if (!record) {
         return 0;
     }
-    switch (message) {
-    case WM_CREATE:
-        createPopupContexts(window, record->clientDC, record->drawDC);
+    if (handleSurfaceMessage(record->surface, window, message)) {
+        if (message == WM_DESTROY) {
+            record->window = nullptr;
+        }
         return 0;
-    case WM_DESTROY:
-        releasePopupContexts(window, record->clientDC, record->drawDC, record->bitmap);
-        record->window = nullptr;
-        return 0;
-    case WM_SIZE:
+    }
+    if (message == WM_SIZE) {
         fitAndRender(*record);
         return 0;
-    case WM_SETFOCUS:
-        appActive = 1;
-        return 0;
-    case WM_KILLFOCUS:
-        appActive = 0;
-        return 0;
-    case WM_PAINT:
-        paintPopup(window, record->clientDC, record->drawDC);
-        return 0;
-    default:
-        return DefWindowProcA(window, message, wParam, lParam);
     }
+    return handleFocusMessage(message) ? 0 : DefWindowProcA(window, message, wParam, lParam);
 }
 
 int ensureMenuClass() {
@@ -221,9 +207,7 @@ void takeNextChoice(MenuWindow& record) {
 
 void menuTick(MenuWindow& record) {
     const PolledControls controls = pollControls(menuControls);
-    if (turnToPlayer(controls)) {
-        browserDirty = 1;
-    }
+    turnToPlayer(controls);
     const bool hasLines = record.itemCount > 0;
     if (hasLines && controls.asksFor(lineUp)) {
         stepLine(record, -1);
@@ -245,12 +229,11 @@ void menuTick(MenuWindow& record) {
 // Ticks that a stall has held up are made up for, back to back. Ends also when the window is gone, since the
 // quit that comes with the end of the main window reaches the innermost of several menus only.
 void menuLoop(MenuWindow& record) {
-    const std::int64_t period = popupTickPeriod();
-    std::int64_t lastTick = popupClock();
-    while (period > 0 && servePopupMessage(record.done) && record.window) {
-        if (popupClock() - lastTick >= period) {
+    TickClock clock(nullptr);
+    while (clock.runs() && servePopupMessage(record.done) && record.window) {
+        if (clock.isDue()) {
             menuTick(record);
-            lastTick += period;
+            clock.advance();
         } else {
             Sleep(1);
         }

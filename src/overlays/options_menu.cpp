@@ -1,9 +1,9 @@
 #include "overlays/options_menu.h"
 
+#include "app/window_state.h"
 #include "config/settings.h"
 #include "overlays/menu_model.h"
 #include "overlays/menu_window.h"
-#include "state/shared_state.h"
 
 #include <algorithm>
 #include <array>

@@ -1,8 +1,7 @@
 #include "overlays/popup_window.h"
 
-#include "platform/clock.h"
+#include "app/window_state.h"
 #include "platform/drawing.h"
-#include "state/shared_state.h"
 
 ATOM registerPopupClass(LPCSTR className, LPCSTR menuName, WNDPROC procedure) {
     WNDCLASSA windowClass{};
@@ -22,59 +21,69 @@ HWND createPopup(LPCSTR className, int x, int y, int width, int height) {
                            nullptr, appInstance, nullptr);
 }
 
-void createPopupContexts(HWND window, HDC& clientDC, HDC& drawDC) {
-    clientDC = GetDC(window);
-    drawDC = CreateCompatibleDC(clientDC);
+namespace {
+
+void createContexts(PopupSurface& surface, HWND window) {
+    surface.clientDC = GetDC(window);
+    surface.drawDC = CreateCompatibleDC(surface.clientDC);
 }
 
-void releasePopupContexts(HWND window, HDC& clientDC, HDC& drawDC, HBITMAP& bitmap) {
-    if (drawDC) {
-        DeleteDC(drawDC);
+void releaseSurface(PopupSurface& surface, HWND window) {
+    if (surface.drawDC) {
+        DeleteDC(surface.drawDC);
     }
-    if (clientDC) {
-        ReleaseDC(window, clientDC);
+    if (surface.clientDC) {
+        ReleaseDC(window, surface.clientDC);
     }
-    if (bitmap) {
-        DeleteObject(bitmap);
+    if (surface.bitmap) {
+        DeleteObject(surface.bitmap);
     }
-    drawDC = nullptr;
-    clientDC = nullptr;
-    bitmap = nullptr;
+    surface = {};
 }
 
-void renewPopupBitmap(HWND window, HDC clientDC, HDC drawDC, HBITMAP& bitmap) {
-    RECT client{};
-    GetClientRect(window, &client);
-    bitmap = CreateCompatibleBitmap(clientDC, client.right - client.left, client.bottom - client.top);
-    DeleteObject(SelectObject(drawDC, bitmap));
-}
-
-bool paintPopup(HWND window, HDC clientDC, HDC drawDC) {
+void paintSurface(const PopupSurface& surface, HWND window) {
     PAINTSTRUCT paint{};
     RECT client{};
     BeginPaint(window, &paint);
     GetClientRect(window, &client);
-    if (drawDC) {
-        BitBlt(clientDC, 0, 0, client.right, client.bottom, drawDC, 0, 0, SRCCOPY);
+    if (surface.drawDC) {
+        BitBlt(surface.clientDC, 0, 0, client.right, client.bottom, surface.drawDC, 0, 0, SRCCOPY);
     }
     EndPaint(window, &paint);
-    return drawDC != nullptr;
 }
 
-std::int64_t popupTickPeriod() {
-    constexpr std::int64_t ticksPerSecond = 10;
-    LARGE_INTEGER frequency{};
-    if (!QueryPerformanceFrequency(&frequency)) {
-        MessageBoxA(nullptr, "Hardware doesn't support QueryPerformanceFrequency()!", "Error", MB_OK);
-        return 0;
+} // namespace
+
+bool handleSurfaceMessage(PopupSurface& surface, HWND window, UINT message) {
+    switch (message) {
+    case WM_CREATE:
+        createContexts(surface, window);
+        return true;
+    case WM_DESTROY:
+        releaseSurface(surface, window);
+        return true;
+    case WM_PAINT:
+        paintSurface(surface, window);
+        return true;
+    default:
+        return false;
     }
-    return frequency.QuadPart / ticksPerSecond;
 }
 
-std::int64_t popupClock() {
-    LARGE_INTEGER now{};
-    QueryPerformanceCounter(&now);
-    return now.QuadPart;
+bool handleFocusMessage(UINT message) {
+    if (message != WM_SETFOCUS && message != WM_KILLFOCUS) {
+        return false;
+    }
+    appActive = message == WM_SETFOCUS ? 1 : 0;
+    return true;
+}
+
+void renewPopupBitmap(PopupSurface& surface, HWND window) {
+    RECT client{};
+    GetClientRect(window, &client);
+    surface.bitmap =
+        CreateCompatibleBitmap(surface.clientDC, client.right - client.left, client.bottom - client.top);
+    DeleteObject(SelectObject(surface.drawDC, surface.bitmap));
 }
 
 bool servePopupMessage(bool done) {

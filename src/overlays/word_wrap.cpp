@@ -15,9 +15,6 @@
 
 namespace {
 
-// Pixels that stay free at each end of a line.
-constexpr LONG textMargin = 6;
-
 struct Wrapper {
     HDC dc;
     LONG limit;

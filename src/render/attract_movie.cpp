@@ -1,10 +1,10 @@
 #include "render/attract_movie.h"
 
+#include "app/game_files.h"
+#include "app/media_window.h"
 #include "config/settings.h"
 #include "platform/media.h"
 #include "platform/window.h"
-#include "state/file_exists.h"
-#include "state/shared_state.h"
 
 #include <string>
 
@@ -61,12 +61,10 @@ int playAttractMovie(const GameRecord* game, RECT* area) {
     if (path.empty()) {
         return 0;
     }
-    constexpr DWORD style = MCIWNDF_NOPLAYBAR | MCIWNDF_NOMENU | MCIWNDF_NOERRORDLG | MCIWNDF_NOOPEN;
-    movieWindow = MCIWndCreateA(mainWindow, nullptr, style, path.c_str());
+    movieWindow = openMediaWindow(path.c_str());
     placeMovie(area);
     SendMessageA(movieWindow, MCI_PLAY, 0, 0);
-    const auto command = reinterpret_cast<LPARAM>("play repeat");
-    return SendMessageA(movieWindow, MCIWNDM_SENDSTRINGA, 0, command) == 0 ? 1 : 0;
+    return playRepeatedly(movieWindow);
 }
 
 void closeAttractMovie() {

@@ -3,8 +3,8 @@
 // frame here.
 #pragma once
 
+#include "catalogue/game_record.h"
 #include "platform/types.h"
-#include "state/game_record.h"
 
 // The window of the movie, null when none is open. Written by the two functions below.
 extern HWND movieWindow;

@@ -1,14 +1,17 @@
 #include "render/composition.h"
 
+#include "app/window_state.h"
+#include "catalogue/selection.h"
+#include "catalogue/visible_games.h"
 #include "config/settings.h"
 #include "platform/drawing.h"
+#include "platform/window.h"
 #include "render/attract_movie.h"
 #include "render/image_browser.h"
 #include "render/list_view.h"
 #include "render/pictures.h"
 #include "render/primitives.h"
 #include "render/status_bar.h"
-#include "state/shared_state.h"
 
 namespace {
 
@@ -55,4 +58,9 @@ int drawScreen(HDC dc, HBITMAP bitmap) {
         drawListView(dc, &area);
     }
     return 1;
+}
+
+void redraw(HWND window) {
+    drawScreen(backDC, backBitmap);
+    InvalidateRect(window, nullptr, FALSE);
 }

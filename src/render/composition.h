@@ -8,3 +8,6 @@
 // Draws the frame into a device context that has the bitmap selected. Without visible games it is the bare
 // background. Always 1.
 int drawScreen(HDC dc, HBITMAP bitmap);
+
+// Composes the frame buffer anew and has the window paint it.
+void redraw(HWND window);

@@ -1,12 +1,15 @@
 #include "render/image_browser.h"
 
+#include "app/window_state.h"
+#include "catalogue/selection.h"
+#include "catalogue/visible_games.h"
 #include "config/settings.h"
 #include "platform/drawing.h"
 #include "platform/shapes.h"
+#include "render/page.h"
 #include "render/pictures.h"
 #include "render/primitives.h"
 #include "render/turns.h"
-#include "state/shared_state.h"
 
 #include <algorithm>
 
@@ -35,18 +38,6 @@ std::int32_t layOutPage(HDC dc, HBITMAP bitmap, const RECT& area) {
     return std::max(tileRows(area.right, area.bottom, reserve) + 1, 1);
 }
 
-// Whole pages. Gives whether topIndex moved.
-bool bringSelectionToPage(std::int32_t visibleTiles) {
-    const std::int32_t before = topIndex;
-    while (selectedIndex < topIndex) {
-        topIndex = std::max(topIndex - visibleTiles, 0);
-    }
-    while (selectedIndex > topIndex + visibleTiles - 1) {
-        topIndex = std::min(topIndex + visibleTiles, visibleCount - visibleTiles);
-    }
-    return topIndex != before;
-}
-
 RECT tileRect(const RECT& area, std::int32_t position) {
     const LONG width = settings.previewModeWidth;
     const LONG height = settings.previewModeHeight;
@@ -55,12 +46,33 @@ RECT tileRect(const RECT& area, std::int32_t position) {
     return turnedRect(area, {spacer, spacer + along, spacer + width, spacer + along + height});
 }
 
-// The rotation that the page was drawn for. Not everybody who turns the screen says so.
-std::int32_t pageOrientation = 0;
+// What a page of tiles was drawn from.
+struct PageSource {
+    HBITMAP surface;
+    std::uint32_t viewGeneration;
+    std::int32_t topIndex;
+    std::int32_t visibleTiles;
+    std::int32_t tileWidth;
+    std::int32_t tileHeight;
+    std::int32_t spacer;
+    std::int32_t orientation;
+    COLORREF background;
+    bool operator==(const PageSource&) const = default;
+};
 
-void rebuildPage(const RECT& area, std::int32_t visibleTiles) {
-    browserDirty = 0;
-    pageOrientation = settings.orientation;
+PageSource presentSource(std::int32_t visibleTiles) {
+    return {scratchBitmap,
+            viewGeneration,
+            topIndex,
+            visibleTiles,
+            settings.previewModeWidth,
+            settings.previewModeHeight,
+            tileSpacer(),
+            settings.orientation,
+            settings.previewBackgroundColor};
+}
+
+void drawPage(const RECT& area, std::int32_t visibleTiles) {
     fillRect(scratchDC, area, settings.previewBackgroundColor);
     for (std::int32_t tile = 0; tile < visibleTiles && topIndex + tile < visibleCount; ++tile) {
         const RECT place = tileRect(area, tile);
@@ -94,9 +106,13 @@ void drawRing(HDC dc, const RECT& area) {
 
 int drawImageBrowser(HDC dc, HBITMAP bitmap, const RECT* area) {
     const std::int32_t visibleTiles = layOutPage(dc, bitmap, *area);
-    const bool moved = bringSelectionToPage(visibleTiles);
-    if (moved || browserDirty || pageOrientation != settings.orientation) {
-        rebuildPage(*area, visibleTiles);
+    bringSelectionToPage(visibleTiles);
+    static PageSource drawnFrom{};
+    const PageSource source = presentSource(visibleTiles);
+    const bool browserDirty = source != drawnFrom;
+    if (browserDirty) {
+        drawPage(*area, visibleTiles);
+        drawnFrom = source;
     }
     BitBlt(dc, area->left, area->top, area->right, area->bottom, scratchDC, area->left, area->top, SRCCOPY);
     drawRing(dc, *area);

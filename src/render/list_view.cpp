@@ -1,19 +1,19 @@
 #include "render/list_view.h"
 
+#include "catalogue/selection.h"
+#include "catalogue/visible_games.h"
 #include "config/settings.h"
 #include "platform/drawing.h"
 #include "render/attract_movie.h"
+#include "render/page.h"
 #include "render/pictures.h"
 #include "render/primitives.h"
 #include "render/status_bar.h"
 #include "render/turns.h"
-#include "state/shared_state.h"
 
 #include <algorithm>
 
 namespace {
-
-constexpr std::int32_t textMargin = 6;
 
 // Title lines on the screen: the titles take half of the frame. Never below 1, or the selection could not be
 // brought in.
@@ -51,16 +51,6 @@ TurnedPlace picturePlace(const RECT& area, const RECT& quarter, const RECT& page
     return {area,
             {(wanted.left + wanted.right) / 2, (wanted.top + wanted.bottom) / 2},
             {0, 0, size.cx, abovePage ? page.top : size.cy}};
-}
-
-// Whole pages, so that a jump lands on the same grid as stepping.
-void bringSelectionToPage(std::int32_t page) {
-    while (selectedIndex < topIndex) {
-        topIndex = std::max(topIndex - page, 0);
-    }
-    while (selectedIndex > topIndex + page - 1) {
-        topIndex = std::min(topIndex + page, visibleCount - page);
-    }
 }
 
 void selectListFont(HDC dc, int emphasis) {

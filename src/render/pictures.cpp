@@ -1,11 +1,11 @@
 #include "render/pictures.h"
 
+#include "app/game_files.h"
 #include "config/settings.h"
 #include "platform/memory.h"
 #include "png/png_dib.h"
 #include "render/picture_turn.h"
 #include "render/primitives.h"
-#include "state/file_exists.h"
 
 #include <array>
 #include <string>

@@ -4,9 +4,9 @@
 // drawn or there is no file, and 0 when the file cannot be shown.
 #pragma once
 
+#include "catalogue/game_record.h"
 #include "platform/types.h"
 #include "render/turns.h"
-#include "state/game_record.h"
 
 // Across the top of the frame down to 20 pixels above the middle of the area.
 int drawMarqueeBanner(HDC dc, const GameRecord* game, const RECT* area);

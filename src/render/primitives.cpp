@@ -1,10 +1,11 @@
 #include "render/primitives.h"
 
+#include "app/error_box.h"
+#include "app/window_state.h"
 #include "config/settings.h"
 #include "platform/drawing.h"
 #include "platform/text.h"
 #include "platform/window.h"
-#include "state/shared_state.h"
 
 #include <algorithm>
 #include <cstdio>
@@ -20,10 +21,6 @@ constexpr std::int32_t largestSize = 32767; // pixels; no frame is larger
 
 // Escapement counts tenths of a degree counter-clockwise, a rotation whole degrees clockwise.
 constexpr LONG escapementPerDegree = -10;
-
-void showError(const char* text) {
-    MessageBoxA(mainWindow, text, "Error", MB_OK);
-}
 
 std::int32_t measuredSide(std::int32_t width, std::int32_t height) {
     return isQuarterTurn(settings.orientation) ? width : height;
@@ -81,7 +78,7 @@ int selectFont(HDC dc, const char* faceName, std::int32_t points, std::int32_t r
 std::int32_t textHeight(HDC dc) {
     TEXTMETRICA metrics{};
     if (!GetTextMetricsA(dc, &metrics)) {
-        showError("GetTextMetrics failed!");
+        showError(mainWindow, "GetTextMetrics failed!");
         return 0;
     }
     return metrics.tmHeight - metrics.tmExternalLeading;
@@ -90,7 +87,7 @@ std::int32_t textHeight(HDC dc) {
 std::int32_t textWidth(HDC dc, const char* text) {
     SIZE size{};
     if (!GetTextExtentPoint32A(dc, text, static_cast<int>(std::strlen(text)), &size)) {
-        showError("GetTextExtentPoint32 failed!");
+        showError(mainWindow, "GetTextExtentPoint32 failed!");
         return 0;
     }
     return size.cx;

@@ -7,6 +7,9 @@
 
 #include <cstdint>
 
+// Pixels between a text and the edge at which its line begins or ends: titles, status bar, menu and scroller.
+constexpr std::int32_t textMargin = 6;
+
 // Makes a font of the size in points, turned clockwise by the rotation (0, 90, -90 or 180 degrees), extra
 // bold and italic with emphasis, selects it and deletes the one that it replaces: a device context that goes
 // through here holds one such font at a time. 0, with the former font kept, when the font cannot be made.

@@ -1,19 +1,19 @@
 #include "render/status_bar.h"
 
+#include "catalogue/visible_games.h"
 #include "config/settings.h"
 #include "platform/drawing.h"
 #include "render/primitives.h"
 #include "render/turns.h"
-#include "state/shared_state.h"
 
 #include <array>
 #include <cstddef>
 #include <cstdio>
 #include <cstring>
 
-namespace {
+std::int32_t statusBarHeight = 0;
 
-constexpr std::int32_t textMargin = 6;
+namespace {
 
 // The words for each value of sortBy and previewPictures.
 constexpr std::array<const char*, 3> sortWords = {"Title", "Year", "Manufacturer"};

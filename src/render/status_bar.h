@@ -7,6 +7,9 @@
 
 #include <cstdint>
 
+// Height in pixels of the bar as last drawn, 0 when it is switched off. Written by drawStatusBar.
+extern std::int32_t statusBarHeight;
+
 // Draws the bar for the game at an index of visibleGames, along the edge that is the bottom of the turned
 // screen: bottom at 0, left at 90, top at 180, right at -90. Nothing, and a height of 0, when it is switched
 // off. Always 1. width and height are those of the frame. The font, colours and OPAQUE mode stay set in the

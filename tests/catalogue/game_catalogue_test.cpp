@@ -1,6 +1,6 @@
 #include "catalogue/game_catalogue.h"
 
-#include "state/shared_state.h"
+#include "catalogue/visible_games.h"
 #include "support/game_list.h"
 
 #include <gtest/gtest.h>

@@ -1,7 +1,8 @@
 #include "catalogue/game_filter.h"
 
+#include "catalogue/selection.h"
+#include "catalogue/visible_games.h"
 #include "config/settings.h"
-#include "state/shared_state.h"
 #include "support/game_list.h"
 
 #include <gtest/gtest.h>
@@ -124,6 +125,12 @@ TEST_F(GameFilterTest, findsGamesInTheViewOnly) {
     settings.displayVertical = 0;
     filterGames();
     EXPECT_EQ(findVisibleGame("clone"), 1);
+    for (const std::int32_t index : {-1, 0, visibleCount - 1, visibleCount}) {
+        selectedIndex = index;
+        const bool inside = index >= 0 && index < visibleCount;
+        EXPECT_EQ(selectedGame(), inside ? visibleGames[index] : nullptr) << index;
+    }
+    selectedIndex = 0;
     EXPECT_EQ(findVisibleGame("Clone"), -1);
     EXPECT_EQ(findVisibleGame("upright"), -1);
     settings.controllerTypes = 0;

@@ -1,7 +1,6 @@
 #include "config/settings.h"
 
 #include "config/setting_table.h"
-#include "state/shared_state.h"
 #include "support/temporary_folder.h"
 
 #include <gtest/gtest.h>
@@ -16,15 +15,8 @@ namespace {
 
 class SettingsTest : public ::testing::Test {
 protected:
-    SettingsTest() {
-        iniPath = path.c_str();
-        game.name = gameName;
-    }
-    ~SettingsTest() override {
-        freeSettings();
-        visibleGames = nullptr;
-        visibleCount = 0;
-    }
+    SettingsTest() { iniPath = path.c_str(); }
+    ~SettingsTest() override { freeSettings(); }
 
     void load() {
         freeSettings();
@@ -39,9 +31,6 @@ protected:
 
     TemporaryFolder folder;
     std::string path = folder.pathOf("front.ini");
-    char gameName[8] = "pong2";
-    GameRecord game{};
-    GameRecord* games[1] = {&game};
 };
 
 // What the last load has put into the fields, in the order of the table.
@@ -116,7 +105,7 @@ TEST_F(SettingsTest, everyKeyIsReadAndDefaultsApplyWithoutAUsableFile) {
     std::filesystem::create_directory(path);
     load();
     EXPECT_EQ(loadedValues(), defaults);
-    saveSettings();
+    saveSettings(nullptr);
     EXPECT_TRUE(std::filesystem::is_directory(path));
 }
 
@@ -184,13 +173,13 @@ TEST_F(SettingsTest, textsAreCutAt254CharactersAndSavedCut) {
     EXPECT_EQ(std::string(settings.soundStartup), longText.substr(0, 254));
     EXPECT_EQ(settings.soundSelect, nullptr);
     EXPECT_STREQ(settings.soundError, "beep.wav");
-    saveSettings();
+    saveSettings(nullptr);
     EXPECT_NE(folder.read("front.ini").find("Fontface=" + longText.substr(0, 254) + "\n"), std::string::npos);
 }
 
 TEST_F(SettingsTest, savesTheMenuKeysInOrderAndTheSelectionIfThereIsOne) {
     load();
-    saveSettings();
+    saveSettings(nullptr);
     std::vector<std::string> expected = {
         "MenuType",          "PreviewPictures",   "Fontface",      "Fontsize",      "MenuFontSize",
         "StatusBarFontFace", "StatusBarFontSize", "ShowStatusBar", "Orientation",   "DisplayMissingRoms",
@@ -200,25 +189,11 @@ TEST_F(SettingsTest, savesTheMenuKeysInOrderAndTheSelectionIfThereIsOne) {
     EXPECT_EQ(keysOf(folder.read("front.ini")), expected);
 
     std::filesystem::remove(path);
-    visibleGames = games;
-    visibleCount = 1;
-    saveSettings();
+    saveSettings("pong2");
     expected.insert(expected.begin() + 9, "SelectedGame");
     EXPECT_EQ(keysOf(folder.read("front.ini")), expected);
     load();
     EXPECT_STREQ(settings.selectedGame, "pong2");
-}
-
-TEST_F(SettingsTest, aSelectionOutsideTheViewLeavesItsKeyAlone) {
-    loadText("[System]\nSelectedGame=kept\n");
-    visibleGames = games;
-    visibleCount = 1;
-    for (const std::int32_t index : {-1, 1}) {
-        selectedIndex = index;
-        saveSettings();
-        EXPECT_NE(folder.read("front.ini").find("SelectedGame=kept"), std::string::npos) << index;
-    }
-    selectedIndex = 0;
 }
 
 TEST_F(SettingsTest, aSavedFileReadsBackToTheSameStateAndKeepsItsOtherLines) {
@@ -231,7 +206,7 @@ TEST_F(SettingsTest, aSavedFileReadsBackToTheSameStateAndKeepsItsOtherLines) {
     settings.sortBy = sortByManufacturer;
     settings.useMameInfoDat = 0;
     settings.displayRaster = 0;
-    saveSettings();
+    saveSettings(nullptr);
     EXPECT_EQ(folder.read("front.ini").find(others), 0U);
     EXPECT_NE(folder.read("front.ini").find("MaxCoins=-1\r\n"), std::string::npos);
     load();

@@ -1,12 +1,12 @@
 #include "core/catalogue_loader.h"
 
+#include "app/window_state.h"
 #include "catalogue/game_catalogue.h"
 #include "config/settings.h"
 #include "overlays/message_window.h"
 #include "platform/display.h"
 #include "platform/virtual_clock.h"
 #include "platform/window.h"
-#include "state/shared_state.h"
 #include "support/game_list.h"
 #include "support/sdl_events.h"
 #include "support/temporary_folder.h"

@@ -1,11 +1,11 @@
 #include "input/controls.h"
 
+#include "app/window_state.h"
 #include "config/settings.h"
 #include "platform/clock.h"
 #include "platform/joystick.h"
 #include "platform/keys.h"
 #include "platform/screen.h"
-#include "state/shared_state.h"
 #include "support/sdl_events.h"
 
 #include <gtest/gtest.h>

@@ -5,7 +5,6 @@
 #include "platform/drawing.h"
 #include "platform/window.h"
 #include "render/primitives.h"
-#include "state/shared_state.h"
 
 #include <gtest/gtest.h>
 

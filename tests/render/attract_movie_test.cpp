@@ -1,9 +1,9 @@
 #include "render/attract_movie.h"
 
+#include "app/window_state.h"
 #include "config/settings.h"
 #include "platform/media.h"
 #include "platform/window.h"
-#include "state/shared_state.h"
 #include "support/movie_files.h"
 #include "support/temporary_folder.h"
 

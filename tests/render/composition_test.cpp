@@ -1,7 +1,9 @@
 #include "render/composition.h"
 
 #include "render/attract_movie.h"
+#include "render/page.h"
 #include "render/primitives.h"
+#include "render/status_bar.h"
 #include "support/frame_test.h"
 #include "support/movie_files.h"
 #include "support/png_files.h"

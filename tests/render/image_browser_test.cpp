@@ -1,5 +1,6 @@
 #include "render/image_browser.h"
 
+#include "render/page.h"
 #include "render/primitives.h"
 #include "render/status_bar.h"
 #include "support/frame_test.h"
@@ -68,7 +69,7 @@ protected:
 
     void drawBrowser(const RECT& area) {
         fillRect(dc, {0, 0, width, height}, paper);
-        browserDirty = 1;
+        ++viewGeneration;
         drawImageBrowser(dc, bitmap, &area);
     }
 };
@@ -130,10 +131,9 @@ TEST_F(ImageBrowserTest, ReadsTheMarqueesOfAPageOnce) {
     draw();
     EXPECT_GE(tileExtent(1).bottom - tileExtent(1).top, second.bottom - second.top - 2)
         << "no former ring stays on the page";
-    browserDirty = 1;
+    ++viewGeneration;
     draw();
     EXPECT_EQ(extentOf(gray(251)).left, second.left);
-    EXPECT_EQ(browserDirty, 0);
     settings.orientation = 180; // as the information window turns the screen, which marks nothing
     draw();
     EXPECT_GE(extentOf(gray(251)).left, width / 2 - 40) << "the page was turned";
@@ -161,7 +161,7 @@ TEST_F(ImageBrowserTest, MovesByWholePages) {
     setGames(2);
     topIndex = 0;
     selectedIndex = 1;
-    browserDirty = 1;
+    ++viewGeneration;
     draw();
     EXPECT_EQ(topIndex, 0);
     EXPECT_EQ(tileExtent(2).right, 0);
@@ -183,7 +183,7 @@ TEST_F(ImageBrowserTest, PutsThePicturesBesideTheTiles) {
         addArt("flyers/g0", 7, wideFlyer ? 256 : 128, wideFlyer ? 128 : 256);
         for (const std::int32_t rotation : rotations) {
             settings.orientation = rotation;
-            browserDirty = 1;
+            ++viewGeneration;
             draw();
             const RECT cabinet = extentOf(gray(5));
             const RECT flyer = extentOf(gray(7));
@@ -232,7 +232,7 @@ TEST_F(ImageBrowserTest, PutsThePicturesBesideTheTiles) {
     addArt("empty/g1", 9);
     for (const std::int32_t rotation : rotations) {
         settings.orientation = rotation;
-        browserDirty = 1;
+        ++viewGeneration;
         selectedIndex = 5; // the last tile, whose ring crosses the bar of a quarter turn
         draw();
         const RECT bar = extentOf(statusColor);
@@ -263,7 +263,7 @@ TEST_F(ImageBrowserTest, DrawsIntoAnyFrameWithAnySettings) {
                     settings.showStatusBar = spacer != 0;
                     settings.menuType =
                         spacer == 20 && rotation < 0 ? menuTypeListView : menuTypeImageBrowser;
-                    browserDirty = 1;
+                    ++viewGeneration;
                     draw();
                     EXPECT_GE(topIndex, 0);
                     EXPECT_TRUE(count == 0 || topIndex <= selectedIndex);

@@ -1,6 +1,8 @@
 #include "render/list_view.h"
 
+#include "render/page.h"
 #include "render/primitives.h"
+#include "render/status_bar.h"
 #include "support/frame_test.h"
 #include "support/png_files.h"
 

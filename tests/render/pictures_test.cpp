@@ -5,7 +5,6 @@
 #include "platform/gdi_objects.h"
 #include "platform/memory.h"
 #include "render/picture_turn.h"
-#include "state/shared_state.h"
 #include "support/png_files.h"
 #include "support/temporary_folder.h"
 

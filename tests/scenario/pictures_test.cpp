@@ -1,4 +1,5 @@
 #include "config/settings.h"
+#include "render/page.h"
 #include "render/primitives.h"
 #include "support/front_end.h"
 #include "support/png_files.h"

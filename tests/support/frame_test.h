@@ -3,11 +3,12 @@
 // g0, g1 and so on, for the tests of the views.
 #pragma once
 
+#include "app/window_state.h"
+#include "catalogue/visible_games.h"
 #include "config/settings.h"
 #include "platform/device_context.h"
 #include "platform/drawing.h"
 #include "render/composition.h"
-#include "state/shared_state.h"
 #include "support/temporary_folder.h"
 
 #include <gtest/gtest.h>
@@ -60,7 +61,7 @@ protected:
         DeleteObject(SelectObject(dc, bitmap));
         scratchBitmap = CreateCompatibleBitmap(dc, width, height);
         DeleteObject(SelectObject(scratchDC, scratchBitmap));
-        browserDirty = 1;
+        ++viewGeneration;
     }
 
     void setGames(std::size_t count) {

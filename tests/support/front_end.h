@@ -3,6 +3,9 @@
 // while it runs. Ticks come at 100, 200, 300 ... milliseconds.
 #pragma once
 
+#include "app/window_state.h"
+#include "catalogue/selection.h"
+#include "catalogue/visible_games.h"
 #include "config/settings.h"
 #include "overlays/message_window.h"
 #include "platform/clock.h"
@@ -12,7 +15,6 @@
 #include "platform/profile.h"
 #include "platform/virtual_clock.h"
 #include "platform/window.h"
-#include "state/shared_state.h"
 #include "support/sdl_events.h"
 #include "support/temporary_folder.h"
 

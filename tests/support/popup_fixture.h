@@ -3,11 +3,11 @@
 // moments of virtual time while a popup runs.
 #pragma once
 
+#include "app/window_state.h"
 #include "config/settings.h"
 #include "platform/display.h"
 #include "platform/virtual_clock.h"
 #include "platform/window.h"
-#include "state/shared_state.h"
 #include "support/sdl_events.h"
 #include "support/temporary_folder.h"
 

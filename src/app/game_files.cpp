@@ -1,4 +1,4 @@
-#include "state/file_exists.h"
+#include "app/game_files.h"
 
 #include "platform/files.h"
 

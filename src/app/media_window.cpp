@@ -1,0 +1,15 @@
+#include "app/media_window.h"
+
+#include "app/window_state.h"
+#include "platform/media.h"
+#include "platform/window.h"
+
+HWND openMediaWindow(const char* path) {
+    constexpr DWORD style = MCIWNDF_NOPLAYBAR | MCIWNDF_NOMENU | MCIWNDF_NOERRORDLG | MCIWNDF_NOOPEN;
+    return MCIWndCreateA(mainWindow, nullptr, style, path);
+}
+
+int playRepeatedly(HWND window) {
+    const auto command = reinterpret_cast<LPARAM>("play repeat");
+    return SendMessageA(window, MCIWNDM_SENDSTRINGA, 0, command) == 0 ? 1 : 0;
+}
