@@ -3,7 +3,7 @@
 // the processor time in place of a computed one of 640x480 at 60 pictures a second.
 #include "avi_writer.h"
 #include "platform/clock.h"
-#include "platform/display.h"
+#include "platform/display/display.h"
 #include "platform/media.h"
 #include "platform/window.h"
 #include "sounds.h"

@@ -4,7 +4,7 @@
 #include "config/settings.h"
 #include "overlays/menu_model.h"
 #include "overlays/options_menu.h"
-#include "platform/display.h"
+#include "platform/display/display.h"
 #include "platform/window.h"
 #include "support/temporary_folder.h"
 

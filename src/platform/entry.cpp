@@ -1,9 +1,9 @@
 #include "platform/entry.h"
 
-#include "platform/command_line.h"
+#include "platform/base/end_request.h"
 #include "platform/diagnostics.h"
-#include "platform/end_request.h"
 #include "platform/module.h"
+#include "platform/process/command_line.h"
 #include "platform/window.h"
 
 #include <fcntl.h>

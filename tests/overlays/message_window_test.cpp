@@ -1,7 +1,7 @@
 #include "overlays/message_window.h"
 
 #include "config/settings.h"
-#include "platform/display.h"
+#include "platform/display/display.h"
 #include "platform/drawing.h"
 #include "platform/window.h"
 #include "render/primitives.h"

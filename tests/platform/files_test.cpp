@@ -1,6 +1,6 @@
 #include "platform/files.h"
 
-#include "platform/end_request.h"
+#include "platform/base/end_request.h"
 
 #include "support/temporary_folder.h"
 

@@ -1,6 +1,6 @@
-#include "platform/fonts.h"
+#include "platform/fonts/fonts.h"
 
-#include "platform/font_match.h"
+#include "platform/fonts/font_match.h"
 
 #include <fontconfig/fontconfig.h>
 #include <gtest/gtest.h>

@@ -1,8 +1,8 @@
 #include "platform/keys.h"
 
 #include "platform/clock.h"
-#include "platform/display.h"
-#include "platform/key_map.h"
+#include "platform/display/display.h"
+#include "platform/display/key_map.h"
 #include "platform/screen.h"
 #include "support/sdl_events.h"
 

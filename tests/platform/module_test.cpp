@@ -1,7 +1,7 @@
 #include "platform/module.h"
 
-#include "platform/command_line.h"
-#include "platform/paths.h"
+#include "platform/files/paths.h"
+#include "platform/process/command_line.h"
 
 #include <gtest/gtest.h>
 

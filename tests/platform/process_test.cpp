@@ -1,9 +1,9 @@
 #include "platform/process.h"
 
-#include "platform/display.h"
-#include "platform/end_request.h"
+#include "platform/base/end_request.h"
+#include "platform/display/display.h"
 #include "platform/files.h"
-#include "platform/paths.h"
+#include "platform/files/paths.h"
 #include "support/temporary_folder.h"
 
 #include <gtest/gtest.h>

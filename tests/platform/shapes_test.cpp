@@ -1,7 +1,7 @@
 #include "platform/shapes.h"
 
-#include "platform/gdi_objects.h"
-#include "platform/surface.h"
+#include "platform/drawing/gdi_objects.h"
+#include "platform/drawing/surface.h"
 
 #include <gtest/gtest.h>
 

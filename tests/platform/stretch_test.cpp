@@ -1,6 +1,6 @@
 #include "platform/stretch.h"
 
-#include "platform/surface.h"
+#include "platform/drawing/surface.h"
 
 #include <gtest/gtest.h>
 

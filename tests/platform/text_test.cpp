@@ -1,7 +1,7 @@
 #include "platform/text.h"
 
 #include "platform/drawing.h"
-#include "platform/surface.h"
+#include "platform/drawing/surface.h"
 
 #include <gtest/gtest.h>
 

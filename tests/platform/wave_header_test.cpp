@@ -1,4 +1,4 @@
-#include "platform/wave_header.h"
+#include "platform/sound/wave_header.h"
 
 #include "support/wave_files.h"
 

@@ -1,6 +1,6 @@
 #include "platform/window.h"
 
-#include "platform/display.h"
+#include "platform/display/display.h"
 #include "support/recording_window.h"
 
 #include <SDL.h>

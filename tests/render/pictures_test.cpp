@@ -1,8 +1,8 @@
 #include "render/pictures.h"
 
 #include "config/settings.h"
-#include "platform/device_context.h"
-#include "platform/gdi_objects.h"
+#include "platform/drawing/device_context.h"
+#include "platform/drawing/gdi_objects.h"
 #include "platform/memory.h"
 #include "render/picture_turn.h"
 #include "support/png_files.h"

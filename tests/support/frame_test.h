@@ -6,8 +6,8 @@
 #include "app/window_state.h"
 #include "catalogue/visible_games.h"
 #include "config/settings.h"
-#include "platform/device_context.h"
 #include "platform/drawing.h"
+#include "platform/drawing/device_context.h"
 #include "render/composition.h"
 #include "support/temporary_folder.h"
 

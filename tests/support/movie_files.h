@@ -4,7 +4,7 @@
 #pragma once
 
 #include "avi_writer.h"
-#include "platform/display.h"
+#include "platform/display/display.h"
 #include "platform/window.h"
 #include "sounds.h"
 

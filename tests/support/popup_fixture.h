@@ -5,8 +5,8 @@
 
 #include "app/window_state.h"
 #include "config/settings.h"
-#include "platform/display.h"
-#include "platform/virtual_clock.h"
+#include "platform/clock/virtual_clock.h"
+#include "platform/display/display.h"
 #include "platform/window.h"
 #include "support/sdl_events.h"
 #include "support/temporary_folder.h"

@@ -1,0 +1,29 @@
+#include "platform/clock/clock_source.h"
+
+#include <cerrno>
+#include <ctime>
+
+namespace {
+
+constexpr std::int64_t nanosecondsPerSecond = 1'000'000'000;
+
+} // namespace
+
+std::int64_t clockNow() {
+    timespec now{};
+    if (clock_gettime(CLOCK_MONOTONIC, &now) != 0) {
+        return -1;
+    }
+    return static_cast<std::int64_t>(now.tv_sec) * nanosecondsPerSecond + now.tv_nsec;
+}
+
+void clockWait(std::int64_t nanoseconds) {
+    if (nanoseconds <= 0) {
+        return;
+    }
+    timespec rest{};
+    rest.tv_sec = static_cast<time_t>(nanoseconds / nanosecondsPerSecond);
+    rest.tv_nsec = static_cast<long>(nanoseconds % nanosecondsPerSecond);
+    while (clock_nanosleep(CLOCK_MONOTONIC, 0, &rest, &rest) == EINTR) {
+    }
+}

@@ -1,0 +1,68 @@
+#include "platform/display/key_state.h"
+
+#include "platform/keys.h"
+
+#include <array>
+#include <cstddef>
+
+namespace {
+
+struct KeyRecord {
+    bool down = false;
+    bool pressed = false;
+};
+
+std::array<KeyRecord, 255> keyRecords;
+
+bool isKeyCode(int code) {
+    return code > 0 && code < static_cast<int>(keyRecords.size());
+}
+
+KeyRecord& recordOf(int code) {
+    return keyRecords[static_cast<std::size_t>(code)];
+}
+
+// Left and right of VK_SHIFT, VK_CONTROL and VK_MENU lie in pairs from VK_LSHIFT on.
+int leftKeyOf(int commonCode) {
+    return VK_LSHIFT + 2 * (commonCode - VK_SHIFT);
+}
+
+} // namespace
+
+int commonKeyCode(int code) {
+    return code >= VK_LSHIFT && code <= VK_RMENU ? VK_SHIFT + (code - VK_LSHIFT) / 2 : code;
+}
+
+void keyChanged(int code, bool down) {
+    if (!isKeyCode(code)) {
+        return;
+    }
+    recordOf(code).down = down;
+    const int common = commonKeyCode(code);
+    if (common != code) {
+        const int left = leftKeyOf(common);
+        recordOf(common).down = recordOf(left).down || recordOf(left + 1).down;
+    }
+    if (down) {
+        recordOf(code).pressed = true;
+        recordOf(common).pressed = true;
+    }
+}
+
+void allKeysUp() {
+    for (KeyRecord& record : keyRecords) {
+        record.down = false;
+    }
+}
+
+bool keyIsDown(int code) {
+    return isKeyCode(code) && recordOf(code).down;
+}
+
+bool takeKeyPress(int code) {
+    if (!isKeyCode(code) || !recordOf(code).pressed) {
+        return false;
+    }
+    recordOf(code).pressed = false;
+    return true;
+}

@@ -1,0 +1,19 @@
+#include "platform/display/synthesised_keys.h"
+
+#include "platform/display/x11_connection.h"
+
+#include <X11/Xlib.h>
+#include <X11/extensions/XTest.h>
+
+void sendKeyToFocus(std::uint32_t keySymbol, bool down) {
+    const X11Connection connection = openX11Connection();
+    int unused = 0;
+    if (!connection || !XTestQueryExtension(connection.get(), &unused, &unused, &unused, &unused)) {
+        return;
+    }
+    const KeyCode key = XKeysymToKeycode(connection.get(), keySymbol);
+    if (key != 0) {
+        XTestFakeKeyEvent(connection.get(), key, down ? True : False, CurrentTime);
+        XSync(connection.get(), False);
+    }
+}

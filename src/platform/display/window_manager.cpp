@@ -1,0 +1,50 @@
+#include "platform/display/window_manager.h"
+
+#include "platform/display/x11_connection.h"
+
+#include <X11/Xlib.h>
+
+namespace {
+
+bool windowManagerRuns(Display* connection) {
+    const Atom property = XInternAtom(connection, "_NET_SUPPORTING_WM_CHECK", True);
+    if (property == None) {
+        return false;
+    }
+    Atom type = None;
+    int format = 0;
+    unsigned long count = 0;
+    unsigned long rest = 0;
+    unsigned char* value = nullptr;
+    const int result = XGetWindowProperty(connection, DefaultRootWindow(connection), property, 0, 1, False,
+                                          AnyPropertyType, &type, &format, &count, &rest, &value);
+    if (value) {
+        XFree(value);
+    }
+    return result == Success && count > 0;
+}
+
+bool isViewable(Display* connection, Window window) {
+    XWindowAttributes attributes{};
+    const Status known = XGetWindowAttributes(connection, window, &attributes);
+    return known != 0 && attributes.map_state == IsViewable;
+}
+
+} // namespace
+
+bool windowManagerRuns() {
+    const X11Connection connection = openX11Connection();
+    return connection && windowManagerRuns(connection.get());
+}
+
+bool keyboardFocusIsFree() {
+    const X11Connection connection = openX11Connection();
+    if (!connection || windowManagerRuns(connection.get())) {
+        return false;
+    }
+    Window focus = None;
+    int unused = 0;
+    XGetInputFocus(connection.get(), &focus, &unused);
+    return focus == None || focus == PointerRoot || focus == DefaultRootWindow(connection.get()) ||
+           !isViewable(connection.get(), focus);
+}

@@ -1,0 +1,80 @@
+#include "platform/display/x11_connection.h"
+
+#include <SDL.h>
+#include <SDL_syswm.h>
+#include <X11/Xlib.h>
+
+#include <utility>
+
+namespace {
+
+Window watchedWindow = None;
+void (*reportLoss)() = nullptr;
+
+void loseWindow() {
+    watchedWindow = None;
+    if (auto* const report = std::exchange(reportLoss, nullptr)) {
+        report();
+    }
+}
+
+// Without this Xlib prints a line, which a full pipe would hold up.
+int ignoreBrokenConnection(Display*) {
+    return 0;
+}
+
+// A request about a window that has just gone is no reason to end.
+int handleRequestError(Display*, XErrorEvent* error) {
+    const bool windowIsGone = error->error_code == BadWindow || error->error_code == BadDrawable;
+    if (windowIsGone && watchedWindow != None && error->resourceid == watchedWindow) {
+        loseWindow();
+    }
+    return 0;
+}
+
+void installHandlers() {
+    XSetIOErrorHandler(ignoreBrokenConnection);
+    XSetErrorHandler(handleRequestError);
+}
+
+} // namespace
+
+void watchConnection(SDL_Window* window, void (*lost)()) {
+    SDL_SysWMinfo info{};
+    SDL_VERSION(&info.version);
+    if (SDL_GetWindowWMInfo(window, &info) == SDL_FALSE || info.subsystem != SDL_SYSWM_X11) {
+        return;
+    }
+    watchedWindow = info.info.x11.window;
+    reportLoss = lost;
+    installHandlers();
+    // Xlib's own handler calls exit, whose handlers then wait for a lock that the interrupted call holds.
+    XSetIOErrorExitHandler(
+        info.info.x11.display, [](Display*, void*) { loseWindow(); }, nullptr);
+    SDL_EventState(SDL_SYSWMEVENT, SDL_ENABLE);
+}
+
+void checkForDestruction(const SDL_Event& event) {
+    if (event.type != SDL_SYSWMEVENT || event.syswm.msg->subsystem != SDL_SYSWM_X11) {
+        return;
+    }
+    const XEvent& message = event.syswm.msg->msg.x11.event;
+    if (message.type == DestroyNotify && watchedWindow != None &&
+        message.xdestroywindow.window == watchedWindow) {
+        loseWindow();
+    }
+}
+
+void CloseX11Connection::operator()(_XDisplay* connection) const {
+    XCloseDisplay(connection);
+}
+
+X11Connection openX11Connection() {
+    X11Connection connection(XOpenDisplay(nullptr));
+    if (connection) {
+        installHandlers();
+        XSetIOErrorExitHandler(
+            connection.get(), [](Display*, void*) {}, nullptr);
+    }
+    return connection;
+}

@@ -1,0 +1,104 @@
+#include "platform/drawing.h"
+
+#include "platform/drawing/device_context.h"
+#include "platform/drawing/gdi_objects.h"
+
+#include <algorithm>
+#include <cstring>
+#include <limits>
+#include <utility>
+
+namespace {
+
+constexpr COLORREF invalidColor = 0xFFFFFFFF;
+
+// One axis of a copy: where it starts in the target and the source, and how many pixels it takes.
+struct Span {
+    std::int64_t target = 0;
+    std::int64_t source = 0;
+    std::int64_t length = 0;
+};
+
+// Cuts a span to the sizes of both surfaces.
+Span cut(Span span, std::int64_t targetSize, std::int64_t sourceSize) {
+    const std::int64_t skipped = std::max({std::int64_t{0}, -span.target, -span.source});
+    span.target += skipped;
+    span.source += skipped;
+    span.length = std::min({span.length - skipped, targetSize - span.target, sourceSize - span.source});
+    return span;
+}
+
+// Rows go in the order in which no source row is written before it is read; memmove does the same inside a
+// row.
+void copyRows(Surface& target, const Surface& source, const Span& across, const Span& down) {
+    const bool upwards = down.target > down.source;
+    for (std::int64_t i = 0; i < down.length; ++i) {
+        const std::int64_t line = upwards ? down.length - 1 - i : i;
+        std::memmove(target.row(static_cast<int>(down.target + line)) + across.target,
+                     source.row(static_cast<int>(down.source + line)) + across.source,
+                     static_cast<std::size_t>(across.length) * sizeof(std::uint32_t));
+    }
+    target.changed = true;
+}
+
+} // namespace
+
+int GetDeviceCaps(HDC dc, int index) {
+    return findDeviceContext(dc) && index == LOGPIXELSY ? 96 : 0;
+}
+
+int FillRect(HDC dc, const RECT* rect, HBRUSH brush) {
+    DeviceContext* context = findDeviceContext(dc);
+    const GdiObject* object = findObject(brush);
+    const COLORREF* color = object ? std::get_if<COLORREF>(&object->content) : nullptr;
+    if (!context || !color || !rect) {
+        return 0;
+    }
+    context->surface->fill({rect->left, rect->top, rect->right, rect->bottom}, pixelOf(*color));
+    return 1;
+}
+
+BOOL BitBlt(HDC target, int x, int y, int width, int height, HDC source, int sourceX, int sourceY,
+            DWORD operation) {
+    DeviceContext* targetContext = findDeviceContext(target);
+    const DeviceContext* sourceContext = findDeviceContext(source);
+    if (!targetContext || !sourceContext || operation != SRCCOPY) {
+        return FALSE;
+    }
+    Surface& to = *targetContext->surface;
+    const Surface& from = *sourceContext->surface;
+    const Span across = cut({x, sourceX, width}, to.width, from.width);
+    const Span down = cut({y, sourceY, height}, to.height, from.height);
+    if (across.length > 0 && down.length > 0) {
+        copyRows(to, from, across, down);
+    }
+    return TRUE;
+}
+
+COLORREF SetTextColor(HDC dc, COLORREF color) {
+    DeviceContext* context = findDeviceContext(dc);
+    return context ? std::exchange(context->textColor, color) : invalidColor;
+}
+
+COLORREF SetBkColor(HDC dc, COLORREF color) {
+    DeviceContext* context = findDeviceContext(dc);
+    return context ? std::exchange(context->backgroundColor, color) : invalidColor;
+}
+
+int SetBkMode(HDC dc, int mode) {
+    DeviceContext* context = findDeviceContext(dc);
+    return context && (mode == TRANSPARENT || mode == OPAQUE) ? std::exchange(context->backgroundMode, mode)
+                                                              : 0;
+}
+
+int MulDiv(int number, int numerator, int denominator) {
+    if (denominator == 0) {
+        return -1;
+    }
+    const std::int64_t product = static_cast<std::int64_t>(number) * numerator;
+    const std::int64_t divisor = std::abs(static_cast<std::int64_t>(denominator));
+    const std::int64_t magnitude = (std::abs(product) + divisor / 2) / divisor;
+    const std::int64_t result = (product < 0) != (denominator < 0) ? -magnitude : magnitude;
+    const bool fits = result >= std::numeric_limits<int>::min() && result <= std::numeric_limits<int>::max();
+    return fits ? static_cast<int>(result) : -1;
+}

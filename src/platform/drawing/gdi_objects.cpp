@@ -1,0 +1,148 @@
+#include "platform/drawing/gdi_objects.h"
+
+#include "platform/base/handle_table.h"
+
+#include <array>
+#include <cstring>
+
+namespace {
+
+constexpr unsigned objectHandleKind = 3;
+
+// More than any sound use needs; a program that forgets to delete is stopped here and not by the machine's
+// memory.
+constexpr std::size_t largestObjectCount = 10000;
+
+HandleTable<GdiObject>& objects() {
+    static HandleTable<GdiObject> table(objectHandleKind);
+    return table;
+}
+
+// A handle is a number in the clothes of a pointer and is never followed.
+std::uintptr_t numberOf(HGDIOBJ handle) {
+    return reinterpret_cast<std::uintptr_t>(handle);
+}
+
+HGDIOBJ add(std::unique_ptr<GdiObject> object) {
+    if (objects().size() >= largestObjectCount) {
+        return nullptr;
+    }
+    return reinterpret_cast<HGDIOBJ>(objects().insert(std::move(object)));
+}
+
+// A brush, a pen or a font.
+template <typename Content> std::unique_ptr<GdiObject> objectOf(Content content) {
+    auto object = std::make_unique<GdiObject>();
+    object->content = std::move(content);
+    return object;
+}
+
+std::unique_ptr<GdiObject> bitmapOf(int width, int height) {
+    auto bitmap = std::make_unique<GdiObject>();
+    return std::get<Surface>(bitmap->content).resize(width, height) ? std::move(bitmap) : nullptr;
+}
+
+HGDIOBJ addStock(std::unique_ptr<GdiObject> object) {
+    object->stock = true;
+    return add(std::move(object));
+}
+
+} // namespace
+
+HGDIOBJ stockObject(Stock which) {
+    static const std::array<HGDIOBJ, 5> handles = {
+        addStock(bitmapOf(1, 1)),
+        addStock(objectOf(COLORREF{0x000000})),
+        addStock(objectOf(COLORREF{0xFFFFFF})),
+        addStock(objectOf(Pen{})),
+        addStock(objectOf(std::unique_ptr<FontObject>())),
+    };
+    return handles[static_cast<std::size_t>(which)];
+}
+
+GdiObject* findSelected(HGDIOBJ handle) {
+    return objects().find(numberOf(handle));
+}
+
+GdiObject* findObject(HGDIOBJ handle) {
+    GdiObject* object = findSelected(handle);
+    return object && !object->deleted ? object : nullptr;
+}
+
+void holdObject(HGDIOBJ handle) {
+    if (GdiObject* object = findSelected(handle)) {
+        ++object->selections;
+    }
+}
+
+void letGoObject(HGDIOBJ handle) {
+    GdiObject* object = findSelected(handle);
+    if (object && --object->selections == 0 && object->deleted) {
+        objects().remove(numberOf(handle));
+    }
+}
+
+std::size_t liveObjectCount() {
+    return objects().size();
+}
+
+HFONT adoptFont(std::unique_ptr<FontObject> font) {
+    return font ? reinterpret_cast<HFONT>(add(objectOf(std::move(font)))) : nullptr;
+}
+
+HPEN addPen(const Pen& pen) {
+    return reinterpret_cast<HPEN>(add(objectOf(pen)));
+}
+
+HBRUSH addHollowBrush() {
+    return reinterpret_cast<HBRUSH>(add(objectOf(HollowBrush{})));
+}
+
+HBITMAP CreateCompatibleBitmap(HDC, int width, int height) {
+    if (width == 0 || height == 0) {
+        width = 1;
+        height = 1;
+    }
+    std::unique_ptr<GdiObject> bitmap = bitmapOf(width, height);
+    return bitmap ? reinterpret_cast<HBITMAP>(add(std::move(bitmap))) : nullptr;
+}
+
+HBRUSH CreateSolidBrush(COLORREF color) {
+    return reinterpret_cast<HBRUSH>(add(objectOf(color)));
+}
+
+HGDIOBJ GetStockObject(int index) {
+    return index == BLACK_BRUSH ? stockObject(Stock::BlackBrush) : nullptr;
+}
+
+BOOL DeleteObject(HGDIOBJ handle) {
+    GdiObject* object = findObject(handle);
+    if (!object) {
+        return FALSE;
+    }
+    if (object->stock) {
+        return TRUE;
+    }
+    if (object->selections > 0) {
+        object->deleted = true;
+    } else {
+        objects().remove(numberOf(handle));
+    }
+    return TRUE;
+}
+
+int GetObjectA(HGDIOBJ handle, int size, LPVOID result) {
+    const GdiObject* object = findObject(handle);
+    const Surface* surface = object ? std::get_if<Surface>(&object->content) : nullptr;
+    if (!surface || !result || size < static_cast<int>(sizeof(BITMAP))) {
+        return 0;
+    }
+    BITMAP description{};
+    description.bmWidth = surface->width;
+    description.bmHeight = surface->height;
+    description.bmWidthBytes = surface->width * static_cast<LONG>(sizeof(std::uint32_t));
+    description.bmPlanes = 1;
+    description.bmBitsPixel = 32;
+    std::memcpy(result, &description, sizeof(description));
+    return static_cast<int>(sizeof(description));
+}

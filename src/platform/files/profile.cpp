@@ -1,0 +1,136 @@
+#include "platform/profile.h"
+
+#include "platform/files/file_io.h"
+#include "platform/files/paths.h"
+#include "platform/files/profile_text.h"
+#include "platform/files/replace_file.h"
+
+#include <sys/stat.h>
+#include <time.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <cstdlib>
+#include <cstring>
+#include <limits>
+#include <memory>
+
+namespace {
+
+struct Signature {
+    dev_t device;
+    ino_t number;
+    off_t size;
+    std::int64_t modified; // nanoseconds, as the next
+    std::int64_t changed;
+
+    bool operator==(const Signature&) const = default;
+};
+
+// Options for each of 50,000 games are well below this; what is larger is some other file.
+constexpr std::size_t largestProfile = std::size_t{8} << 20;
+
+// The file that was read last: the start reads 85 keys of one file in a row.
+struct {
+    std::string path;
+    Signature signature{};
+    bool settled = false;
+    std::unique_ptr<ProfileText> text;
+} lastRead;
+
+enum class ReadResult { done, missing, unreadable };
+
+std::int64_t nanoseconds(const timespec& time) {
+    return std::int64_t{time.tv_sec} * 1'000'000'000 + time.tv_nsec;
+}
+
+Signature signatureOf(const struct stat& status) {
+    return {status.st_dev, status.st_ino, status.st_size, nanoseconds(status.st_mtim),
+            nanoseconds(status.st_ctim)};
+}
+
+// A file changed this moment can change again without another time stamp, so its text does not serve the next
+// read. A stamp in the future comes from a machine that lost its clock, and no change of today will repeat
+// it.
+bool isSettled(const Signature& signature) {
+    constexpr std::int64_t coarsestStamp = 2'000'000'000; // of FAT
+    timespec now{};
+    clock_gettime(CLOCK_REALTIME, &now);
+    return std::abs(nanoseconds(now) - signature.modified) > coarsestStamp &&
+           std::abs(nanoseconds(now) - signature.changed) > coarsestStamp;
+}
+
+// Makes lastRead.text the file's text.
+ReadResult readProfile(const std::string& path) {
+    struct stat status {};
+    if (stat(path.c_str(), &status) != 0) {
+        return errno == ENOENT ? ReadResult::missing : ReadResult::unreadable;
+    }
+    if (lastRead.settled && lastRead.path == path && lastRead.signature == signatureOf(status)) {
+        return ReadResult::done;
+    }
+    const FileDescriptor file = openPlainFile(path.c_str());
+    std::string text;
+    if (!file.isOpen() || fstat(file.number(), &status) != 0 || !readWhole(file, text, largestProfile)) {
+        return ReadResult::unreadable;
+    }
+    lastRead.path = path;
+    lastRead.signature = signatureOf(status);
+    lastRead.settled = isSettled(lastRead.signature);
+    lastRead.text = std::make_unique<ProfileText>(std::move(text));
+    return ReadResult::done;
+}
+
+std::optional<std::string_view> readValue(LPCSTR section, LPCSTR key, LPCSTR file) {
+    if (!file || readProfile(nativePath(file)) != ReadResult::done) {
+        return std::nullopt;
+    }
+    return lastRead.text->value(trimmedName(section), trimmedName(key));
+}
+
+} // namespace
+
+DWORD GetPrivateProfileStringA(LPCSTR section, LPCSTR key, LPCSTR defaultText, LPSTR buffer, DWORD size,
+                               LPCSTR file) {
+    if (size == 0) {
+        return 0;
+    }
+    const std::string_view value = readValue(section, key, file).value_or(defaultText ? defaultText : "");
+    const std::size_t copied = std::min<std::size_t>(value.size(), size - 1);
+    std::memcpy(buffer, value.data(), copied);
+    buffer[copied] = '\0';
+    return static_cast<DWORD>(copied);
+}
+
+UINT GetPrivateProfileIntA(LPCSTR section, LPCSTR key, int defaultValue, LPCSTR file) {
+    const std::string value(readValue(section, key, file).value_or(""));
+    if (value.empty()) {
+        return static_cast<UINT>(defaultValue);
+    }
+    using Limits = std::numeric_limits<std::int32_t>;
+    const long long number = std::strtoll(value.c_str(), nullptr, 10);
+    return static_cast<UINT>(std::clamp<long long>(number, Limits::min(), Limits::max()));
+}
+
+BOOL WritePrivateProfileStringA(LPCSTR sectionName, LPCSTR keyName, LPCSTR valueText, LPCSTR file) {
+    const std::string_view section = trimmedName(sectionName);
+    const std::string_view key = trimmedName(keyName);
+    if (!file || !isWritableSection(section) || !isWritableKey(key)) {
+        return FALSE;
+    }
+    std::string value = valueText;
+    std::replace_if(
+        value.begin(), value.end(), [](char letter) { return letter == '\r' || letter == '\n'; }, ' ');
+    const std::string path = nativePath(file);
+    const ReadResult result = readProfile(path);
+    if (result == ReadResult::unreadable) {
+        return FALSE;
+    }
+    if (result == ReadResult::missing) {
+        return replaceFile(path, ProfileText("").withValue(section, key, value)) ? TRUE : FALSE;
+    }
+    if (lastRead.text->value(section, key) == value) {
+        return TRUE;
+    }
+    return replaceFile(path, lastRead.text->withValue(section, key, value)) ? TRUE : FALSE;
+}

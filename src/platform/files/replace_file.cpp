@@ -1,0 +1,143 @@
+#include "platform/files/replace_file.h"
+
+#include "platform/files/file_io.h"
+
+#include <climits>
+#include <fcntl.h>
+#include <sys/file.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <array>
+#include <cerrno>
+#include <cstdio>
+#include <utility>
+
+namespace {
+
+// With the separator at its end; empty for the current one.
+std::string folderOf(const std::string& path) {
+    return path.substr(0, path.find_last_of('/') + 1);
+}
+
+// The path that the symbolic links lead to, which need not exist yet; empty for links that lead in a circle.
+std::string behindLinks(std::string path) {
+    constexpr int mostLinks = 40;
+    std::array<char, PATH_MAX> target;
+    for (int links = 0; links < mostLinks; ++links) {
+        const ssize_t length = readlink(path.c_str(), target.data(), target.size());
+        if (length < 0) {
+            return path;
+        }
+        const std::string_view name(target.data(), static_cast<std::size_t>(length));
+        path = name.starts_with('/') ? std::string(name) : folderOf(path).append(name);
+    }
+    return {};
+}
+
+bool isNamed(const FileDescriptor& file, const std::string& path) {
+    struct stat own {};
+    struct stat named {};
+    return fstat(file.number(), &own) == 0 && lstat(path.c_str(), &named) == 0 && S_ISREG(own.st_mode) &&
+           own.st_dev == named.st_dev && own.st_ino == named.st_ino;
+}
+
+// False when another program holds the lock. A file system without locks counts as one where nobody does.
+bool lock(const FileDescriptor& file) {
+    return flock(file.number(), LOCK_EX | LOCK_NB) == 0 || errno != EWOULDBLOCK;
+}
+
+// Removes what a power cut has left, or whatever else has the name. A locked file stays: another program
+// writes it. The lock is held during the removal, so that the file cannot become another program's between
+// the test and the removal.
+void removeLeftover(const std::string& path) {
+    const FileDescriptor leftover(
+        open(path.c_str(), O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));
+    if (!leftover.isOpen() && errno == ENOENT) {
+        return;
+    }
+    struct stat status {};
+    const bool isFile =
+        leftover.isOpen() && fstat(leftover.number(), &status) == 0 && S_ISREG(status.st_mode);
+    if (!isFile || (lock(leftover) && isNamed(leftover, path))) {
+        std::remove(path.c_str());
+    }
+}
+
+// Always a new file, never one that was there: it could be a link to a file of somebody else. The lock keeps
+// two programs that write the same file apart: whoever finds the name taken by a locked file writes nothing,
+// and so does one whose new file another has taken for a leftover before it was locked.
+FileDescriptor createTemporary(const std::string& path) {
+    constexpr int flags = O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC;
+    FileDescriptor file(open(path.c_str(), flags, 0666));
+    if (!file.isOpen() && errno == EEXIST) {
+        removeLeftover(path);
+        file = FileDescriptor(open(path.c_str(), flags, 0666));
+    }
+    return file.isOpen() && lock(file) && isNamed(file, path) ? std::move(file) : FileDescriptor();
+}
+
+// Not every file system has owners and modes; the text matters more.
+void keepOwnerAndMode(const FileDescriptor& file, const struct stat& former) {
+    const int owner = fchown(file.number(), former.st_uid, former.st_gid);
+    const int mode = fchmod(file.number(), former.st_mode & 07777);
+    static_cast<void>(owner);
+    static_cast<void>(mode);
+}
+
+// Makes the rename last through a power cut. The file is whole either way.
+void syncFolder(const std::string& folder) {
+    const FileDescriptor file(
+        open(folder.empty() ? "." : folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    if (file.isOpen()) {
+        fsync(file.number());
+    }
+}
+
+} // namespace
+
+FileReplacement::FileReplacement(const std::string& path)
+    : path_(behindLinks(path)), temporaryPath_(path_ + ".new~") {
+    struct stat former {};
+    const bool exists = stat(path_.c_str(), &former) == 0;
+    if (path_.empty() || (!exists && errno != ENOENT)) {
+        return;
+    }
+    if (exists && (!S_ISREG(former.st_mode) || faccessat(AT_FDCWD, path_.c_str(), W_OK, AT_EACCESS) != 0)) {
+        return;
+    }
+    file_ = createTemporary(temporaryPath_);
+    if (file_.isOpen() && exists) {
+        keepOwnerAndMode(file_, former);
+    }
+}
+
+FileReplacement::~FileReplacement() {
+    if (file_.isOpen() && isNamed(file_, temporaryPath_)) {
+        unlink(temporaryPath_.c_str());
+    }
+}
+
+FileDescriptor FileReplacement::openForChild() const {
+    FileDescriptor file(open(temporaryPath_.c_str(), O_WRONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC));
+    if (!file.isOpen() || !isNamed(file_, temporaryPath_) || !isNamed(file, temporaryPath_)) {
+        return {};
+    }
+    fcntl(file.number(), F_SETFL, fcntl(file.number(), F_GETFL) & ~O_NONBLOCK);
+    return file;
+}
+
+bool FileReplacement::commit() {
+    if (fsync(file_.number()) != 0 || !isNamed(file_, temporaryPath_) ||
+        rename(temporaryPath_.c_str(), path_.c_str()) != 0) {
+        return false;
+    }
+    file_.close();
+    syncFolder(folderOf(path_));
+    return true;
+}
+
+bool replaceFile(const std::string& path, std::string_view text) {
+    FileReplacement replacement(path);
+    return replacement.isOpen() && writeWhole(replacement.descriptor(), text) && replacement.commit();
+}

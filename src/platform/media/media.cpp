@@ -1,0 +1,290 @@
+#include "platform/media.h"
+
+#include "platform/files/file_io.h"
+#include "platform/files/paths.h"
+#include "platform/media/media_player.h"
+#include "platform/window/window_internal.h"
+
+#include <algorithm>
+#include <chrono>
+#include <cstdlib>
+#include <filesystem>
+#include <future>
+#include <string_view>
+#include <system_error>
+#include <thread>
+
+namespace {
+
+constexpr LPCSTR mediaClass = "MCIWndClass";
+
+// What is left of a tick is drawing: the opening of a movie may hold it up for 40 ms in all.
+constexpr int longestWait = 25; // milliseconds
+
+constexpr std::chrono::milliseconds longestEnd(1000);
+
+// The shape of most movies, larger than any area.
+constexpr RECT unknownSize = {0, 0, 24000, 18000};
+
+struct MediaWindow {
+    HWND handle = nullptr;
+    std::string path; // empty when there is nothing to open
+    std::unique_ptr<MediaPlayer> player;
+    bool failed = false;
+    bool opened = false;  // the player has been given the path
+    bool playing = false; // as wanted by the messages so far
+    bool paused = false;  // and not merely not played yet
+    bool track = false;   // has no room for a picture, so that only the sound is played
+    bool repeating = false;
+    bool guessed = false; // was placed before its size was known
+    bool resized = false; // the picture has to be drawn in the new size
+    RECT place{};
+};
+
+std::vector<std::unique_ptr<MediaWindow>> mediaWindows;
+
+// Players that have played and are kept: a new core costs more than a new file.
+std::vector<std::unique_ptr<MediaPlayer>> idlePlayers;
+
+MediaWindow* findMedia(HWND handle) {
+    const auto found = std::find_if(mediaWindows.begin(), mediaWindows.end(),
+                                    [&](const auto& media) { return media->handle == handle; });
+    return found != mediaWindows.end() ? found->get() : nullptr;
+}
+
+// The file's full path; empty for anything that is not a plain file that can be read.
+std::string playablePath(LPCSTR file) {
+    const std::string path = nativePath(file ? file : "");
+    std::error_code error;
+    const std::filesystem::path full = std::filesystem::absolute(path, error);
+    return !error && openPlainFile(path.c_str()).isOpen() ? full.string() : std::string();
+}
+
+// At the end of the program. A sound server that stands still would keep a player from ending, so that
+// happens on a thread. When it takes too long, the process ends at once: the libraries must not be taken from
+// under a player that lives.
+void endPlayers(int exitCode, void*) {
+    for (const auto& media : mediaWindows) {
+        idlePlayers.push_back(std::move(media->player));
+    }
+    mediaWindows.clear();
+    std::promise<void> promise;
+    const std::future<void> ended = promise.get_future();
+    std::thread([players = std::move(idlePlayers), promise = std::move(promise)]() mutable {
+        players.clear();
+        promise.set_value();
+    }).detach();
+    if (ended.wait_for(longestEnd) != std::future_status::ready) {
+        std::_Exit(exitCode);
+    }
+}
+
+std::unique_ptr<MediaPlayer> takePlayer() {
+    if (idlePlayers.empty()) {
+        static const int registered = on_exit(endPlayers, nullptr);
+        static_cast<void>(registered);
+        return MediaPlayer::create();
+    }
+    std::unique_ptr<MediaPlayer> player = std::move(idlePlayers.back());
+    idlePlayers.pop_back();
+    return player;
+}
+
+// Tells the player what the messages so far have asked for.
+void passWishes(const MediaWindow& media) {
+    media.player->setRepeating(media.repeating);
+    if (media.track) {
+        media.player->dropPicture();
+    }
+    if (media.playing || media.paused) {
+        media.player->setPaused(media.paused);
+    }
+}
+
+// Gives the window its player as soon as the library is there.
+void openMedia(MediaWindow& media) {
+    if (media.opened || media.failed || media.paused) {
+        return;
+    }
+    const MpvState library = media.path.empty() ? MpvState::absent : mpvLibraryState();
+    if (library == MpvState::loading) {
+        return;
+    }
+    media.player = library == MpvState::ready ? takePlayer() : nullptr;
+    media.failed = !media.player;
+    if (media.player) {
+        media.opened = true;
+        media.player->open(media.path);
+        passWishes(media);
+    }
+}
+
+void waitForSize(MediaWindow& media) {
+    openMedia(media);
+    if (media.player) {
+        media.player->waitForSize(longestWait);
+    } else if (!media.failed) {
+        mpvLibraryWait(longestWait);
+    }
+}
+
+void shrinkIntoPlace(MediaWindow& media) {
+    const double placeWidth = media.place.right - media.place.left;
+    const double placeHeight = media.place.bottom - media.place.top;
+    const double scale = std::min({1.0, placeWidth / std::max(media.player->width(), 1),
+                                   placeHeight / std::max(media.player->height(), 1)});
+    const double width = media.player->width() * scale;
+    const double height = media.player->height() * scale;
+    media.guessed = false;
+    MoveWindow(media.handle, static_cast<int>(media.place.left + (placeWidth - width) / 2),
+               static_cast<int>(media.place.top + (placeHeight - height) / 2), static_cast<int>(width),
+               static_cast<int>(height), FALSE);
+}
+
+void updateMedia(MediaWindow& media) {
+    openMedia(media);
+    if (!media.player) {
+        return;
+    }
+    media.player->update();
+    if (media.failed) {
+        return;
+    }
+    Window* window = findWindow(media.handle);
+    if (media.player->failed()) {
+        media.failed = true;
+        if (window->visible) {
+            window->visible = false;
+            noteScreenChange();
+        }
+    } else if (media.player->hasSize() && media.guessed) {
+        shrinkIntoPlace(media);
+    }
+    if (media.player->render(window->client, media.resized && window->visible)) {
+        media.resized = false;
+        if (!window->visible) {
+            ShowWindow(media.handle, SW_SHOW);
+        }
+    }
+}
+
+// A track needs nobody's look once it runs.
+bool hasPicturesToCome(const MediaWindow& media) {
+    return media.playing && !media.failed &&
+           !(media.player && media.player->hasSize() && media.player->width() == 0);
+}
+
+bool updateAll() {
+    for (const auto& player : idlePlayers) {
+        player->update();
+    }
+    bool moving = false;
+    for (const auto& media : mediaWindows) {
+        updateMedia(*media);
+        moving = moving || hasPicturesToCome(*media);
+    }
+    return moving;
+}
+
+void setPlaying(MediaWindow& media, bool playing) {
+    media.playing = playing;
+    media.paused = !playing;
+    if (media.opened) {
+        passWishes(media);
+    } else {
+        openMedia(media);
+    }
+}
+
+LRESULT giveSize(MediaWindow& media, RECT* rect) {
+    waitForSize(media);
+    const bool known = media.player && media.player->hasSize();
+    const bool nothing = media.failed || (media.player && media.player->failed());
+    media.guessed = !known && !nothing;
+    *rect = known ? RECT{0, 0, media.player->width(), media.player->height()} : RECT{};
+    if (media.guessed) {
+        *rect = unknownSize;
+    }
+    return 0;
+}
+
+LRESULT obeyCommand(MediaWindow& media, std::string_view command) {
+    if (command != "play repeat") {
+        return 1;
+    }
+    media.track = findWindow(media.handle)->client.width == 0;
+    media.repeating = true;
+    setPlaying(media, true);
+    if (media.player) {
+        media.player->update();
+    }
+    return media.failed || (media.player && media.player->failed()) ? 1 : 0;
+}
+
+void endMedia(HWND handle) {
+    MediaWindow* media = findMedia(handle);
+    if (media && media->player) {
+        media->player->stop();
+        idlePlayers.push_back(std::move(media->player));
+    }
+    std::erase_if(mediaWindows, [&](const auto& other) { return other.get() == media; });
+}
+
+LRESULT mediaProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    MediaWindow* media = findMedia(window);
+    if (!media) {
+        return DefWindowProcA(window, message, wParam, lParam);
+    }
+    switch (message) {
+    case MCI_PLAY:
+    case MCI_RESUME:
+        setPlaying(*media, true);
+        return 0;
+    case MCI_PAUSE:
+        setPlaying(*media, false);
+        return 0;
+    case MCIWNDM_SENDSTRINGA:
+        return obeyCommand(*media, reinterpret_cast<LPCSTR>(lParam));
+    case MCIWNDM_GET_DEST:
+        return giveSize(*media, reinterpret_cast<RECT*>(lParam));
+    case WM_SIZE:
+        media->resized = true;
+        if (media->guessed) {
+            media->place = placeInParent(*findWindow(window));
+        }
+        return 0;
+    case WM_DESTROY:
+        endMedia(window);
+        return 0;
+    default:
+        return DefWindowProcA(window, message, wParam, lParam);
+    }
+}
+
+void registerMediaClass() {
+    WNDCLASSA windowClass{};
+    windowClass.lpfnWndProc = mediaProcedure;
+    windowClass.lpszClassName = mediaClass;
+    RegisterClassA(&windowClass);
+    setPictureSource(updateAll);
+}
+
+} // namespace
+
+HWND MCIWndCreateA(HWND parent, HINSTANCE instance, DWORD, LPCSTR file) {
+    registerMediaClass();
+    if (!findWindow(parent)) {
+        return nullptr;
+    }
+    const HWND handle =
+        CreateWindowExA(0, mediaClass, nullptr, WS_CHILD, 0, 0, 0, 0, parent, nullptr, instance, nullptr);
+    if (!handle) {
+        return nullptr;
+    }
+    auto media = std::make_unique<MediaWindow>();
+    media->handle = handle;
+    media->path = playablePath(file);
+    openMedia(*media);
+    mediaWindows.push_back(std::move(media));
+    return handle;
+}

@@ -1,0 +1,71 @@
+#include "platform/media/mpv_library.h"
+
+#include <dlfcn.h>
+
+#include <chrono>
+#include <cstdlib>
+#include <future>
+
+namespace {
+
+constexpr char libraryName[] = "libmpv.so.2";
+
+template <typename Function> bool resolve(void* handle, const char* name, Function& function) {
+    function = reinterpret_cast<Function>(dlsym(handle, name));
+    return function != nullptr;
+}
+
+bool loadLibrary(MpvLibrary& library) {
+    void* const handle = dlopen(libraryName, RTLD_LAZY | RTLD_LOCAL);
+    return handle && resolve(handle, "mpv_create", library.create) &&
+           resolve(handle, "mpv_initialize", library.initialize) &&
+           resolve(handle, "mpv_terminate_destroy", library.terminateDestroy) &&
+           resolve(handle, "mpv_set_option_string", library.setOptionString) &&
+           resolve(handle, "mpv_command_async", library.commandAsync) &&
+           resolve(handle, "mpv_set_property_async", library.setPropertyAsync) &&
+           resolve(handle, "mpv_get_property_async", library.getPropertyAsync) &&
+           resolve(handle, "mpv_wait_event", library.waitEvent) &&
+           resolve(handle, "mpv_render_context_create", library.renderContextCreate) &&
+           resolve(handle, "mpv_render_context_set_update_callback",
+                   library.renderContextSetUpdateCallback) &&
+           resolve(handle, "mpv_render_context_update", library.renderContextUpdate) &&
+           resolve(handle, "mpv_render_context_get_info", library.renderContextGetInfo) &&
+           resolve(handle, "mpv_render_context_render", library.renderContextRender) &&
+           resolve(handle, "mpv_render_context_free", library.renderContextFree);
+}
+
+struct Loading {
+    MpvLibrary library{};
+    std::shared_future<bool> result;
+};
+
+// Never destroyed: players may end later than anything that the program destroys by itself.
+Loading& loading() {
+    static auto* const instance = new Loading;
+    return *instance;
+}
+
+} // namespace
+
+MpvState mpvLibraryState() {
+    Loading& current = loading();
+    if (!current.result.valid()) {
+        current.result = std::async(std::launch::async, loadLibrary, std::ref(current.library)).share();
+        // A library that is half loaded must not meet the end of the process.
+        std::atexit([] { loading().result.wait(); });
+    }
+    if (current.result.wait_for(std::chrono::seconds(0)) != std::future_status::ready) {
+        return MpvState::loading;
+    }
+    return current.result.get() ? MpvState::ready : MpvState::absent;
+}
+
+void mpvLibraryWait(int milliseconds) {
+    if (mpvLibraryState() == MpvState::loading) {
+        loading().result.wait_for(std::chrono::milliseconds(milliseconds));
+    }
+}
+
+const MpvLibrary& mpvLibrary() {
+    return loading().library;
+}

@@ -1,0 +1,178 @@
+#include "platform/process.h"
+
+#include "platform/base/end_request.h"
+#include "platform/display/display.h"
+#include "platform/files/paths.h"
+#include "platform/files/system_object.h"
+#include "platform/process/child_end.h"
+#include "platform/process/child_start.h"
+#include "platform/program_search.h"
+#include "platform/sound.h"
+
+#include <fcntl.h>
+#include <poll.h>
+#include <signal.h>
+#include <sys/syscall.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <array>
+#include <memory>
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace {
+
+// Children whose handle was closed before they ended. They are reaped by and by, so that none stays a zombie
+// for long.
+std::vector<pid_t> abandonedChildren;
+
+void reapAbandoned() {
+    std::erase_if(abandonedChildren, [](pid_t child) { return waitpid(child, nullptr, WNOHANG) != 0; });
+}
+
+struct ChildProcess : SystemObject {
+    ChildProcess(pid_t childNumber, bool childHasDisplay)
+        : number(childNumber), hasDisplay(childHasDisplay),
+          ending(static_cast<int>(syscall(SYS_pidfd_open, childNumber, 0))) {}
+    ~ChildProcess() override {
+        returnDisplay();
+        if (!hasEnded()) {
+            abandonedChildren.push_back(number);
+        }
+    }
+
+    // Looks without waiting, and reaps the child once.
+    bool hasEnded() {
+        int status = 0;
+        const pid_t result = ended ? 0 : waitpid(number, &status, WNOHANG);
+        if (result == number) {
+            exitCode = static_cast<DWORD>(WIFSIGNALED(status) ? 128 + WTERMSIG(status) : WEXITSTATUS(status));
+        }
+        ended = ended || result != 0;
+        return ended;
+    }
+
+    void returnDisplay() {
+        if (std::exchange(hasDisplay, false)) {
+            displayTakeBack();
+        }
+    }
+
+    pid_t number;
+    bool hasDisplay;
+    FileDescriptor ending; // readable once the child has ended; closed on a machine that has no such thing
+    bool ended = false;
+    std::optional<DWORD> exitCode;
+};
+
+struct ChildThread : SystemObject {};
+
+bool isRedirected(const STARTUPINFOA* startup) {
+    return startup && (startup->dwFlags & STARTF_USESTDHANDLES) != 0;
+}
+
+int streamOf(HANDLE handle) {
+    const OpenFile* file = findSystemObject<OpenFile>(handle);
+    return file ? file->descriptor.number() : noStream;
+}
+
+std::array<int, 3> streamsOf(const STARTUPINFOA* startup) {
+    if (!isRedirected(startup)) {
+        return {inheritedStream, inheritedStream, inheritedStream};
+    }
+    return {streamOf(startup->hStdInput), streamOf(startup->hStdOutput), streamOf(startup->hStdError)};
+}
+
+// A parent that ignores the end of its children would never learn their exit code.
+void restoreChildSignal() {
+    struct sigaction action {};
+    if (sigaction(SIGCHLD, nullptr, &action) == 0 && action.sa_handler == SIG_IGN) {
+        action.sa_handler = SIG_DFL;
+        sigaction(SIGCHLD, &action, nullptr);
+    }
+}
+
+} // namespace
+
+BOOL CreateProcessA(LPCSTR applicationName, LPSTR commandLine, SECURITY_ATTRIBUTES*, SECURITY_ATTRIBUTES*,
+                    BOOL, DWORD, LPVOID environment, LPCSTR workingDirectory, const STARTUPINFOA* startup,
+                    PROCESS_INFORMATION* process) {
+    if (applicationName || environment || !commandLine) {
+        return FALSE;
+    }
+    reapAbandoned();
+    restoreChildSignal();
+    const std::string folder = nativePath(workingDirectory ? workingDirectory : "");
+    const Invocation invocation = resolveInvocation(commandLine, folder);
+    if (invocation.programs.empty()) {
+        return FALSE;
+    }
+    // A child with redirected streams only computes. Any other may draw at once, and on a console without a
+    // window system it can do so only when nobody else holds the screen.
+    const bool getsDisplay = !isRedirected(startup);
+    if (getsDisplay) {
+        soundGiveUp();
+        displayGiveUp();
+    }
+    const pid_t child = startChild({invocation.programs, invocation.words, folder, streamsOf(startup)});
+    if (child == 0) {
+        if (getsDisplay) {
+            displayTakeBack();
+        }
+        return FALSE;
+    }
+    process->hProcess = insertSystemObject(std::make_unique<ChildProcess>(child, getsDisplay));
+    process->hThread = insertSystemObject(std::make_unique<ChildThread>());
+    process->dwProcessId = static_cast<DWORD>(child);
+    process->dwThreadId = static_cast<DWORD>(child);
+    return TRUE;
+}
+
+DWORD WaitForSingleObject(HANDLE process, DWORD) {
+    constexpr int keepAliveInterval = 50; // milliseconds
+    ChildProcess* child = findSystemObject<ChildProcess>(process);
+    if (!child) {
+        return WAIT_FAILED;
+    }
+    ChildEnd end(child->number);
+    const auto waitAWhile = [&] {
+        displayKeepAlive();
+        end.poll(child->hasEnded());
+        pollfd ending = {child->hasEnded() ? -1 : child->ending.number(), POLLIN, 0};
+        poll(&ending, 1, keepAliveInterval);
+    };
+    while (!child->hasEnded() && !end.isOver()) {
+        waitAWhile();
+    }
+    child->returnDisplay();
+    // A display that is lost may have ended the child before its loss is noticed here.
+    while (endRequested() && !end.isOver()) {
+        waitAWhile();
+    }
+    return child->hasEnded() ? WAIT_OBJECT_0 : WAIT_TIMEOUT;
+}
+
+BOOL GetExitCodeProcess(HANDLE process, DWORD* exitCode) {
+    ChildProcess* child = findSystemObject<ChildProcess>(process);
+    if (!child || !child->hasEnded() || !child->exitCode) {
+        return FALSE;
+    }
+    *exitCode = *child->exitCode;
+    return TRUE;
+}
+
+HANDLE GetStdHandle(DWORD which) {
+    static HANDLE standardInput = nullptr;
+    if (which != STD_INPUT_HANDLE) {
+        return nullptr;
+    }
+    if (!findSystemObject<OpenFile>(standardInput)) {
+        auto file = std::make_unique<OpenFile>();
+        file->descriptor = FileDescriptor(fcntl(STDIN_FILENO, F_DUPFD_CLOEXEC, STDERR_FILENO + 1));
+        standardInput = file->descriptor.isOpen() ? insertSystemObject(std::move(file)) : nullptr;
+    }
+    return standardInput;
+}

@@ -1,0 +1,193 @@
+#include "platform/text.h"
+
+#include "platform/drawing/device_context.h"
+#include "platform/drawing/gdi_objects.h"
+#include "platform/fonts/fonts.h"
+
+#include <cairo.h>
+
+#include <algorithm>
+#include <array>
+#include <cstdlib>
+#include <limits>
+#include <memory>
+
+namespace {
+
+// Larger letters are drawn as outlines, so that their pictures are not kept: each would take a hundred
+// kilobytes.
+constexpr int largestKeptEmHeight = 128;
+
+struct DestroySurface {
+    void operator()(cairo_surface_t* surface) const { cairo_surface_destroy(surface); }
+};
+struct DestroyCairo {
+    void operator()(cairo_t* cairo) const { cairo_destroy(cairo); }
+};
+
+std::int64_t widthOf(const FontObject& font, LPCSTR text, int length) {
+    std::int64_t width = 0;
+    for (int i = 0; i < length; ++i) {
+        width += font.advance(static_cast<unsigned char>(text[i]));
+    }
+    return width;
+}
+
+// Where a text stands: its own axes lie on the screen with the origin at the top left corner of its cell.
+struct Placement {
+    std::int64_t x = 0;
+    std::int64_t y = 0;
+    int directionX = 1;
+    int directionY = 0;
+
+    // A point of the text's own axes on the screen.
+    std::int64_t screenX(std::int64_t along, std::int64_t down) const {
+        return x + along * directionX - down * directionY;
+    }
+    std::int64_t screenY(std::int64_t along, std::int64_t down) const {
+        return y + along * directionY + down * directionX;
+    }
+
+    // A rectangle of the text's own axes on the screen.
+    Area screenArea(const Area& own) const {
+        const auto [left, right] = std::minmax({screenX(own.left, own.top), screenX(own.right, own.bottom)});
+        const auto [top, bottom] = std::minmax({screenY(own.left, own.top), screenY(own.right, own.bottom)});
+        return {left, top, right, bottom};
+    }
+};
+
+// Draws the glyphs of one text. They are handed over in portions of fixed size, and those that cannot touch
+// the surface not at all, so that neither a long text nor a far place costs memory.
+class GlyphPainter {
+public:
+    GlyphPainter(Surface& surface, const FontObject& font, const Placement& placement, COLORREF color)
+        : surface_(surface), font_(font), placement_(placement),
+          image_(cairo_image_surface_create_for_data(
+              reinterpret_cast<unsigned char*>(surface.pixels.get()), CAIRO_FORMAT_RGB24, surface.width,
+              surface.height, surface.width * static_cast<int>(sizeof(std::uint32_t)))),
+          cairo_(cairo_create(image_.get())) {
+        cairo_set_scaled_font(cairo_.get(), font.scaled.get());
+        const std::uint32_t pixel = pixelOf(color);
+        cairo_set_source_rgb(cairo_.get(), ((pixel >> 16) & 0xFF) / 255.0, ((pixel >> 8) & 0xFF) / 255.0,
+                             (pixel & 0xFF) / 255.0);
+    }
+
+    void paint(LPCSTR text, int length) {
+        const int baseline = font_.pixels(font_.face->ascent);
+        const int margin = 2 * font_.emHeight + inkReach();
+        std::int64_t pen = 0;
+        for (int i = 0; i < length; ++i) {
+            const auto byte = static_cast<unsigned char>(text[i]);
+            const std::int64_t x = placement_.screenX(pen, baseline);
+            const std::int64_t y = placement_.screenY(pen, baseline);
+            if (x > -margin && x < surface_.width + margin && y > -margin && y < surface_.height + margin) {
+                glyphs_[count_] = {font_.face->glyphs[byte], static_cast<double>(x), static_cast<double>(y)};
+                if (++count_ == glyphs_.size()) {
+                    show();
+                }
+            }
+            pen += font_.advance(byte);
+        }
+        show();
+    }
+
+private:
+    int inkReach() const {
+        const FontFace& face = *font_.face;
+        return std::max({std::abs(font_.pixels(face.inkLeft)), std::abs(font_.pixels(face.inkRight)),
+                         std::abs(font_.pixels(face.inkTop)), std::abs(font_.pixels(face.inkBottom))});
+    }
+
+    // A face that lacks the bold form is drawn again beside itself, each time one pixel further.
+    void show() {
+        for (int pass = 0; count_ > 0; ++pass) {
+            if (font_.emHeight > largestKeptEmHeight) {
+                cairo_glyph_path(cairo_.get(), glyphs_.data(), static_cast<int>(count_));
+                cairo_fill(cairo_.get());
+            } else {
+                cairo_show_glyphs(cairo_.get(), glyphs_.data(), static_cast<int>(count_));
+            }
+            if (pass == font_.boldness) {
+                break;
+            }
+            for (std::size_t i = 0; i < count_; ++i) {
+                glyphs_[i].x += font_.directionX;
+                glyphs_[i].y += font_.directionY;
+            }
+        }
+        count_ = 0;
+    }
+
+    Surface& surface_;
+    const FontObject& font_;
+    const Placement& placement_;
+    std::unique_ptr<cairo_surface_t, DestroySurface> image_;
+    std::unique_ptr<cairo_t, DestroyCairo> cairo_;
+    std::array<cairo_glyph_t, 200> glyphs_;
+    std::size_t count_ = 0;
+};
+
+// The pixels that the glyphs of a text can have touched, with two to spare for hinting.
+Area inkArea(const FontObject& font, const Placement& placement, std::int64_t width) {
+    const FontFace& face = *font.face;
+    const int baseline = font.pixels(face.ascent);
+    const int lean = face.slant ? font.emHeight : 0;
+    return placement.screenArea(
+        {font.pixels(face.inkLeft) - lean - 2, baseline - font.pixels(face.inkTop) - 2,
+         width + font.pixels(face.inkRight) + lean + 2, baseline - font.pixels(face.inkBottom) + 2});
+}
+
+} // namespace
+
+HFONT CreateFontIndirectA(const LOGFONTA* description) {
+    return description ? adoptFont(loadFont(*description)) : nullptr;
+}
+
+BOOL GetTextMetricsA(HDC dc, TEXTMETRICA* metrics) {
+    const DeviceContext* context = findDeviceContext(dc);
+    const FontObject* font = context ? selectedFont(*context) : nullptr;
+    if (!font || !metrics) {
+        return FALSE;
+    }
+    *metrics = {};
+    metrics->tmAscent = font->pixels(font->face->ascent);
+    metrics->tmDescent = font->pixels(font->face->descent);
+    metrics->tmHeight = font->height();
+    metrics->tmInternalLeading = metrics->tmHeight - font->emHeight;
+    metrics->tmExternalLeading = font->pixels(font->face->externalLeading);
+    metrics->tmWeight = font->face->weight;
+    return TRUE;
+}
+
+BOOL GetTextExtentPoint32A(HDC dc, LPCSTR text, int length, SIZE* size) {
+    const DeviceContext* context = findDeviceContext(dc);
+    const FontObject* font = context ? selectedFont(*context) : nullptr;
+    if (!font || !size || length < 0 || (!text && length > 0)) {
+        return FALSE;
+    }
+    const std::int64_t width = widthOf(*font, text, length);
+    size->cx = static_cast<LONG>(std::min<std::int64_t>(width, std::numeric_limits<LONG>::max()));
+    size->cy = font->height();
+    return TRUE;
+}
+
+BOOL TextOutA(HDC dc, int x, int y, LPCSTR text, int length) {
+    const DeviceContext* context = findDeviceContext(dc);
+    const FontObject* font = context ? selectedFont(*context) : nullptr;
+    if (!font || length < 0 || (!text && length > 0)) {
+        return FALSE;
+    }
+    Surface& surface = *context->surface;
+    if (length == 0 || !surface.pixels) {
+        return TRUE;
+    }
+    const Placement placement{x, y, font->directionX, font->directionY};
+    const std::int64_t width = widthOf(*font, text, length);
+    if (context->backgroundMode == OPAQUE) {
+        surface.fill(placement.screenArea({0, 0, width, font->height()}), pixelOf(context->backgroundColor));
+    }
+    GlyphPainter(surface, *font, placement, context->textColor).paint(text, length);
+    surface.clearUnusedBytes(inkArea(*font, placement, width));
+    surface.changed = true;
+    return TRUE;
+}

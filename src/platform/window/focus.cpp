@@ -1,0 +1,40 @@
+#include "platform/window/window_internal.h"
+
+namespace {
+
+HWND active = nullptr;
+HWND focused = nullptr;
+bool displayFocused = false;
+
+} // namespace
+
+void setDisplayFocus(bool hasFocus) {
+    displayFocused = hasFocus;
+}
+
+void activateWindow(HWND handle) {
+    active = handle;
+    tellFocus();
+}
+
+void deactivateWindow(const Window& window) {
+    if (active == window.handle) {
+        const Window* owner = findWindow(window.owner);
+        activateWindow(owner && owner->visible && !owner->destroying ? window.owner : nullptr);
+    }
+}
+
+void tellFocus() {
+    const HWND wanted = displayFocused && findWindow(active) ? active : nullptr;
+    if (wanted == focused) {
+        return;
+    }
+    const HWND former = focused;
+    focused = wanted;
+    sendMessage(former, WM_KILLFOCUS, reinterpret_cast<WPARAM>(wanted), 0);
+    sendMessage(wanted, WM_SETFOCUS, reinterpret_cast<WPARAM>(former), 0);
+}
+
+HWND focusWindow() {
+    return findWindow(focused) ? focused : nullptr;
+}

@@ -1,0 +1,377 @@
+#include "platform/window.h"
+
+#include "platform/base/end_request.h"
+#include "platform/base/handle_table.h"
+#include "platform/clock/fruitless_polls.h"
+#include "platform/display/display.h"
+#include "platform/drawing/device_context.h"
+#include "platform/window/window_internal.h"
+
+#include <algorithm>
+#include <memory>
+
+namespace {
+
+std::vector<std::unique_ptr<WindowClass>> classes;
+HandleTable<Window> windows(1);
+std::vector<HWND> order;
+
+HWND toHandle(std::uintptr_t value) {
+    return reinterpret_cast<HWND>(value);
+}
+
+std::uintptr_t toValue(HWND handle) {
+    return reinterpret_cast<std::uintptr_t>(handle);
+}
+
+WindowClass* findClass(LPCSTR name) {
+    const auto found = std::find_if(classes.begin(), classes.end(),
+                                    [&](const auto& entry) { return name && entry->name == name; });
+    return found != classes.end() ? found->get() : nullptr;
+}
+
+int frameOf(const Window& window) {
+    return (window.style & WS_THICKFRAME) != 0 ? thickFrame : 0;
+}
+
+LPARAM packSize(int width, int height) {
+    return static_cast<LPARAM>((static_cast<std::uint32_t>(height) << 16) |
+                               static_cast<std::uint32_t>(width));
+}
+
+// Sets the outer rectangle and makes the client surface to match; tells whether its size changed.
+bool placeWindow(Window& window, RECT outer) {
+    const int frame = 2 * frameOf(window);
+    const int width = std::clamp(outer.right - outer.left - frame, 0, 32767);
+    const int height = std::clamp(outer.bottom - outer.top - frame, 0, 32767);
+    window.outer = outer;
+    noteScreenChange();
+    if (width == window.client.width && height == window.client.height) {
+        return false;
+    }
+    if (width == 0 || height == 0 || !window.client.resize(width, height)) {
+        window.client.pixels.reset();
+        window.client.width = width > 0 && height > 0 ? 0 : width;
+        window.client.height = width > 0 && height > 0 ? 0 : height;
+    }
+    return true;
+}
+
+void sendSize(HWND handle, WPARAM kind) {
+    Window* window = findWindow(handle);
+    if (window) {
+        window->sized = true;
+        sendMessage(handle, WM_SIZE, kind, packSize(window->client.width, window->client.height));
+    }
+}
+
+bool isChild(const Window& window) {
+    return (window.style & WS_CHILD) != 0;
+}
+
+// Where the client area of a child's parent begins; (0, 0) for a popup.
+POINT originOf(const Window& window) {
+    const Window* parent = isChild(window) ? findWindow(window.owner) : nullptr;
+    return parent ? POINT{parent->outer.left + frameOf(*parent), parent->outer.top + frameOf(*parent)}
+                  : POINT{};
+}
+
+// The place of a new window in the order: a child directly above its parent, any other on top.
+void insertIntoOrder(HWND handle) {
+    const Window& window = *findWindow(handle);
+    const auto parent = std::find(order.begin(), order.end(), window.owner);
+    order.insert(isChild(window) && parent != order.end() ? parent + 1 : order.end(), handle);
+}
+
+void raise(HWND handle) {
+    order.erase(std::remove(order.begin(), order.end(), handle), order.end());
+    order.push_back(handle);
+    // What a window owns lies above it.
+    std::stable_partition(order.begin(), order.end(), [&](HWND other) {
+        const Window* window = findWindow(other);
+        return !window || window->owner != handle;
+    });
+    noteScreenChange();
+}
+
+RECT wholeScreen() {
+    int width = 0;
+    int height = 0;
+    displaySize(width, height);
+    return {0, 0, width, height};
+}
+
+// One axis of a rectangle that must not reach beyond the screen.
+void holdBetween(LONG limit, LONG& start, LONG& end) {
+    const LONG length = std::min(end - start, limit);
+    start = std::clamp(start, 0, limit - length);
+    end = start + length;
+}
+
+RECT heldToScreen(RECT rect) {
+    const RECT screen = wholeScreen();
+    holdBetween(screen.right, rect.left, rect.right);
+    holdBetween(screen.bottom, rect.top, rect.bottom);
+    return rect;
+}
+
+RECT rectangleOf(int x, int y, int width, int height) {
+    const auto edge = [](int start, int length) {
+        return static_cast<LONG>(
+            std::min<std::int64_t>(std::int64_t{start} + std::max(length, 0), INT32_MAX));
+    };
+    return {x, y, edge(x, width), edge(y, height)};
+}
+
+// The rectangle that a window of the style gets when it asks for this one.
+RECT grantedRectangle(DWORD style, int x, int y, int width, int height) {
+    const RECT asked = rectangleOf(x, y, width, height);
+    return (style & WS_THICKFRAME) != 0 ? heldToScreen(asked) : asked;
+}
+
+void invalidate(Window& window, bool erase) {
+    window.invalid = true;
+    window.eraseDue = window.eraseDue || erase;
+}
+
+void hide(Window& window) {
+    window.visible = false;
+    noteScreenChange();
+    deactivateWindow(window);
+}
+
+void show(HWND handle, bool maximize) {
+    Window* window = findWindow(handle);
+    if (isChild(*window)) {
+        window->visible = true;
+        window->firstPaint = false;
+        noteScreenChange();
+        return;
+    }
+    const bool appears = !window->visible;
+    const bool resized = maximize && placeWindow(*window, wholeScreen());
+    window->visible = true;
+    if (appears || resized) {
+        window->firstPaint = window->firstPaint || appears;
+        invalidate(*window, true);
+    }
+    raise(handle);
+    if (resized || !window->sized) {
+        sendSize(handle, maximize ? SIZE_MAXIMIZED : SIZE_RESTORED);
+    }
+    activateWindow(handle);
+}
+
+void endWindow(HWND handle) {
+    Window* window = findWindow(handle);
+    for (const HDC dc : window->contexts) {
+        deleteSurfaceDC(dc);
+    }
+    dropMessagesOf(handle);
+    order.erase(std::remove(order.begin(), order.end(), handle), order.end());
+    windows.remove(toValue(handle));
+    noteScreenChange();
+}
+
+std::unique_ptr<Window> makeWindow(const WindowClass& windowClass, DWORD style, HWND owner) {
+    auto window = std::make_unique<Window>();
+    window->className = windowClass.name;
+    window->classStyle = windowClass.style;
+    window->procedure = windowClass.procedure;
+    window->background = windowClass.background;
+    window->style = style;
+    window->owner = owner;
+    return window;
+}
+
+} // namespace
+
+Window* findWindow(HWND handle) {
+    return windows.find(toValue(handle));
+}
+
+const std::vector<HWND>& windowOrder() {
+    return order;
+}
+
+HWND mainWindowOfProgram() {
+    const auto found =
+        std::find_if(order.begin(), order.end(), [](HWND handle) { return !findWindow(handle)->owner; });
+    return found != order.end() ? *found : nullptr;
+}
+
+RECT placeInParent(const Window& window) {
+    const POINT origin = originOf(window);
+    return {window.outer.left - origin.x, window.outer.top - origin.y, window.outer.right - origin.x,
+            window.outer.bottom - origin.y};
+}
+
+LRESULT sendMessage(HWND handle, UINT message, WPARAM wParam, LPARAM lParam) {
+    const Window* window = findWindow(handle);
+    return window ? window->procedure(handle, message, wParam, lParam) : 0;
+}
+
+ATOM RegisterClassA(const WNDCLASSA* windowClass) {
+    if (!windowClass || !windowClass->lpszClassName || !windowClass->lpfnWndProc ||
+        findClass(windowClass->lpszClassName)) {
+        return 0;
+    }
+    static ATOM lastAtom = 0xC000;
+    classes.push_back(
+        std::make_unique<WindowClass>(WindowClass{windowClass->lpszClassName, windowClass->style,
+                                                  windowClass->lpfnWndProc, windowClass->hbrBackground}));
+    lastAtom = lastAtom == 0xFFFF ? 0xC001 : static_cast<ATOM>(lastAtom + 1);
+    return lastAtom;
+}
+
+BOOL UnregisterClassA(LPCSTR className, HINSTANCE) {
+    const WindowClass* found = findClass(className);
+    const bool used = std::any_of(order.begin(), order.end(), [&](HWND handle) {
+        return found && findWindow(handle)->className == found->name;
+    });
+    if (!found || used) {
+        return FALSE;
+    }
+    std::erase_if(classes, [&](const auto& entry) { return entry.get() == found; });
+    return TRUE;
+}
+
+BOOL GetClassInfoA(HINSTANCE instance, LPCSTR className, WNDCLASSA* windowClass) {
+    const WindowClass* found = findClass(className);
+    if (!found) {
+        return FALSE;
+    }
+    *windowClass = {};
+    windowClass->style = found->style;
+    windowClass->lpfnWndProc = found->procedure;
+    windowClass->hInstance = instance;
+    windowClass->hbrBackground = found->background;
+    windowClass->lpszClassName = className;
+    return TRUE;
+}
+
+HICON LoadIconA(HINSTANCE, LPCSTR name) {
+    return reinterpret_cast<HICON>(reinterpret_cast<std::uintptr_t>(name));
+}
+
+HCURSOR LoadCursorA(HINSTANCE, LPCSTR name) {
+    return reinterpret_cast<HCURSOR>(reinterpret_cast<std::uintptr_t>(name));
+}
+
+HWND CreateWindowExA(DWORD, LPCSTR className, LPCSTR title, DWORD style, int x, int y, int width, int height,
+                     HWND parent, HMENU, HINSTANCE, LPVOID creationData) {
+    if (order.empty()) {
+        forgetEndRequest();
+    }
+    const WindowClass* windowClass = findClass(className);
+    int screenWidth = 0;
+    int screenHeight = 0;
+    if (!windowClass || (parent && !findWindow(parent)) || !displaySize(screenWidth, screenHeight)) {
+        return nullptr;
+    }
+    connectDisplay();
+    if (title && *title != '\0') {
+        displaySetTitle(title);
+    }
+    const HWND handle = toHandle(windows.insert(makeWindow(*windowClass, style, parent)));
+    Window* window = findWindow(handle);
+    window->handle = handle;
+    const auto given = [](int value) { return value == CW_USEDEFAULT ? 0 : value; };
+    const POINT origin = originOf(*window);
+    placeWindow(*window, grantedRectangle(style, origin.x + given(x), origin.y + given(y), given(width),
+                                          given(height)));
+    insertIntoOrder(handle);
+    const auto data = reinterpret_cast<LPARAM>(creationData);
+    if (sendMessage(handle, WM_NCCREATE, 0, data) == FALSE) {
+        if (findWindow(handle)) {
+            endWindow(handle);
+        }
+        return nullptr;
+    }
+    if (sendMessage(handle, WM_CREATE, 0, data) == -1) {
+        DestroyWindow(handle);
+    }
+    return findWindow(handle) ? handle : nullptr;
+}
+
+BOOL DestroyWindow(HWND handle) {
+    Window* window = findWindow(handle);
+    if (!window || window->destroying) {
+        return FALSE;
+    }
+    window->destroying = true;
+    hide(*window);
+    for (const HWND other : std::vector<HWND>(order)) {
+        const Window* owned = findWindow(other);
+        if (owned && owned->owner == handle) {
+            DestroyWindow(other);
+        }
+    }
+    sendMessage(handle, WM_DESTROY, 0, 0);
+    endWindow(handle);
+    return TRUE;
+}
+
+BOOL ShowWindow(HWND handle, int command) {
+    Window* window = findWindow(handle);
+    if (!window) {
+        return FALSE;
+    }
+    const bool wasVisible = window->visible;
+    if (command != SW_HIDE) {
+        show(handle, command == SW_MAXIMIZE);
+    } else if (wasVisible) {
+        hide(*window);
+    }
+    return wasVisible ? TRUE : FALSE;
+}
+
+BOOL MoveWindow(HWND handle, int x, int y, int width, int height, BOOL repaint) {
+    Window* window = findWindow(handle);
+    if (!window) {
+        return FALSE;
+    }
+    const POINT origin = originOf(*window);
+    const bool resized =
+        placeWindow(*window, grantedRectangle(window->style, origin.x + x, origin.y + y, width, height));
+    const bool redraws = resized && (window->classStyle & (CS_HREDRAW | CS_VREDRAW)) != 0;
+    if (repaint || redraws) {
+        invalidate(*window, true);
+    }
+    if (resized) {
+        sendSize(handle, SIZE_RESTORED);
+    }
+    return TRUE;
+}
+
+BOOL SetWindowPos(HWND handle, HWND, int x, int y, int width, int height, UINT) {
+    return MoveWindow(handle, x, y, width, height, FALSE);
+}
+
+BOOL GetClientRect(HWND handle, RECT* rect) {
+    noteWorkBetweenPolls();
+    const Window* window = findWindow(handle);
+    if (!window) {
+        return FALSE;
+    }
+    *rect = {0, 0, window->client.width, window->client.height};
+    return TRUE;
+}
+
+BOOL GetWindowRect(HWND handle, RECT* rect) {
+    const Window* window = findWindow(handle);
+    if (!window) {
+        return FALSE;
+    }
+    *rect = window->outer;
+    return TRUE;
+}
+
+BOOL InvalidateRect(HWND handle, const RECT*, BOOL erase) {
+    Window* window = findWindow(handle);
+    if (!window) {
+        return FALSE;
+    }
+    invalidate(*window, erase != FALSE);
+    return TRUE;
+}
