@@ -6,14 +6,14 @@
 #include <X11/extensions/XTest.h>
 
 void sendKeyToFocus(std::uint32_t keySymbol, bool down) {
-    const X11Connection connection = openX11Connection();
+    Display* connection = watchedConnection();
     int unused = 0;
-    if (!connection || !XTestQueryExtension(connection.get(), &unused, &unused, &unused, &unused)) {
+    if (!connection || !XTestQueryExtension(connection, &unused, &unused, &unused, &unused)) {
         return;
     }
-    const KeyCode key = XKeysymToKeycode(connection.get(), keySymbol);
+    const KeyCode key = XKeysymToKeycode(connection, keySymbol);
     if (key != 0) {
-        XTestFakeKeyEvent(connection.get(), key, down ? True : False, CurrentTime);
-        XSync(connection.get(), False);
+        XTestFakeKeyEvent(connection, key, down ? True : False, CurrentTime);
+        XSync(connection, False);
     }
 }

@@ -4,7 +4,13 @@
 
 #include <X11/Xlib.h>
 
+#include <memory>
+
 namespace {
+
+struct CloseDisplay {
+    void operator()(Display* connection) const { XCloseDisplay(connection); }
+};
 
 bool windowManagerRuns(Display* connection) {
     const Atom property = XInternAtom(connection, "_NET_SUPPORTING_WM_CHECK", True);
@@ -33,18 +39,18 @@ bool isViewable(Display* connection, Window window) {
 } // namespace
 
 bool windowManagerRuns() {
-    const X11Connection connection = openX11Connection();
+    const std::unique_ptr<Display, CloseDisplay> connection(XOpenDisplay(nullptr));
     return connection && windowManagerRuns(connection.get());
 }
 
 bool keyboardFocusIsFree() {
-    const X11Connection connection = openX11Connection();
-    if (!connection || windowManagerRuns(connection.get())) {
+    Display* connection = watchedConnection();
+    if (!connection || windowManagerRuns(connection)) {
         return false;
     }
     Window focus = None;
     int unused = 0;
-    XGetInputFocus(connection.get(), &focus, &unused);
-    return focus == None || focus == PointerRoot || focus == DefaultRootWindow(connection.get()) ||
-           !isViewable(connection.get(), focus);
+    XGetInputFocus(connection, &focus, &unused);
+    return watchedConnection() && (focus == None || focus == PointerRoot ||
+                                   focus == DefaultRootWindow(connection) || !isViewable(connection, focus));
 }

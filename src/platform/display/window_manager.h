@@ -4,7 +4,8 @@
 #pragma once
 
 // True when a window manager runs. A cabinet has none, and a window that covers the screen is all that is
-// needed there; asking for the full-screen state would only wait for an answer that nobody gives.
+// needed there; asking for the full-screen state would only wait for an answer that nobody gives. For the
+// start: it opens a connection for the question, since the window is not made yet.
 bool windowManagerRuns();
 
 // True when no window on the screen has the keyboard focus and no window manager will assign it: a window

@@ -8,10 +8,12 @@
 
 namespace {
 
+Display* watched = nullptr;
 Window watchedWindow = None;
 void (*reportLoss)() = nullptr;
 
 void loseWindow() {
+    watched = nullptr;
     watchedWindow = None;
     if (auto* const report = std::exchange(reportLoss, nullptr)) {
         report();
@@ -32,11 +34,6 @@ int handleRequestError(Display*, XErrorEvent* error) {
     return 0;
 }
 
-void installHandlers() {
-    XSetIOErrorHandler(ignoreBrokenConnection);
-    XSetErrorHandler(handleRequestError);
-}
-
 } // namespace
 
 void watchConnection(SDL_Window* window, void (*lost)()) {
@@ -45,12 +42,14 @@ void watchConnection(SDL_Window* window, void (*lost)()) {
     if (SDL_GetWindowWMInfo(window, &info) == SDL_FALSE || info.subsystem != SDL_SYSWM_X11) {
         return;
     }
+    watched = info.info.x11.display;
     watchedWindow = info.info.x11.window;
     reportLoss = lost;
-    installHandlers();
+    XSetIOErrorHandler(ignoreBrokenConnection);
+    XSetErrorHandler(handleRequestError);
     // Xlib's own handler calls exit, whose handlers then wait for a lock that the interrupted call holds.
     XSetIOErrorExitHandler(
-        info.info.x11.display, [](Display*, void*) { loseWindow(); }, nullptr);
+        watched, [](Display*, void*) { loseWindow(); }, nullptr);
     SDL_EventState(SDL_SYSWMEVENT, SDL_ENABLE);
 }
 
@@ -65,16 +64,6 @@ void checkForDestruction(const SDL_Event& event) {
     }
 }
 
-void CloseX11Connection::operator()(_XDisplay* connection) const {
-    XCloseDisplay(connection);
-}
-
-X11Connection openX11Connection() {
-    X11Connection connection(XOpenDisplay(nullptr));
-    if (connection) {
-        installHandlers();
-        XSetIOErrorExitHandler(
-            connection.get(), [](Display*, void*) {}, nullptr);
-    }
-    return connection;
+_XDisplay* watchedConnection() {
+    return watched;
 }

@@ -1,8 +1,6 @@
 // Keeps errors of the X11 connection from ending the process. Inside the platform only: called by the display
-// once it has its window, and by whoever opens a connection of its own for a moment.
+// once it has its window. Errors of requests are ignored.
 #pragma once
-
-#include <memory>
 
 struct SDL_Window;
 union SDL_Event;
@@ -16,11 +14,6 @@ void watchConnection(SDL_Window* window, void (*lost)());
 // Passes on an event of SDL's; `lost` is called when it says that the window has been destroyed.
 void checkForDestruction(const SDL_Event& event);
 
-struct CloseX11Connection {
-    void operator()(_XDisplay* connection) const;
-};
-using X11Connection = std::unique_ptr<_XDisplay, CloseX11Connection>;
-
-// A connection for one question; nothing of it must be inherited by a child or time out. When it breaks, the
-// calls that use it fail. Null when there is no server.
-X11Connection openX11Connection();
+// The connection that is watched, for questions beside SDL; null when there is none or it has been lost. A
+// separate one for a moment would end the process when the server goes while Xlib opens it.
+_XDisplay* watchedConnection();
