@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include <csignal>
+
 namespace {
 
 // A cabinet of three games whose emulator is a script that writes down how it was called.
@@ -105,6 +107,37 @@ TEST_F(StartGame, ASignalEndsTheGameAndThenTheFrontEnd) {
     EXPECT_EQ(frontEnd.runToEnd(), 0);
     EXPECT_EQ(frontEnd.get("System", "SelectedGame"), "alpha");
     EXPECT_LT(frontEnd.elapsed(), 1500) << "no message holds up a shutdown";
+}
+
+// Ten seconds of silence, 8 bits at 8 kHz.
+std::string tenSeconds() {
+    constexpr std::uint32_t samples = 80000;
+    const auto number = [](std::uint32_t value, int bytes) {
+        std::string text;
+        for (int byte = 0; byte < bytes; ++byte) {
+            text += static_cast<char>(value >> (8 * byte));
+        }
+        return text;
+    };
+    return "RIFF" + number(36 + samples, 4) + "WAVEfmt " + number(16, 4) + number(1, 2) + number(1, 2) +
+           number(8000, 4) + number(8000, 4) + number(1, 2) + number(8, 2) + "data" + number(samples, 4) +
+           std::string(samples, '\x80');
+}
+
+TEST_F(StartGame, WaitsForTheStartSoundUnlessTheProgramIsAskedToEnd) {
+    frontEnd.set("Sounds", "StartGame", frontEnd.folder().write("start.wav", tenSeconds()));
+    frontEnd.tap(150, SDL_SCANCODE_1);
+    frontEnd.at(10000, [this] { EXPECT_EQ(calls(), ""); });
+    frontEnd.tap(12250, SDL_SCANCODE_ESCAPE);
+    EXPECT_EQ(frontEnd.runToEnd(), 0);
+    EXPECT_EQ(calls(), "alpha\n");
+
+    frontEnd.restart();
+    frontEnd.tap(150, SDL_SCANCODE_1);
+    frontEnd.at(3000, [] { std::raise(SIGTERM); });
+    EXPECT_EQ(frontEnd.runToEnd(), 0);
+    EXPECT_LT(frontEnd.elapsed(), 3200);
+    EXPECT_EQ(calls(), "alpha\n") << "no second game";
 }
 
 } // namespace
