@@ -1,6 +1,7 @@
 #include "platform/media.h"
 
 #include "platform/window.h"
+#include "riff.h"
 #include "support/movie_files.h"
 #include "support/temporary_folder.h"
 
@@ -41,6 +42,26 @@ protected:
             return size.right < 20000;
         });
         return size;
+    }
+
+    // One picture, and a second of sound.
+    static std::string whiteMovie(SIZE size, bool sound) {
+        AviWriter writer({size.cx, size.cy, 10, sound ? SoundRate : 0});
+        writer.addPicture(std::vector<std::uint32_t>(static_cast<std::size_t>(size.cx * size.cy), 0xFFFFFF));
+        if (sound) {
+            writer.addSound(::play({{0, 1, 440, 0, 0.8, 0}}, 1));
+        }
+        return writer.content();
+    }
+
+    // Pictures that are not compressed.
+    static std::string plainMovie(SIZE size) {
+        std::string content = AviWriter({size.cx, size.cy, 10, 0}).content();
+        content.replace(content.find("MJPG"), 4, "DIB ");
+        content.replace(content.find("MJPG"), 4, 4, '\0');
+        content.erase(content.find("LIST", content.find("strf")));
+        const std::string pixels(static_cast<std::size_t>(3 * size.cx * size.cy), '\x7F');
+        return content + riffList("movi", riffChunk("00db", pixels) + riffChunk("00db", pixels));
     }
 
     static int shown() { return pictureNumberAt(movieX, movieY); }
@@ -125,8 +146,17 @@ TEST_F(MediaTest, RefusesWhatIsNoMovieAndNeverWaitsForIt) {
     folder.write("noise.avi", std::string(5000, '\x5A'));
     folder.write("playlist.avi", "#EXTM3U\n#EXT-X-TARGETDURATION:9\n#EXTINF:9,\ngood.avi\n#EXT-X-ENDLIST\n");
     folder.write("concat.avi", "ffconcat version 1.0\nfile good.avi\n");
-    for (const char* name : {"absent.avi", "folder.avi", "fifo.avi", "empty.avi", "noise.avi", "playlist.avi",
-                             "concat.avi", "/dev/zero", "good.avi/"}) {
+    folder.write("huge.avi", whiteMovie({4000, 3000}, false));
+    folder.write("large.avi", whiteMovie({2000, 1500}, false));
+    folder.write("deep.avi", plainMovie({1900, 1200})); // fewer pixels, but of 24 bits
+    folder.write("loud.avi", whiteMovie({2000, 1500}, true));
+    std::string pictureless = numberedMovie(4, 10); // without the markers of its pictures
+    std::replace(pictureless.begin() + static_cast<std::ptrdiff_t>(pictureless.find("movi")),
+                 pictureless.end(), '\xFF', '\x5A');
+    folder.write("pictureless.avi", pictureless);
+    for (const char* name :
+         {"huge.avi", "large.avi", "deep.avi", "loud.avi", "pictureless.avi", "absent.avi", "folder.avi",
+          "fifo.avi", "empty.avi", "noise.avi", "playlist.avi", "concat.avi", "/dev/zero", "good.avi/"}) {
         const auto start = std::chrono::steady_clock::now();
         LRESULT answer = 0;
         const HWND movie = play(name, &answer);
@@ -137,11 +167,9 @@ TEST_F(MediaTest, RefusesWhatIsNoMovieAndNeverWaitsForIt) {
     }
 }
 
-TEST_F(MediaTest, KnowsSizesFromOnePixelToFourThousand) {
-    for (const SIZE size : {SIZE{1, 1}, SIZE{63, 17}, SIZE{4000, 3000}}) {
-        AviWriter writer({size.cx, size.cy, 10, 0});
-        writer.addPicture(std::vector<std::uint32_t>(static_cast<std::size_t>(size.cx * size.cy), 0xFFFFFF));
-        const HWND movie = play(folder.write("a.avi", writer.content()));
+TEST_F(MediaTest, KnowsSizesFromOnePixelToTwoThousand) {
+    for (const SIZE size : {SIZE{1, 1}, SIZE{63, 17}, SIZE{1920, 1080}}) {
+        const HWND movie = play(folder.write("a.avi", whiteMovie(size, false)));
         const RECT found = sizeOf(movie);
         EXPECT_EQ(found.right, size.cx);
         EXPECT_EQ(found.bottom, size.cy);

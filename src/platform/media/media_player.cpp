@@ -5,7 +5,6 @@
 #include <algorithm>
 #include <chrono>
 #include <cstdlib>
-#include <cstring>
 #include <string_view>
 
 namespace {
@@ -55,6 +54,14 @@ constexpr Option options[] = {
 constexpr std::string_view containers = "aac,ac3,aiff,asf,avi,caf,dv,flac,flv,gif,ivf,m4v,matroska,mov,mp3,"
                                         "mpeg,mpegts,mpegvideo,nsv,ogg,rm,wav,w64";
 
+// A decoder may hold about 30 pictures: 16 for reference, others out of order, between threads and on their
+// way. They must fit into 190 MB.
+constexpr std::int64_t mostPixels = 2'800'000;       // of a picture that may still be decoded
+constexpr std::int64_t mostPictureBytes = 6'300'000; // of one whose form is known
+
+// Marks a question for the picture that only a file without one answers with an error.
+constexpr std::uint64_t pictureExpected = std::uint64_t{1} << 63;
+
 // Seconds between two looks for a picture. The core stands still for 200 ms over one that nobody takes, also
 // while it opens or closes a file.
 constexpr double pictureLook = 0.001;
@@ -69,6 +76,34 @@ const char* soundOutputs() {
     const char* driver = std::getenv("SDL_AUDIODRIVER");
     const std::string_view name = driver ? driver : "";
     return name == "dummy" || name == "disk" ? "null" : "pulse,alsa,null";
+}
+
+// The value of a key in a map; null without it.
+const mpv_node* findIn(const mpv_node& map, std::string_view key) {
+    for (int index = 0; map.format == MPV_FORMAT_NODE_MAP && index < map.u.list->num; ++index) {
+        if (map.u.list->keys[index] == key) {
+            return &map.u.list->values[index];
+        }
+    }
+    return nullptr;
+}
+
+std::int64_t numberIn(const mpv_node& map, std::string_view key) {
+    const mpv_node* value = findIn(map, key);
+    return value && value->format == MPV_FORMAT_INT64 ? value->u.int64 : 0;
+}
+
+// Whether there is a track of pictures other than the cover of a sound track.
+bool hasMovie(const mpv_node& tracks) {
+    for (int index = 0; tracks.format == MPV_FORMAT_NODE_ARRAY && index < tracks.u.list->num; ++index) {
+        const mpv_node* type = findIn(tracks.u.list->values[index], "type");
+        const mpv_node* cover = findIn(tracks.u.list->values[index], "albumart");
+        if (type && type->format == MPV_FORMAT_STRING && std::string_view(type->u.string) == "video" &&
+            !(cover && cover->format == MPV_FORMAT_FLAG && cover->u.flag != 0)) {
+            return true;
+        }
+    }
+    return false;
 }
 
 } // namespace
@@ -88,6 +123,7 @@ bool MediaPlayer::start() {
         mpv.setOptionString(core_, option.name, option.value);
     }
     mpv.setOptionString(core_, "ao", soundOutputs());
+    mpv.setOptionString(core_, "vd-lavc-o", ("max_pixels=" + std::to_string(mostPixels)).c_str());
     // The list holds commas, so its length stands before it.
     const std::string whitelist =
         "format_whitelist=%" + std::to_string(containers.size()) + "%" + std::string(containers);
@@ -245,18 +281,22 @@ void MediaPlayer::handle(const mpv_event& event) {
         break;
     case MPV_EVENT_VIDEO_RECONFIG:
         if (current_) {
+            mpv.getPropertyAsync(core_, number_, "video-params", MPV_FORMAT_NODE);
             mpv.getPropertyAsync(core_, number_, "dwidth", MPV_FORMAT_INT64);
             mpv.getPropertyAsync(core_, number_, "dheight", MPV_FORMAT_INT64);
         }
         break;
-    case MPV_EVENT_GET_PROPERTY_REPLY:
-        if (event.error >= 0) {
-            takeProperty(*static_cast<mpv_event_property*>(event.data),
-                         current_ && event.reply_userdata == number_);
+    case MPV_EVENT_PLAYBACK_RESTART:
+        if (current_ && state_ == State::started) {
+            mpv.getPropertyAsync(core_, number_ | pictureExpected, "dwidth", MPV_FORMAT_INT64);
         }
+        break;
+    case MPV_EVENT_GET_PROPERTY_REPLY:
+        takeProperty(event);
         break;
     case MPV_EVENT_END_FILE:
         if (current_ && static_cast<mpv_event_end_file*>(event.data)->reason == MPV_END_FILE_REASON_ERROR) {
+            current_ = false;
             state_ = State::failed;
         }
         break;
@@ -275,11 +315,13 @@ void MediaPlayer::takeReply(const mpv_event& event) {
         state_ = State::failed;
         return;
     }
-    for (int index = 0; index < result.u.list->num; ++index) {
-        if (std::strcmp(result.u.list->keys[index], "playlist_entry_id") == 0) {
-            entry_ = result.u.list->values[index].u.int64;
-        }
-    }
+    entry_ = numberIn(result, "playlist_entry_id");
+}
+
+// Gives back what the file holds.
+void MediaPlayer::refuse() {
+    unload();
+    state_ = State::failed;
 }
 
 void MediaPlayer::findSoundServer(std::string_view output) {
@@ -289,8 +331,16 @@ void MediaPlayer::findSoundServer(std::string_view output) {
     }
 }
 
-void MediaPlayer::takeProperty(const mpv_event_property& property, bool current) {
-    const std::string_view name = property.name;
+void MediaPlayer::takeProperty(const mpv_event& event) {
+    const bool current = current_ && (event.reply_userdata & ~pictureExpected) == number_;
+    if (event.error < 0) {
+        // Playback has begun without a picture: none of the file could be decoded.
+        if (current && event.reply_userdata != number_ && state_ == State::started) {
+            refuse();
+        }
+        return;
+    }
+    const auto& property = *static_cast<mpv_event_property*>(event.data);
     if (property.format == MPV_FORMAT_DOUBLE) {
         // The place of a rest, whose file is closed by now. While the end of one round is still to be heard,
         // the core counts the next one from below zero; and it stands still for good when it starts at the
@@ -298,19 +348,38 @@ void MediaPlayer::takeProperty(const mpv_event_property& property, bool current)
         if (restPlace_) {
             restPlace_ = std::max(*static_cast<double*>(property.data), 0.0);
         }
-    } else if (!current) {
-        return;
-    } else if (name == "current-ao") {
-        findSoundServer(property.format == MPV_FORMAT_STRING ? *static_cast<char**>(property.data) : "");
-    } else if (name == "vid") {
-        if (soundOnly_ || (property.format == MPV_FORMAT_STRING &&
-                           std::string_view(*static_cast<char**>(property.data)) == "no")) {
-            width_ = height_ = 0;
+    } else if (current) {
+        takeCurrentProperty(property);
+    }
+}
+
+void MediaPlayer::takeCurrentProperty(const mpv_event_property& property) {
+    const std::string_view name = property.name;
+    const std::string_view text =
+        property.format == MPV_FORMAT_STRING ? *static_cast<char**>(property.data) : "";
+    if (name == "current-ao") {
+        findSoundServer(text);
+    } else if (name == "vid" && soundOnly_) {
+        width_ = height_ = 0;
+    } else if (name == "vid" && text == "no") {
+        mpvLibrary().getPropertyAsync(core_, number_, "track-list", MPV_FORMAT_NODE);
+    } else if (name == "track-list") {
+        if (hasMovie(*static_cast<mpv_node*>(property.data))) {
+            refuse(); // its pictures cannot be decoded
+            return;
+        }
+        width_ = height_ = 0;
+    } else if (name == "video-params") {
+        const auto& picture = *static_cast<mpv_node*>(property.data);
+        const std::int64_t bits = numberIn(picture, "average-bpp") * numberIn(picture, "w");
+        if (bits / 8 * numberIn(picture, "h") > mostPictureBytes) {
+            refuse();
+            return;
         }
     } else if (property.format == MPV_FORMAT_INT64 && !soundOnly_) {
         (name == "dwidth" ? width_ : height_) = *static_cast<std::int64_t*>(property.data);
     }
-    if (current && width_ >= 0 && height_ >= 0) {
+    if (width_ >= 0 && height_ >= 0) {
         state_ = State::sized;
     }
 }

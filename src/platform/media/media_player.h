@@ -70,7 +70,9 @@ private:
     void setProperty(const char* name, const char* value);
     void handle(const mpv_event& event);
     void takeReply(const mpv_event& event);
-    void takeProperty(const mpv_event_property& property, bool current);
+    void takeProperty(const mpv_event& event);
+    void takeCurrentProperty(const mpv_event_property& property);
+    void refuse();
 
     mpv_handle* core_ = nullptr;
     mpv_render_context* renderer_ = nullptr;

@@ -10,13 +10,28 @@ namespace {
 
 constexpr char libraryName[] = "libmpv.so.2";
 
+// The largest block of memory that the decoders may ask for. A file is already decoded a little before
+// anything is known about it, whatever size its pictures have. The search for its format needs 10 MiB.
+constexpr std::size_t largestBlock = std::size_t{12} << 20;
+
 template <typename Function> bool resolve(void* handle, const char* name, Function& function) {
     function = reinterpret_cast<Function>(dlsym(handle, name));
     return function != nullptr;
 }
 
+// The function belongs to a library that libmpv brings along.
+void limitBlocks(void* handle) {
+    void (*setLargest)(std::size_t) = nullptr;
+    if (resolve(handle, "av_max_alloc", setLargest)) {
+        setLargest(largestBlock);
+    }
+}
+
 bool loadLibrary(MpvLibrary& library) {
     void* const handle = dlopen(libraryName, RTLD_LAZY | RTLD_LOCAL);
+    if (handle) {
+        limitBlocks(handle);
+    }
     return handle && resolve(handle, "mpv_create", library.create) &&
            resolve(handle, "mpv_initialize", library.initialize) &&
            resolve(handle, "mpv_terminate_destroy", library.terminateDestroy) &&
