@@ -1,5 +1,6 @@
 // The road from process entry to the loop and out again.
 #include "app/error_box.h"
+#include "app/game_files.h"
 #include "app/window_state.h"
 #include "catalogue/game_catalogue.h"
 #include "catalogue/game_filter.h"
@@ -15,6 +16,7 @@
 #include "input/sounds.h"
 #include "overlays/message_window.h"
 #include "platform/entry.h"
+#include "platform/media.h"
 #include "platform/module.h"
 #include "platform/screen.h"
 #include "platform/sound.h"
@@ -28,9 +30,17 @@
 
 namespace {
 
+// What plays movies and the ambience is loaded while the list is read.
+void prepareMovies() {
+    if (fileExists(settings.attractDir) || fileExists(settings.ambienceFile)) {
+        mediaPrepare();
+    }
+}
+
 // 1 when the catalogue is ready, 0 after a message box has told the failure.
 int initGames() {
     showMessage("Loading Game Information...");
+    prepareMovies();
     if (!loadGameList()) {
         showError(mainWindow, "Error loading game list!");
         return 0;

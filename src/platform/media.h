@@ -21,9 +21,14 @@ constexpr UINT MCI_RESUME = 0x0855;
 constexpr UINT MCIWNDM_SENDSTRINGA = 0x0465;
 
 // lParam is a RECT that becomes the movie's display size at (0, 0), all 0 for a file without a picture. Waits
-// for the file for 25 ms at most. A movie that is not known by then counts as one of 4:3 that no area holds;
-// once it is known, its window shrinks to what it needs inside the place it was given.
+// for the file for 25 ms at most, and for a second when it is the first that is asked for. A movie that is
+// not known by then counts as one of 4:3 that no area holds; once it is known, its window shrinks to what it
+// needs inside the place it was given.
 constexpr UINT MCIWNDM_GET_DEST = 0x048E;
+
+// Begins to load what plays tracks and movies, on a thread of its own, so that the first window need not wait
+// for it. To be called when a window is likely to be made; otherwise the first one begins.
+void mediaPrepare();
 
 // Makes a media window on a parent and starts to open the file in it; it shows with its first picture. Only a
 // plain file is opened. The style names what the window has not: controls, menu, error boxes, a way to open

@@ -19,25 +19,12 @@ protected:
         settings.attractDir = directory;
         game.name = name;
         game.cloneOf = parent;
-        write("warmup", 16, 16);
-        playUntilKnown("warmup");
     }
 
     void write(const std::string& stem, int width, int height) const {
         AviWriter writer({width, height, 10, 0});
         writer.addPicture(std::vector<std::uint32_t>(static_cast<std::size_t>(width * height), 0xFFFFFF));
         folder.write("attracts/" + stem + ".avi", writer.content());
-    }
-
-    // The first movie loads the library, and its size is a guess meanwhile.
-    void playUntilKnown(const std::string& stem) const {
-        const HWND window = MCIWndCreateA(mainWindow, nullptr, 0, ("attracts/" + stem + ".avi").c_str());
-        ASSERT_TRUE(keepAliveUntil([&] {
-            RECT size{};
-            SendMessageA(window, MCIWNDM_GET_DEST, 0, reinterpret_cast<LPARAM>(&size));
-            return size.right == 16;
-        }));
-        SendMessageA(window, WM_CLOSE, 0, 0);
     }
 
     TemporaryFolder folder;
@@ -54,21 +41,20 @@ TEST_F(AttractMovieTest, FitsTheMovieWithoutEnlargingIt) {
         SIZE window;
     };
     constexpr Case cases[] = {
-        {{300, 100}, {320, 290}, {300, 100}}, // as wide as the area
-        {{100, 50}, {420, 315}, {100, 50}},
         {{100, 301}, {420, 189}, {100, 301}}, // higher than the area, and not looked at
-        {{600, 100}, {320, 315}, {300, 50}},
+        {{300, 100}, {320, 290}, {300, 100}}, // as wide as the area
+        {{100, 50}, {420, 315}, {100, 50}},   {{600, 100}, {320, 315}, {300, 50}},
         {{400, 400}, {370, 240}, {200, 200}}, // the height decides
     };
     for (const Case& fit : cases) {
         write("clone", fit.movie.cx, fit.movie.cy);
         RECT area{};
-        // On a busy machine the size may come too late for a try.
+        // The first one is known at once; on a busy machine the size of another may come too late for a try.
         keepAliveUntil([&] {
             closeAttractMovie();
             area = {320, 240, 620, 440};
             EXPECT_EQ(playAttractMovie(&game, &area), 1);
-            return area.left == fit.corner.x;
+            return &fit == cases || area.left == fit.corner.x;
         });
         RECT window{};
         GetClientRect(movieWindow, &window);
@@ -80,6 +66,12 @@ TEST_F(AttractMovieTest, FitsTheMovieWithoutEnlargingIt) {
         closeAttractMovie();
         EXPECT_EQ(movieWindow, nullptr);
     }
+}
+
+TEST_F(AttractMovieTest, TheFirstMovieIsKnownToBeDamaged) {
+    folder.write("attracts/clone.avi", "damaged");
+    RECT area{0, 0, 300, 200};
+    EXPECT_EQ(playAttractMovie(&game, &area), 0);
 }
 
 TEST_F(AttractMovieTest, ACloneWithoutAMovieShowsThatOfItsParent) {

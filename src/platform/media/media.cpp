@@ -13,6 +13,7 @@
 #include <string_view>
 #include <system_error>
 #include <thread>
+#include <utility>
 
 namespace {
 
@@ -20,6 +21,10 @@ constexpr LPCSTR mediaClass = "MCIWndClass";
 
 // What is left of a tick is drawing: the opening of a movie may hold it up for 40 ms in all.
 constexpr int longestWait = 25; // milliseconds
+
+// The first movie needs the library and a new core, and a frame without the movie or with a wrong size would
+// stand until the next move.
+constexpr int longestFirstWait = 1000;
 
 constexpr std::chrono::milliseconds longestEnd(1000);
 
@@ -120,11 +125,17 @@ void openMedia(MediaWindow& media) {
 }
 
 void waitForSize(MediaWindow& media) {
+    using Clock = std::chrono::steady_clock;
+    static bool first = true;
+    const int limit = std::exchange(first, false) ? longestFirstWait : longestWait;
+    const auto end = Clock::now() + std::chrono::milliseconds(limit);
+    if (!media.opened && !media.path.empty()) {
+        mpvLibraryWait(limit);
+    }
     openMedia(media);
     if (media.player) {
-        media.player->waitForSize(longestWait);
-    } else if (!media.failed) {
-        mpvLibraryWait(longestWait);
+        const auto rest = std::chrono::ceil<std::chrono::milliseconds>(end - Clock::now());
+        media.player->waitForSize(static_cast<int>(rest.count()));
     }
 }
 
@@ -270,6 +281,10 @@ void registerMediaClass() {
 }
 
 } // namespace
+
+void mediaPrepare() {
+    mpvLibraryState();
+}
 
 HWND MCIWndCreateA(HWND parent, HINSTANCE instance, DWORD, LPCSTR file) {
     registerMediaClass();

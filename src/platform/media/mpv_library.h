@@ -1,6 +1,6 @@
-// libmpv, loaded when the first track or movie is opened: with the hundred libraries behind it, it would add
-// 80 ms and 45 MiB to every start. Used by the media player only. A thread does the loading, since a cold
-// disk takes seconds.
+// libmpv, loaded when a track or movie is expected or opened: with the hundred libraries that it needs, it
+// would add 80 ms and 45 MiB to every start. Used by the media windows and players only. A thread does the
+// loading, since a cold disk takes seconds.
 #pragma once
 
 #include <mpv/client.h>
