@@ -14,23 +14,26 @@ namespace {
 
 constexpr std::uint64_t headerBytes = sizeof(BITMAPINFOHEADER);
 
-// What the block and the rows of the reader may take together: a picture of 6,000 by 8,000 pixels in 24 bits
-// fits. A small file can declare far more, and decoding it would drive a small machine out of memory long
-// after the allocation was granted.
-constexpr std::uint64_t mostMemory = 144ULL << 20;
+// Limit for the block and libpng's rows together, in bytes. A picture of 6,000 by 8,000 pixels with 24 bits
+// fits. A small file can declare a far larger picture; its allocation may succeed, but decoding it would
+// exhaust the memory of a small machine.
+constexpr std::uint64_t maxMemory = 144ULL << 20;
 
-// The reader holds two rows, with up to four samples of 16 bits a pixel.
+// libpng holds two rows, with up to four 16-bit samples per pixel.
 constexpr std::uint64_t readerBytesPerColumn = 16;
 
-// Texts and profiles, of which the reader would keep 1,000 of 8 MB each. Names of four letters and a zero.
+// Chunks with texts and profiles. libpng would keep up to 1,000 of them with 8 MB each. Four letters and a
+// zero per name.
 constexpr png_byte skippedChunks[] = "eXIf\0iCCP\0iTXt\0pCAL\0sCAL\0sPLT\0tEXt\0zTXt";
 constexpr int skippedChunkCount = sizeof(skippedChunks) / 5;
 
-// Beyond this a picture of few bits fits in memory, but takes seconds to turn and shrink at each redraw.
-constexpr std::uint64_t mostPixels = 110'000'000;
+// A larger picture with few bits per pixel would fit in memory, but take seconds to rotate and scale at each
+// redraw.
+constexpr std::uint64_t maxPixels = 110'000'000;
 
-// All that one call holds. It lives in the frame below the one that libpng's errors jump to, so that its
-// fields keep their values across the jump. No object here or above it may need a destructor.
+// The state of one call. It is a local variable of the caller of the function with setjmp, so its fields keep
+// their values across a longjmp. No object in this record or in the frames that a longjmp leaves may have a
+// destructor.
 struct Reading {
     std::jmp_buf errorReturn;
     png_structp png;
@@ -80,7 +83,7 @@ int readHeader(Reading& reading) {
         return pngDibUnknownColorType;
     }
     if (reading.bitsPerPixel == 2) {
-        reading.bitsPerPixel = 4; // a bitmap has no form of 2 bits
+        reading.bitsPerPixel = 4; // bitmaps do not support 2 bits per pixel
     }
     return pngDibSuccess;
 }
@@ -106,7 +109,7 @@ int allocate(Reading& reading, PngDibParams* params) {
     const std::uint64_t pixels = std::uint64_t{reading.width} * reading.height;
     const std::uint64_t memory =
         size + reading.height * sizeof(png_bytep) + reading.width * readerBytesPerColumn;
-    if (memory > mostMemory || pixels > mostPixels) {
+    if (memory > maxMemory || pixels > maxPixels) {
         return pngDibOutOfMemory;
     }
     reading.block = static_cast<BYTE*>(GlobalAlloc(GPTR, size));
@@ -139,7 +142,7 @@ void fillPalette(const Reading& reading, RGBQUAD* palette) {
     }
 }
 
-// Spreads rows of 2 bits a pixel to 4 bits, in place.
+// Expands rows from 2 to 4 bits per pixel, in place.
 int widenRows(const Reading& reading) {
     const std::size_t packedBytes = (reading.width + 3) / 4;
     auto* packed = static_cast<BYTE*>(GlobalAlloc(GPTR, packedBytes));
@@ -195,8 +198,8 @@ void releaseReader(Reading& reading) {
     }
 }
 
-// Everything during which libpng may jump back. What is held then stays in the record, for the caller to
-// release.
+// The part of the decoding during which libpng may longjmp. On failure the resources stay in `reading`; the
+// caller releases them.
 int readPicture(Reading& reading, PngDibParams* params) {
     if (setjmp(reading.errorReturn) != 0) {
         return pngDibDamaged;
