@@ -10,8 +10,8 @@
 
 namespace {
 
-// The number at the head of a text, kept within 32 bits.
-std::int32_t numberAtHead(const IniValue& value, int base) {
+// Parses the number at the start of a text, clamped to 32 bits; 0 without a number.
+std::int32_t parseNumber(const IniValue& value, int base) {
     using Limits = std::numeric_limits<std::int32_t>;
     const long long number = std::strtoll(value.data(), nullptr, base);
     return static_cast<std::int32_t>(std::clamp<long long>(number, Limits::min(), Limits::max()));
@@ -31,7 +31,7 @@ char* readIniString(const char* section, const char* key, const char* defaultTex
 
 char* readIniStringOrNull(const char* section, const char* key, const char* file) {
     char* text = readIniString(section, key, "", file);
-    if (text != nullptr && text[0] == '\0') {
+    if (text && text[0] == '\0') {
         std::free(text);
         return nullptr;
     }
@@ -39,7 +39,7 @@ char* readIniStringOrNull(const char* section, const char* key, const char* file
 }
 
 COLORREF readIniHex(const char* section, const char* key, const char* defaultText, const char* file) {
-    return static_cast<COLORREF>(numberAtHead(readIniValue(section, key, defaultText, file), 16));
+    return static_cast<COLORREF>(parseNumber(readIniValue(section, key, defaultText, file), 16));
 }
 
 std::int32_t readIniBool(const char* section, const char* key, std::int32_t defaultFlag, const char* file) {
@@ -48,7 +48,7 @@ std::int32_t readIniBool(const char* section, const char* key, std::int32_t defa
 }
 
 std::int32_t readIniInt(const char* section, const char* key, const char* defaultText, const char* file) {
-    return numberAtHead(readIniValue(section, key, defaultText, file), 10);
+    return parseNumber(readIniValue(section, key, defaultText, file), 10);
 }
 
 void writeIniInt(const char* section, const char* key, std::int32_t number, const char* file) {

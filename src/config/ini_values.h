@@ -1,6 +1,5 @@
-// Single values of an ini file in the forms that the settings use. Called
-// by the settings only. A value is cut to 254 characters; nothing reports
-// a failure, since a missing file or key simply gives the default.
+// Typed access to single values of an ini file. Called by settings.cpp only. Values are truncated to 254
+// characters. A missing file or key yields the default; no failure is reported.
 #pragma once
 
 #include "platform/types.h"
@@ -8,25 +7,25 @@
 #include <array>
 #include <cstdint>
 
-// A value with its terminator.
+// A value with its terminating zero.
 using IniValue = std::array<char, 255>;
 
-// The value or the default, as it stands.
+// Returns the value or the default, unparsed.
 IniValue readIniValue(const char* section, const char* key, const char* defaultText, const char* file);
 
-// The value or the default as a new text from malloc.
+// Returns the value or the default, allocated with malloc.
 char* readIniString(const char* section, const char* key, const char* defaultText, const char* file);
 
-// The value as a new text from malloc; null when it is empty or absent.
+// Returns the value, allocated with malloc; null when it is empty or missing.
 char* readIniStringOrNull(const char* section, const char* key, const char* file);
 
-// The value as a hexadecimal number, with or without "0x"; 0 when it is none.
+// Returns the value parsed as a hexadecimal number, with or without "0x"; 0 when it is not a number.
 COLORREF readIniHex(const char* section, const char* key, const char* defaultText, const char* file);
 
-// 0 when the value is exactly "0", else 1.
+// Returns 0 when the value is exactly "0", else 1.
 std::int32_t readIniBool(const char* section, const char* key, std::int32_t defaultFlag, const char* file);
 
-// The value as a decimal number; 0 when it is none, the nearest number when it passes 32 bits.
+// Returns the value parsed as a decimal number, clamped to 32 bits; 0 when it is not a number.
 std::int32_t readIniInt(const char* section, const char* key, const char* defaultText, const char* file);
 
 // Writes a decimal number.

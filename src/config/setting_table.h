@@ -1,6 +1,7 @@
-// The table of the 85 keys of the ini file: where each stands, what kind of value it has, which field holds
-// it, its default and its place in the order of saving. loadSettings, saveSettings and the generated chapter
-// of the manual all go by it, so a key exists once. The options of single games are no part of it.
+// The table of the 85 fixed keys of the ini file: section and key, kind of value, field, default, and
+// position in the order of saving. loadSettings, saveSettings and the generated manual chapter all use it, so
+// that each key is described once. The section Mameoptions, whose keys are game names, is not part of the
+// table.
 #pragma once
 
 #include "config/settings.h"
@@ -10,14 +11,14 @@
 #include <variant>
 
 enum class SettingKind {
-    flag,         // "0" is false, everything else true
+    flag,         // "0" is false, anything else is true
     number,       // decimal
-    shortNumber,  // decimal, of which 16 bits are kept
-    code,         // decimal; text that is no number gives 0
+    shortNumber,  // decimal, truncated to 16 bits
+    code,         // decimal; 0 when it is not a number
     colour,       // hexadecimal, 0x00BBGGRR
     text,         // up to 254 characters
-    optionalText, // as text; null when empty
-    choice,       // one of the row's words
+    optionalText, // as text, but null when empty
+    choice,       // one of the words of the row
 };
 
 struct ChoiceWord {
@@ -36,11 +37,10 @@ struct SettingRow {
     const char* key;
     SettingKind kind;
     SettingField field;
-    const char* defaultText; // null for optional text
-    int savePlace;           // 1 to savedSettingCount in the order of writing, or notSaved
-    const char* description; // one sentence or two for the manual
-    std::span<const ChoiceWord> words =
-        {}; // of a choice: a word or number that matches none counts as the default
+    const char* defaultText;                // null for optional text
+    int saveOrder;                          // 1 to savedSettingCount in the order of writing, or notSaved
+    const char* description;                // one or two sentences for the manual
+    std::span<const ChoiceWord> words = {}; // for a choice; a word or number not listed means the default
 };
 
 // In the order of reading.

@@ -42,7 +42,7 @@ const ChoiceWord* findWord(const SettingRow& row, const char* word) {
 
 std::int32_t numberOfWord(const SettingRow& row, const char* word) {
     const ChoiceWord* choice = findWord(row, word);
-    return choice != nullptr ? choice->number : findWord(row, row.defaultText)->number;
+    return choice ? choice->number : findWord(row, row.defaultText)->number;
 }
 
 const char* wordOfNumber(const SettingRow& row, std::int32_t number) {
@@ -95,14 +95,14 @@ void saveRow(const SettingRow& row, const char* selectedName) {
         writeIniInt(row.section, row.key, int16Field(row), iniPath);
         break;
     case SettingKind::choice: {
-        // The rotation in force may be player 2's.
+        // The current rotation may be the one for player 2, which is not saved.
         const std::int32_t number =
             isField(row, &Settings::orientation) ? settings.baseOrientation : int32Field(row);
         WritePrivateProfileStringA(row.section, row.key, wordOfNumber(row, number), iniPath);
         break;
     }
     case SettingKind::text:
-        // Without a selection the key stays as it is in the file.
+        // Without a selected game the key is left unchanged in the file.
         if (const char* text = isField(row, &Settings::selectedGame) ? selectedName : textField(row)) {
             WritePrivateProfileStringA(row.section, row.key, text, iniPath);
         }
@@ -110,7 +110,7 @@ void saveRow(const SettingRow& row, const char* selectedName) {
     case SettingKind::code:
     case SettingKind::colour:
     case SettingKind::optionalText:
-        break; // no row of these kinds is saved
+        break; // settings of these kinds are never saved
     }
 }
 
@@ -121,8 +121,8 @@ void loadSettings() {
 }
 
 void saveSettings(const char* selectedName) {
-    for (int place = 1; place <= savedSettingCount; ++place) {
-        saveRow(*std::ranges::find(settingTable, place, &SettingRow::savePlace), selectedName);
+    for (int order = 1; order <= savedSettingCount; ++order) {
+        saveRow(*std::ranges::find(settingTable, order, &SettingRow::saveOrder), selectedName);
     }
 }
 

@@ -1,7 +1,7 @@
-// The settings: one process-wide record that loadSettings fills from the ini file at the start, that
-// everybody reads, and of which saveSettings writes the 24 keys of the menu and the selection back at the
-// end. A field that is written after loading names its writers. What each field means, its default and its
-// key stand in setting_table.cpp. The options of single games are no part of this.
+// The settings: one process-wide record. loadSettings fills it from the ini file at program start, every
+// module reads it, and saveSettings writes 24 of its keys back at the end. Fields that change after loading
+// name the modules that write them. The meaning, key and default of each field are in setting_table.cpp. The
+// options of single games (section Mameoptions) are not part of it.
 #pragma once
 
 #include "catalogue/selection.h"
@@ -21,9 +21,9 @@ enum PreviewPicturesChoice : std::int32_t {
 
 enum SortByChoice : std::int32_t { sortByName = 0, sortByYear = 1, sortByManufacturer = 2 };
 
-// Flags are 0 or 1. Texts are owned and come from malloc, so that whoever changes one frees the old and puts
-// a malloc'ed one in its place; only the sounds may be null. Nothing else is checked: a number may be
-// whatever the file says.
+// Flags are 0 or 1. Texts are owned and allocated with malloc: code that changes one frees the old text and
+// stores another allocated with malloc. Only the sounds may be null. Numbers are not range-checked on
+// loading.
 struct Settings {
     std::int32_t allowMenu;
     std::int32_t useJoystick;
@@ -43,19 +43,19 @@ struct Settings {
     char* attractDir;
     char* ambienceFile;
 
-    std::int32_t orientation; // the rotation in force: 0, 90, -90 or 180 degrees clockwise; turnToPlayer and
-                              // the options menu change it
-    std::int32_t baseOrientation;  // the configured rotation, which is the one that is saved; set by WinMain
-                                   // and the options menu
+    std::int32_t orientation;      // the current rotation: 0, 90, -90 or 180 degrees clockwise; changed by
+                                   // turnToPlayer and the options menu
+    std::int32_t baseOrientation;  // the configured rotation, the one that is saved; set by WinMain and the
+                                   // options menu
     std::int32_t menuType;         // MenuTypeChoice; changed by the options menu
     std::int32_t previewPictures;  // PreviewPicturesChoice; changed by the Picture cycle and the options menu
-    std::int32_t previewModeWidth; // pixels, as the two below; drawImageBrowser sets width and height
+    std::int32_t previewModeWidth; // in pixels, like the two below; drawImageBrowser sets width and height
     std::int32_t previewModeHeight;
     std::int32_t previewModeSpacer;
     std::int32_t previewFontSize;
 
-    char* fontFace;        // changed by the options menu, as the size and menuFontSize
-    std::int32_t fontSize; // points
+    char* fontFace;        // changed by the options menu, like fontSize and menuFontSize
+    std::int32_t fontSize; // in points
     COLORREF fontColor;
     COLORREF backgroundColor;
     COLORREF highlightForeColor;
@@ -83,9 +83,9 @@ struct Settings {
     std::int16_t maxButtons;
     std::int16_t minCoins;
     std::int16_t maxCoins;
-    std::int16_t controllerTypes; // mask of GameControl
+    std::int16_t controllerTypes; // bit mask of GameControl values
 
-    std::int32_t keySelectUp; // the 16 keys are virtual-key codes; 0 never reads as pressed
+    std::int32_t keySelectUp; // the 16 keys are virtual-key codes; 0 is never pressed
     std::int32_t keySelectDown;
     std::int32_t keySelectPageUp;
     std::int32_t keySelectPageDown;
@@ -111,13 +111,13 @@ struct Settings {
     std::int32_t joyExit;
     std::int32_t joyGameInfo;
 
-    char* soundStartup; // null is silence, as for the four below
+    char* soundStartup; // null: no sound; also for the four below
     char* soundShutdown;
     char* soundStartGame;
     char* soundSelect;
     char* soundError;
 
-    std::int32_t showStatusBar; // changed by the options menu, as font and size below
+    std::int32_t showStatusBar; // changed by the options menu, like font and size below
     char* statusBarFontFace;
     std::int32_t statusBarFontSize;
     COLORREF statusBarForeColor;
@@ -126,16 +126,16 @@ struct Settings {
 
 extern Settings settings;
 
-// The ini file: the tail of the command line itself, or a literal. Written once by WinMain.
+// Path of the ini file; borrowed from the command line, or a literal. Written once by WinMain.
 extern const char* iniPath;
 
-// Fills every field but baseOrientation from the file at iniPath. What the file does not give gets its
-// default; a file that is missing or cannot be read is no failure. Called once.
+// Fills every field except baseOrientation from the file at iniPath. Missing keys use their defaults; a
+// missing or unreadable file is not an error. Called once.
 void loadSettings();
 
-// Writes the keys that the menu can change, and the name of the selected game unless it is null: that key
-// then keeps what it has in the file. A write that fails changes nothing and is not noticed.
+// Writes the keys that the menu can change, and the name of the selected game. When selectedName is null,
+// that key keeps its value in the file. A failed write leaves the file unchanged and is not reported.
 void saveSettings(const char* selectedName);
 
-// Releases the texts. Called once, at the end.
+// Releases the texts. Called once at the end of the program.
 void freeSettings();

@@ -1,9 +1,8 @@
-// The chapter of the manual on the ini file, made from the table of
-// settings. Called by the tool that writes docs/settings.md and by the test
-// that keeps that file up to date; the front end itself does not use it.
+// Generates the manual's chapter on the ini file from the settings table. Called by the tool that writes
+// docs/settings.md and by the test that checks that the file is up to date; not part of the front end.
 #pragma once
 
 #include <string>
 
-// The whole chapter in Markdown.
+// Returns the whole chapter in Markdown.
 std::string settingsDocument();

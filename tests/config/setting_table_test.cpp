@@ -10,18 +10,18 @@
 
 TEST(SettingTable, keysFieldsAndSavePlacesOccurOnce) {
     std::set<std::string> keys;
-    std::set<int> savePlaces;
+    std::set<int> saveOrders;
     for (const SettingRow& row : settingTable) {
         SCOPED_TRACE(row.key);
         EXPECT_TRUE(keys.insert(std::string(row.section) + "/" + row.key).second);
         EXPECT_EQ(std::ranges::count(settingTable, row.field, &SettingRow::field), 1);
-        if (row.savePlace != notSaved) {
-            EXPECT_TRUE(savePlaces.insert(row.savePlace).second);
+        if (row.saveOrder != notSaved) {
+            EXPECT_TRUE(saveOrders.insert(row.saveOrder).second);
         }
     }
-    EXPECT_EQ(savePlaces.size(), static_cast<std::size_t>(savedSettingCount));
-    EXPECT_EQ(*savePlaces.begin(), 1);
-    EXPECT_EQ(*savePlaces.rbegin(), savedSettingCount);
+    EXPECT_EQ(saveOrders.size(), static_cast<std::size_t>(savedSettingCount));
+    EXPECT_EQ(*saveOrders.begin(), 1);
+    EXPECT_EQ(*saveOrders.rbegin(), savedSettingCount);
 }
 
 TEST(SettingTable, kindsFitTheirFieldsAndDefaults) {
