@@ -27,13 +27,14 @@ bool hasDrive(std::string_view commandLine) {
     return commandLine.size() > 1 && commandLine[1] == ':';
 }
 
-// With or without quotes.
+// The program may be quoted.
 bool isAbsolute(std::string_view commandLine) {
     const std::size_t start = commandLine.find_first_not_of(" \t\"");
     return start != std::string_view::npos && separators.find(commandLine[start]) != std::string_view::npos;
 }
 
-// Without a separator at its end, but for the root; empty for a path without a separator.
+// Returns the parent folder without a trailing separator, except for the root; empty when the path has no
+// separator.
 std::string folderOf(std::string_view path) {
     const std::size_t end = path.find_last_of(separators);
     return std::string(path.substr(0, end == std::string_view::npos ? 0 : std::max<std::size_t>(end, 1)));
@@ -47,8 +48,8 @@ std::string emulatorFolder() {
     if (hasDrive(emulator)) {
         folder = folderOf(emulator);
     } else if (isAbsolute(emulator)) {
-        // Options may follow the program and its path may hold blanks, so only the search knows where it
-        // ends.
+        // Options may follow the program and its path may contain blanks, so only the search can find its
+        // end.
         folder = folderOf(findProgram(emulator));
     }
     return folder.empty() ? folderOf(frontEndPath()) : folder;

@@ -1,10 +1,10 @@
-// The working directory of the outside
-// programs. Called by the game launch and
-// the regeneration of the game list.
+// The working directory in which the emulator and the list converter are started. Called by game_launch.cpp
+// and core/catalogue_loader.cpp.
 #pragma once
 
 #include <string>
 
-// The emulator's folder when the setting names it with a drive or by an absolute path, else the folder of the
-// front end, also when there is no such program; without a separator at its end.
+// Returns the folder of the emulator when the setting Mame.exe has a drive letter or an absolute path. In all
+// other cases, and when no such program is found, returns the folder of the front end's own executable. The
+// result has no trailing separator.
 std::string emulatorFolder();

@@ -1,11 +1,11 @@
-// Starts the emulator for one game, with that game's options from
-// the ini file, and waits for its end. Called by the StartGame
-// command, which looks after the screen and the sounds around it.
+// Starts the emulator for one game, with that game's options from the ini file, and waits until it ends.
+// Called by the StartGame command, which handles the messages and sounds.
 #pragma once
 
 #include "catalogue/game_record.h"
 #include "platform/types.h"
 
-// 1 when the emulator ran to its end, with its exit code in *exitCode; 0 when it did not start, after a
-// message box and with *exitCode as it was. The screen saver is off during the run and on after it.
+// Returns 1 when the emulator has run, with its exit code in *exitCode. Returns 0 when it could not be
+// started, after a message box and with *exitCode unchanged. The screen saver is disabled during the run and
+// enabled after it.
 int launchGame(const GameRecord* game, DWORD* exitCode);

@@ -13,14 +13,14 @@
 
 namespace {
 
-constexpr BYTE emulatorKey = 0x5A; // the letter Z
-constexpr DWORD emulatorStartDelay = 1000;
+constexpr BYTE emulatorKey = 0x5A;         // the letter Z
+constexpr DWORD emulatorStartDelay = 1000; // milliseconds
 
 void showFailure(const std::string& text) {
     showError(mainWindow, text.c_str());
 }
 
-void settleAfterRun() {
+void restoreAfterRun() {
     SetConsoleTitleA("KESTRAVOX");
     flushKeys();
 }
@@ -31,25 +31,25 @@ void pressEmulatorKey() {
     keybd_event(emulatorKey, 0, KEYEVENTF_KEYUP, 0);
 }
 
-// The records that every form of a run fills.
-struct RunRecords {
+// The parameters of CreateProcessA that all run functions share.
+struct StartParameters {
     SECURITY_ATTRIBUTES security{};
     STARTUPINFOA startup{};
 };
 
-RunRecords makeRecords() {
+StartParameters makeStartParameters() {
     static char desktop[] = "winsta0\\default";
-    RunRecords records;
-    records.security.nLength = sizeof(records.security);
-    records.security.bInheritHandle = TRUE;
-    records.startup.cb = sizeof(records.startup);
-    records.startup.lpDesktop = desktop;
-    records.startup.dwFlags = STARTF_USESHOWWINDOW;
-    records.startup.wShowWindow = SW_HIDE;
-    return records;
+    StartParameters parameters;
+    parameters.security.nLength = sizeof(parameters.security);
+    parameters.security.bInheritHandle = TRUE;
+    parameters.startup.cb = sizeof(parameters.startup);
+    parameters.startup.lpDesktop = desktop;
+    parameters.startup.dwFlags = STARTF_USESHOWWINDOW;
+    parameters.startup.wShowWindow = SW_HIDE;
+    return parameters;
 }
 
-HANDLE createOutput(const char* path, SECURITY_ATTRIBUTES* security) {
+HANDLE createOutputFile(const char* path, SECURITY_ATTRIBUTES* security) {
     const HANDLE file = CreateFileA(path, GENERIC_WRITE, FILE_SHARE_READ, security, CREATE_ALWAYS,
                                     FILE_ATTRIBUTE_NORMAL, nullptr);
     if (file == INVALID_HANDLE_VALUE) {
@@ -58,26 +58,26 @@ HANDLE createOutput(const char* path, SECURITY_ATTRIBUTES* security) {
     return file;
 }
 
-int runRedirected(char* commandLine, const char* workingDirectory, RunRecords& records, HANDLE input,
+int runRedirected(char* commandLine, const char* workingDirectory, StartParameters& parameters, HANDLE input,
                   HANDLE output) {
-    records.startup.dwFlags |= STARTF_USESTDHANDLES;
-    records.startup.hStdInput = input;
-    records.startup.hStdOutput = output;
-    records.startup.hStdError = output;
-    return runProcess(commandLine, workingDirectory, &records.startup, &records.security, nullptr, 0);
+    parameters.startup.dwFlags |= STARTF_USESTDHANDLES;
+    parameters.startup.hStdInput = input;
+    parameters.startup.hStdOutput = output;
+    parameters.startup.hStdError = output;
+    return runProcess(commandLine, workingDirectory, &parameters.startup, &parameters.security, nullptr, 0);
 }
 
 } // namespace
 
 int runProcess(char* commandLine, const char* workingDirectory, STARTUPINFOA* startupInfo,
                SECURITY_ATTRIBUTES* securityAttributes, DWORD* exitCode, int gameRun) {
-    // Splitting a command line may write into it, and the message shows what was asked for.
-    const std::string asked = commandLine;
+    // CreateProcessA may modify the command line; the message shows the original.
+    const std::string originalCommandLine = commandLine;
     PROCESS_INFORMATION process{};
     if (!CreateProcessA(nullptr, commandLine, securityAttributes, securityAttributes, TRUE, 0, nullptr,
                         workingDirectory, startupInfo, &process)) {
-        showFailure("Failed to execute [" + asked + "]!");
-        settleAfterRun();
+        showFailure("Failed to execute [" + originalCommandLine + "]!");
+        restoreAfterRun();
         return 0;
     }
     if (gameRun == 1) {
@@ -89,43 +89,44 @@ int runProcess(char* commandLine, const char* workingDirectory, STARTUPINFOA* st
     }
     CloseHandle(process.hProcess);
     CloseHandle(process.hThread);
-    settleAfterRun();
+    restoreAfterRun();
     return 1;
 }
 
 int runToFile(char* commandLine, const char* workingDirectory, const char* outputPath) {
-    RunRecords records = makeRecords();
-    const HANDLE output = createOutput(outputPath, &records.security);
+    StartParameters parameters = makeStartParameters();
+    const HANDLE output = createOutputFile(outputPath, &parameters.security);
     if (output == INVALID_HANDLE_VALUE) {
         return 0;
     }
     const int result =
-        runRedirected(commandLine, workingDirectory, records, GetStdHandle(STD_INPUT_HANDLE), output);
+        runRedirected(commandLine, workingDirectory, parameters, GetStdHandle(STD_INPUT_HANDLE), output);
     CloseHandle(output);
     return result;
 }
 
 int runFilter(char* commandLine, const char* workingDirectory, const char* inputPath,
               const char* outputPath) {
-    RunRecords records = makeRecords();
-    const HANDLE output = createOutput(outputPath, &records.security);
+    StartParameters parameters = makeStartParameters();
+    const HANDLE output = createOutputFile(outputPath, &parameters.security);
     if (output == INVALID_HANDLE_VALUE) {
         return 0;
     }
-    const HANDLE input = CreateFileA(inputPath, GENERIC_READ, FILE_SHARE_READ, &records.security,
+    const HANDLE input = CreateFileA(inputPath, GENERIC_READ, FILE_SHARE_READ, &parameters.security,
                                      OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
     if (input == INVALID_HANDLE_VALUE) {
         showFailure(std::string("Failed to open file [") + inputPath + "]!");
         CloseHandle(output);
         return 0;
     }
-    const int result = runRedirected(commandLine, workingDirectory, records, input, output);
+    const int result = runRedirected(commandLine, workingDirectory, parameters, input, output);
     CloseHandle(input);
     CloseHandle(output);
     return result;
 }
 
 int runAttached(char* commandLine, const char* workingDirectory, DWORD* exitCode, int gameRun) {
-    RunRecords records = makeRecords();
-    return runProcess(commandLine, workingDirectory, &records.startup, &records.security, exitCode, gameRun);
+    StartParameters parameters = makeStartParameters();
+    return runProcess(commandLine, workingDirectory, &parameters.startup, &parameters.security, exitCode,
+                      gameRun);
 }

@@ -1,23 +1,26 @@
-// Runs an outside program and waits for its end, however long it takes. Called by the game launch and the
-// regeneration of the game list. No message is served meanwhile. A program's own exit code is never a failure
-// here.
+// Runs an external program and waits until it ends, without a time limit. Called by game_launch.cpp and
+// core/catalogue_loader.cpp. No window message is dispatched during the wait.
+//
+// Every function returns 1 when the program was started, whatever its exit code, and 0, after a message box,
+// when it was not. commandLine must be writable: splitting it into arguments may modify it. After each run
+// and each failed start the key presses made meanwhile are discarded.
 #pragma once
 
 #include "platform/process.h"
 
-// Starts the program in the given working directory and waits. With gameRun 1 the emulator gets a synthesised
-// key a second after its start, and exitCode, unless null, its exit code. 1 when it ran; 0, after a message
-// box, when it could not be started, with exitCode as it was. commandLine must be writable.
+// Starts the program in the given working directory and waits. With gameRun 1, a synthetic key press is sent
+// one second after the start, and the exit code is stored in *exitCode unless exitCode is null. *exitCode is
+// unchanged when the program could not be started.
 int runProcess(char* commandLine, const char* workingDirectory, STARTUPINFOA* startupInfo,
                SECURITY_ATTRIBUTES* securityAttributes, DWORD* exitCode, int gameRun);
 
-// Runs a program with its output and errors going to a file, which is made anew. 0, after a message box, when
-// the file cannot be made or the program cannot be started.
+// Runs a program with standard output and standard error redirected to a file, which is created or truncated.
+// Also fails when the file cannot be created.
 int runToFile(char* commandLine, const char* workingDirectory, const char* outputPath);
 
-// The same, with the program's input coming from a file. The output file is made first, and stays behind
-// empty when the input cannot be opened.
+// As runToFile, with standard input redirected from a file. The output file is created first, so it is left
+// empty when the input file cannot be opened.
 int runFilter(char* commandLine, const char* workingDirectory, const char* inputPath, const char* outputPath);
 
-// Runs a program on the streams of the front end.
+// Runs a program with the standard streams of the front end.
 int runAttached(char* commandLine, const char* workingDirectory, DWORD* exitCode, int gameRun);
