@@ -1,8 +1,8 @@
-// The box for failures that end something: title "Error", one OK button. Called by whatever has no other way
-// to report. Failures that a player can see through have the message window instead.
+// The message box for fatal errors and for programs that cannot be started: title "Error", one OK button.
+// Other messages to the player use overlays/message_window.h, which does not wait for a key.
 #pragma once
 
 #include "platform/types.h"
 
-// Returns when the box has been left. owner may be null.
+// Returns when the box has been closed. owner may be null.
 void showError(HWND owner, const char* text);

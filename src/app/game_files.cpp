@@ -17,7 +17,7 @@ std::int32_t fileExists(const char* path) {
 
 bool staysInFolder(const char* stem) {
     constexpr std::string_view separators = "\\/";
-    std::string_view rest = stem != nullptr ? stem : "/";
+    std::string_view rest = stem ? stem : "/";
     bool stays = !rest.starts_with('/') && !rest.starts_with('\\');
     while (stays && !rest.empty()) {
         const std::string_view component = rest.substr(0, rest.find_first_of(separators));

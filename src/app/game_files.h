@@ -1,15 +1,13 @@
-// What the catalogue, the pictures and the movies
-// ask before a file is opened: may a game's name be
-// part of its path, and is there such a file? Nothing
-// is opened here.
+// Checks that the catalogue, the pictures and the movies make before they open a file named after a game:
+// whether the name is safe as part of a path, and whether the file exists. Opens nothing.
 #pragma once
 
 #include <cstdint>
 
-// 1 when a search for the path finds something, else 0. A directory counts, and a path with wildcards answers
-// for the pattern.
+// Returns 1 when a file or directory matches the path, else 0. Wildcards are expanded, so a pattern counts as
+// existing when anything matches it.
 std::int32_t fileExists(const char* path);
 
-// Whether a file with this stem lies in the folder that it is sought in or below it: the stem is no absolute
-// path and has no component "..". Symbolic links are not looked at. A null stem names no file.
+// Returns whether a path made of a folder and this stem stays inside the folder: the stem is not absolute and
+// has no ".." component. Symbolic links are not resolved. Returns false for null.
 bool staysInFolder(const char* stem);

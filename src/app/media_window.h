@@ -1,12 +1,12 @@
-// Media windows as the application uses them: without controls, playing for ever. Called for the ambience and
-// the attract movies.
+// Media windows as the application uses them: without controls, playing in an endless loop. Used for the
+// ambience track and the attract movies.
 #pragma once
 
 #include "platform/types.h"
 
-// A window without controls, menu and error boxes on the main window, with the file opened; null when there
-// is no main window.
+// Creates a child of the main window without controls, menu or error boxes, and opens the file in it. Returns
+// null when there is no main window. The caller destroys the window.
 HWND openMediaWindow(const char* path);
 
-// Starts endless playback. 1, or 0 when the file cannot be played.
+// Starts endless playback. Returns 1, or 0 when the file cannot be played.
 int playRepeatedly(HWND window);

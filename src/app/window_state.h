@@ -1,6 +1,5 @@
-// The main window and its surfaces as every part of the application sees them. Owned by the main window's
-// handlers, which alone create and release what the handles name; other readers draw into the surfaces or
-// make windows of their own.
+// Handles of the main window and its drawing surfaces, shared by the whole application. core/main_window.cpp
+// creates and releases them; other modules draw into the surfaces or create windows owned by the main window.
 #pragma once
 
 #include "platform/types.h"
@@ -9,14 +8,14 @@
 extern HINSTANCE appInstance;
 extern HWND mainWindow;
 
-// Written by the main window's handlers, null before: the window's context, the frame buffer and the image
-// browser's page of tiles.
+// Null until the main window is created: the window's context, the frame buffer, and the image browser's page
+// of tiles. Written by core/main_window.cpp.
 extern HDC windowDC;
 extern HDC backDC;
 extern HBITMAP backBitmap;
 extern HDC scratchDC;
 extern HBITMAP scratchBitmap;
 
-// 1 while a window of this program has the focus. Written by the focus messages of the main window, the menu
-// and the scroller.
+// 1 while a window of this program has the focus, else 0. Written by the WM_SETFOCUS and WM_KILLFOCUS
+// handlers of the main window, the menu and the scroller.
 extern std::int32_t appActive;

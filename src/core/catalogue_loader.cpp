@@ -17,47 +17,47 @@
 
 namespace {
 
-// Both lie in the current directory, whatever folder the outside programs run in.
+// Both files are in the current directory, independent of the working directory of the external programs.
 constexpr char listFile[] = "listinfo.dat";
 constexpr char xmlFile[] = "listinfo.xml";
 
-constexpr DWORD failureMessageMilliseconds = 7500;
+constexpr DWORD failureMessageTime = 7500; // milliseconds
 
-bool askedToEnd() {
+bool shutdownRequested() {
     return GetSystemMetrics(SM_SHUTTINGDOWN) != 0;
 }
 
-// Each is 1 when its program was run, however it ended.
-struct Regeneration {
-    int listing = 1;
-    int conversion = 1;
+// Each is 1 when its program was started, whatever its exit code; 1 also for a step that was skipped.
+struct RegenerationResult {
+    int listingStarted = 1;
+    int conversionStarted = 1;
 };
 
-Regeneration regenerateList() {
+RegenerationResult regenerateList() {
     const std::string folder = emulatorFolder();
-    Regeneration result;
+    RegenerationResult result;
 
     showMessage("Regenerating game information (1/2)...");
     std::string listCommand = std::string(settings.mameExe) + " -listxml";
-    result.listing = runToFile(listCommand.data(), folder.c_str(), xmlFile);
+    result.listingStarted = runToFile(listCommand.data(), folder.c_str(), xmlFile);
     hideMessage();
-    if (askedToEnd()) {
+    if (shutdownRequested()) {
         return result;
     }
 
     showMessage("Regenerating game information (2/2)...");
     std::string convertCommand = "xml2info.exe";
-    result.conversion = runFilter(convertCommand.data(), folder.c_str(), xmlFile, listFile);
+    result.conversionStarted = runFilter(convertCommand.data(), folder.c_str(), xmlFile, listFile);
     hideMessage();
     return result;
 }
 
-// For whoever looks into the cabinet: the empty list would be taken for a list at every later start.
-void explainEmptyList(const Regeneration& result) {
+// Logs why the list is empty. The empty file counts as an existing list at every later start.
+void logEmptyListReason(const RegenerationResult& result) {
     const char* reason = "What the emulator wrote is no whole game list.";
-    if (!result.listing) {
+    if (!result.listingStarted) {
         reason = "The emulator could not be run for its game list.";
-    } else if (!result.conversion) {
+    } else if (!result.conversionStarted) {
         reason = "The converter xml2info could not be run on the emulator's game list.";
     }
     writeDiagnostic(standardError, std::string(reason) +
@@ -69,22 +69,22 @@ void explainEmptyList(const Regeneration& result) {
 
 std::int32_t loadGameList() {
     freeGameList();
-    std::optional<Regeneration> regeneration;
+    std::optional<RegenerationResult> regeneration;
     FILE* list = openTextFile(listFile);
-    if (list == nullptr) {
+    if (!list) {
         regeneration = regenerateList();
         list = openTextFile(listFile);
     }
-    if (list == nullptr) {
+    if (!list) {
         showMessage("No game information found.  Could not generate.");
-        Sleep(failureMessageMilliseconds);
+        Sleep(failureMessageTime);
         hideMessage();
         return 0;
     }
     readGameList(list);
     std::fclose(list);
     if (regeneration && gameCount == 0) {
-        explainEmptyList(*regeneration);
+        logEmptyListReason(*regeneration);
     }
     return loadGameInfo(settings.mameInfoPath);
 }

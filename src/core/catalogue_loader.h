@@ -1,10 +1,10 @@
-// Loads the catalogue from the list file beside the front end and has the emulator and the converter make
-// that file when it is missing; then has the game information attached. Called once at the start. An existing
-// list is trusted whatever its age; to get a new one, delete it.
+// Reads the game list into the catalogue at program start, then loads the game information file. When the
+// list file is missing, the emulator and the converter are run first to create it. An existing list is never
+// regenerated, whatever its age.
 #pragma once
 
 #include <cstdint>
 
-// 1 when the list was read, even without a record in it; 0, after a message, when there is none and none
-// could be made.
+// Returns 1 when a list was read, even one without games. Returns 0, after showing a message, when there is
+// no list and none could be created.
 std::int32_t loadGameList();

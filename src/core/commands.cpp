@@ -37,7 +37,7 @@ enum CommandIndex : std::size_t {
     showMenu,
 };
 
-// In the order in which they are polled.
+// In polling order; indexed by CommandIndex.
 constexpr std::array<MappedControl, 8> mappedCommands = {{
     {&Settings::keySelectUp, &Settings::joySelectUp, &Settings::keyP2SelectUp},
     {&Settings::keySelectDown, &Settings::joySelectDown, &Settings::keyP2SelectDown},
@@ -49,7 +49,7 @@ constexpr std::array<MappedControl, 8> mappedCommands = {{
     {&Settings::keyShowMenu, &Settings::joyShowMenu, &Settings::keyP2ShowMenu},
 }};
 
-// A command with the same controls on every cabinet.
+// A command whose controls cannot be configured.
 struct FixedCommand {
     int key;
     int joystick;
@@ -65,7 +65,7 @@ constexpr std::int32_t jumpLength = 100;
 constexpr std::int32_t lastSortOrder = sortByManufacturer;
 constexpr std::int32_t lastCycledPicture = previewTitles;
 
-bool fires(const FixedCommand& command) {
+bool isPressed(const FixedCommand& command) {
     return keyPressed(command.key) || joyPressed(command.joystick);
 }
 
@@ -83,7 +83,7 @@ std::int32_t pageStep(HWND window) {
     return std::max(step, 0);
 }
 
-// False when the selection stands at the edge of the list already.
+// Both return false when the selection is already at the end of the list.
 bool moveUp(std::int32_t distance) {
     if (selectedIndex <= 0) {
         return false;
@@ -100,7 +100,7 @@ bool moveDown(std::int32_t distance) {
     return true;
 }
 
-// Shows the new selection, or lets a refused move be heard.
+// Shows the new selection, or plays the error sound when the selection could not move.
 void finishMove(HWND window, bool moved, void (*show)(HWND)) {
     if (moved) {
         show(window);
@@ -108,31 +108,31 @@ void finishMove(HWND window, bool moved, void (*show)(HWND)) {
     playSoundFile(moved ? settings.soundSelect : settings.soundError, SND_ASYNC);
 }
 
-void carryOutMoves(HWND window, const PolledControls& controls) {
-    if (controls.asksFor(selectUp)) {
+void executeMoves(HWND window, const PolledControls& controls) {
+    if (controls.isPressed(selectUp)) {
         finishMove(window, moveUp(1), redraw);
     }
-    if (controls.asksFor(selectDown)) {
+    if (controls.isPressed(selectDown)) {
         finishMove(window, moveDown(1), redraw);
     }
-    if (controls.asksFor(selectPageUp)) {
+    if (controls.isPressed(selectPageUp)) {
         finishMove(window, moveUp(pageStep(window)), redrawNow);
     }
-    if (controls.asksFor(selectPageDown)) {
+    if (controls.isPressed(selectPageDown)) {
         finishMove(window, moveDown(pageStep(window)), redrawNow);
     }
-    if (fires(jumpBack)) {
+    if (isPressed(jumpBack)) {
         finishMove(window, moveUp(jumpLength), redrawNow);
     }
-    if (fires(jumpForward)) {
+    if (isPressed(jumpForward)) {
         finishMove(window, moveDown(jumpLength), redrawNow);
     }
 }
 
 void selectRandomGame() {
-    // Fifteen bits of chance, whatever the library's own generator gives.
+    // Fifteen random bits, whatever RAND_MAX is.
     constexpr int randomMask = 0x7FFF;
-    constexpr float scale = 3.0517578125e-05F;
+    constexpr float scale = 3.0517578125e-05F; // 1 / 32768
     const std::int64_t product = std::int64_t{std::rand() & randomMask} * visibleCount;
     selectedIndex = static_cast<std::int32_t>(static_cast<float>(product) * scale);
 }
@@ -147,15 +147,15 @@ void changeSortOrder(HWND window) {
     finishMove(window, true, redrawNow);
 }
 
-void carryOutFixedCommands(HWND window) {
-    if (fires(randomPick)) {
+void executeFixedCommands(HWND window) {
+    if (isPressed(randomPick)) {
         selectRandomGame();
         finishMove(window, true, redrawNow);
     }
-    if (fires(sortCycle)) {
+    if (isPressed(sortCycle)) {
         changeSortOrder(window);
     }
-    if (fires(pictureCycle)) {
+    if (isPressed(pictureCycle)) {
         settings.previewPictures =
             settings.previewPictures >= lastCycledPicture ? 0 : settings.previewPictures + 1;
         finishMove(window, true, redrawNow);
@@ -166,26 +166,26 @@ void carryOutFixedCommands(HWND window) {
 
 void handleTick(HWND window) {
     const PolledControls controls = pollControls(mappedCommands);
-    // The new rotation shows with the next frame, which the command of the same tick usually brings.
+    // A new rotation becomes visible with the next redraw, usually by a command of the same tick.
     turnToPlayer(controls);
-    carryOutMoves(window, controls);
-    carryOutFixedCommands(window);
-    if (controls.asksFor(exitProgram)) {
+    executeMoves(window, controls);
+    executeFixedCommands(window);
+    if (controls.isPressed(exitProgram)) {
         playSoundFile(settings.soundShutdown, SND_SYNC);
         PostQuitMessage(0);
     }
-    if (controls.asksFor(startGame)) {
+    if (controls.isPressed(startGame)) {
         startSelectedGame(window);
     }
-    if (controls.asksFor(gameInfo)) {
+    if (controls.isPressed(gameInfo)) {
         showSelectedGameInfo();
     }
-    if (controls.asksFor(showMenu)) {
+    if (controls.isPressed(showMenu)) {
         runOptionsMenu(window);
     }
-    // A popup that sees a quit ends with it, and the program has to end all the same.
+    // A popup consumes WM_QUIT when it closes, so post it again for the main loop.
     RECT client{};
-    if (controls.asksFor(exitProgram) || !GetClientRect(window, &client)) {
+    if (controls.isPressed(exitProgram) || !GetClientRect(window, &client)) {
         PostQuitMessage(0);
     }
 }

@@ -1,4 +1,4 @@
-// The road from process entry to the loop and out again.
+// Program entry: start-up, main loop, shutdown.
 #include "app/error_box.h"
 #include "app/game_files.h"
 #include "app/window_state.h"
@@ -30,14 +30,14 @@
 
 namespace {
 
-// What plays movies and the ambience is loaded while the list is read.
+// Loads what plays movies and the ambience while the list is read.
 void prepareMovies() {
     if (fileExists(settings.attractDir) || fileExists(settings.ambienceFile)) {
         mediaPrepare();
     }
 }
 
-// 1 when the catalogue is ready, 0 after a message box has told the failure.
+// Returns 1 when the catalogue is ready; 0 after reporting the failure in a message box.
 int initGames() {
     showMessage("Loading Game Information...");
     prepareMovies();
@@ -77,7 +77,7 @@ int openMainWindow() {
     return 1;
 }
 
-// 0 when the display has gone before anything could be seen.
+// Returns 0 when the display connection was lost before the first frame.
 int showFirstFrame() {
     if (selectedIndex >= visibleCount) {
         selectedIndex = 0;

@@ -8,7 +8,7 @@
 
 int runMainLoop() {
     TickClock clock(mainWindow);
-    if (!clock.runs()) {
+    if (!clock.isRunning()) {
         return -1;
     }
     for (;;) {

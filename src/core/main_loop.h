@@ -1,8 +1,7 @@
-// The loop that serves window messages and
-// the tick, ten times a second, until a
-// quit arrives. Called by the entry.
+// The main loop: dispatches window messages and calls the tick ten times a second until WM_QUIT arrives.
+// Called once by WinMain.
 #pragma once
 
-// The exit code that the quit carries; -1, after a message box, when the machine has no performance counter.
-// Ticks that a stall has held up are made up for, back to back, before the loop sleeps again.
+// Returns the exit code of the WM_QUIT message; -1, after a message box, when the machine has no performance
+// counter. Ticks delayed by a stall are executed back to back before the loop sleeps again.
 int runMainLoop();

@@ -11,9 +11,9 @@ namespace {
 
 constexpr LPCSTR mainClass = "MainWndClass";
 
-// Width of a frame of the shape 4:3. The division comes first, so what the height has beyond a multiple of 3
-// is lost.
-LONG fourThirdsOf(LONG height) {
+// Returns the width of a 4:3 frame. The division comes first, so the height is rounded down to a multiple of
+// 3.
+LONG fourThirdsWidth(LONG height) {
     return 4 * (height / 3);
 }
 
@@ -31,8 +31,8 @@ void renewBitmap(HDC dc, HBITMAP& bitmap, int width, int height) {
 void renewFrameBuffer(HWND window) {
     RECT client{};
     GetClientRect(window, &client);
-    const LONG fourThirds = fourThirdsOf(client.bottom);
-    const LONG width = fourThirds < client.right ? fourThirds : client.right;
+    const LONG frameWidth = fourThirdsWidth(client.bottom);
+    const LONG width = frameWidth < client.right ? frameWidth : client.right;
     renewBitmap(backDC, backBitmap, width, client.bottom);
     renewBitmap(scratchDC, scratchBitmap, width, client.bottom);
 }
@@ -42,17 +42,17 @@ void paintFrame(HWND window) {
     RECT client{};
     BeginPaint(window, &paint);
     GetClientRect(window, &client);
-    const LONG fourThirds = fourThirdsOf(client.bottom);
-    const LONG x = fourThirds < client.right ? (client.right - fourThirds) / 2 : 0;
+    const LONG frameWidth = fourThirdsWidth(client.bottom);
+    const LONG x = frameWidth < client.right ? (client.right - frameWidth) / 2 : 0;
     if (backDC) {
         BitBlt(windowDC, x, 0, client.right, client.bottom, backDC, 0, 0, SRCCOPY);
     }
     EndPaint(window, &paint);
 }
 
-// Whoever asked for the end may not wait until a game or a sound lets the loop end, which saves again. Before
-// the first frame there is nothing to save.
-void saveWhatIsShown() {
+// A session manager may not wait until the main loop ends, which can take as long as a game or a sound, so
+// the settings are saved here already. Before the first frame there is nothing to save.
+void saveAtSessionEnd() {
     if (backBitmap) {
         saveSettings(selectedGame() ? selectedGame()->name : nullptr);
     }
@@ -109,7 +109,7 @@ LRESULT mainWindowProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) 
         paintFrame(window);
         return 0;
     case WM_ENDSESSION:
-        saveWhatIsShown();
+        saveAtSessionEnd();
         return 0;
     default:
         return DefWindowProcA(window, message, wParam, lParam);

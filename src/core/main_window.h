@@ -1,22 +1,23 @@
-// The main window and its frame buffer: a bitmap in the shape 4:3 that the commands compose into and a paint
-// copies to the screen. Called by the start-up. It owns the device contexts and bitmaps of the shared state
-// and writes appActive.
+// The main window and its frame buffer: a bitmap with an aspect ratio of at most 4:3 that the commands draw
+// into and WM_PAINT copies to the screen. Used by WinMain. Creates and releases the device contexts and
+// bitmaps declared in app/window_state.h, and writes appActive.
 #pragma once
 
 #include "platform/types.h"
 
-// Registers the class, 0 on failure.
+// Registers the window class. Returns 0 on failure.
 ATOM registerMainWindowClass();
 
-// Makes the main window, hidden and without a frame buffer, and its device contexts; null on failure.
+// Creates the main window, hidden, and its device contexts. The frame buffer is created by the first WM_SIZE.
+// Returns null on failure.
 HWND createMainWindow();
 
-// The window procedure. WM_SIZE makes the frame buffer anew, black.
+// The window procedure. WM_SIZE replaces the frame buffer with a black one.
 LRESULT mainWindowProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
 
 // Releases the frame buffer and the device contexts.
 void releaseFrameBuffer();
 
-// Call the cursor's display count down below 0, or up to 0.
+// Change the cursor's display count until the cursor is hidden or shown.
 void hideMouseCursor();
 void showMouseCursor();

@@ -18,11 +18,11 @@
 namespace {
 
 // Milliseconds.
-constexpr DWORD noInfoDelay = 1500;
-constexpr DWORD menuAnswersDelay = 200;
+constexpr DWORD noInfoMessageTime = 1500;
+constexpr DWORD afterMenuDelay = 200;
 constexpr DWORD afterPopupDelay = 300;
 
-// The record whose text stands for the game; null when there is none.
+// Returns the record whose text is shown for the game: its own or its visible parent; null without a text.
 const GameRecord* gameWithInfo(const GameRecord& game) {
     if (game.infoLineCount > 0) {
         return &game;
@@ -51,14 +51,14 @@ void showSelectedGameInfo() {
         flushKeys();
     } else {
         showMessage("No game information found.");
-        Sleep(noInfoDelay);
+        Sleep(noInfoMessageTime);
         hideMessage();
     }
 }
 
 void runOptionsMenu(HWND window) {
     if (showOptionsMenu()) {
-        Sleep(menuAnswersDelay);
+        Sleep(afterMenuDelay);
         filterAndKeepSelection();
         redraw(window);
     }

@@ -1,14 +1,13 @@
-// The GameInfo and ShowMenu commands: which text is
-// shown, and what follows a menu. Called by the tick,
-// which stands still until the player has left the popup.
+// The GameInfo and ShowMenu commands: choose what the popup shows and apply its result to the list. Called by
+// handleTick, and block until the player closes the popup.
 #pragma once
 
 #include "platform/types.h"
 
-// Shows the information of the selected game, or that of its parent where that is visible, or tells that
-// there is none. Nothing without a game or with useMameInfoDat at 0.
+// Shows the information text of the selected game, or else of its parent if that game is visible; without
+// either, a message. Does nothing when no game is selected or useMameInfoDat is 0.
 void showSelectedGameInfo();
 
-// Runs the options menu and then shows what it has changed, with the selection on the same game while that is
-// still visible.
+// Runs the options menu, then filters and redraws the list. The selection stays on the same game while that
+// game remains visible.
 void runOptionsMenu(HWND window);

@@ -18,18 +18,18 @@
 namespace {
 
 // Milliseconds.
-constexpr DWORD missingRomDelay = 1500;
-constexpr DWORD failedGameDelay = 3000;
+constexpr DWORD missingRomMessageTime = 1500;
+constexpr DWORD failedGameMessageTime = 3000;
 constexpr DWORD afterGameDelay = 1000;
 
-void tellMissingRom() {
+void showMissingRomMessage() {
     showMessage("Sorry, you appear to be missing these ROMs...");
-    Sleep(missingRomDelay);
+    Sleep(missingRomMessageTime);
     hideMessage();
 }
 
-// The movie stands until the next frame replaces it; the ambience goes on after the game.
-void quieten() {
+// The movie stays paused until the next frame replaces it; the ambience resumes after the game.
+void pauseMedia() {
     if (movieWindow) {
         SendMessageA(movieWindow, MCI_PAUSE, 0, 0);
     }
@@ -40,19 +40,19 @@ void quieten() {
 
 void runGame(const GameRecord& game) {
     const std::string launching = std::string("Launching Game: ") + game.description + "...";
-    quieten();
+    pauseMedia();
     showMessage(launching.c_str());
     playSoundFile(settings.soundStartGame, SND_SYNC);
     if (GetSystemMetrics(SM_SHUTTINGDOWN) != 0) {
         hideMessage();
         return;
     }
-    DWORD exitCode = 0; // stays 0 when the emulator did not start: that has had its own box
+    DWORD exitCode = 0; // stays 0 when the emulator did not start: launchGame has reported that
     launchGame(&game, &exitCode);
     if (exitCode != 0) {
         playSoundFile(settings.soundError, SND_ASYNC);
         showMessage("Error Launching Mame!");
-        Sleep(failedGameDelay);
+        Sleep(failedGameMessageTime);
     }
     Sleep(afterGameDelay);
     flushKeys();
@@ -70,7 +70,7 @@ void startSelectedGame(HWND window) {
         return;
     }
     if (!game->romPresent) {
-        tellMissingRom();
+        showMissingRomMessage();
         return;
     }
     runGame(*game);

@@ -17,7 +17,7 @@ std::uint32_t joyXMax = 0;
 std::uint32_t joyYMin = 0;
 std::uint32_t joyYMax = 0;
 
-// How far from its end an axis counts as pushed, in parts of its maximum.
+// Distance from the end of an axis within which it counts as pushed, as a fraction of the axis maximum.
 constexpr double axisMargin = 0.2;
 
 bool axisHigh(double position, double max) {
@@ -33,7 +33,7 @@ bool isButtonCode(int code) {
     return code > 0 && code <= lastButton && (code & (code - 1)) == 0;
 }
 
-bool readsAsPressed(int code, const JOYINFO& info) {
+bool isActive(int code, const JOYINFO& info) {
     switch (code) {
     case 200:
         return axisHigh(info.wXpos, joyXMax);
@@ -66,7 +66,7 @@ int joyPressed(int code) {
         writeDiagnostic(standardOutput, "Error reading joystick!");
         return 0;
     }
-    return readsAsPressed(code, info) ? 1 : 0;
+    return isActive(code, info) ? 1 : 0;
 }
 
 void initJoystick() {

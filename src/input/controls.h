@@ -1,19 +1,20 @@
-// The state of one key or joystick code at a time, the only way in which the front end reads its controls.
-// Called by the tick and the overlay loops with the codes of the settings. Nothing is queued, repeated or
-// cached here.
+// The state of a single key or joystick code; the front end reads all its input through these functions.
+// Called by mapped_controls.cpp and the commands with the codes of the settings. Input is not queued,
+// repeated or cached here.
 #pragma once
 
-// 1 when the key of a virtual-key code is down, or was pressed since it was last asked for, while a window of
-// this program has the focus; else 0. Asking forgets the press.
+// Returns 1 when the key with this virtual-key code is down or has been pressed since the previous call for
+// the same code, else 0. Always 0 while no window of this program has the focus; the press is then kept.
 int keyPressed(int code);
 
-// 1 when a joystick code reads as pressed, else 0. 1, 2, 4 ... 512: exactly this one of ten buttons is down;
-// 200 right, 201 left, 202 down, 203 up; any other code never. The device is read at each call, whoever has
-// the focus.
+// Returns 1 when the joystick control with this code is active, else 0. Codes: 1, 2, 4 ... 512 for each of
+// ten buttons, active when it is the only button down; 200 right, 201 left, 202 down, 203 up. Any other code
+// is never active. Each call reads the device, whichever window has the focus.
 int joyPressed(int code);
 
-// Looks for the joystick and its limits. Once, at start-up: one that is plugged in later is not noticed.
+// Detects the joystick and reads its axis ranges. Called once at program start; a joystick connected later is
+// not detected.
 void initJoystick();
 
-// Forgets the presses of all keys. Keys that are held stay down.
+// Discards the recorded presses of all keys. Keys that are held down stay down.
 void flushKeys();

@@ -6,12 +6,11 @@
 
 namespace {
 
-bool isAnySet(const std::array<bool, mostMappedControls>& flags) {
+bool isAnySet(const std::array<bool, maxMappedControls>& flags) {
     return std::ranges::find(flags, true) != flags.end();
 }
 
-// The picture upside down.
-std::int32_t oppositeOf(std::int32_t rotation) {
+std::int32_t upsideDown(std::int32_t rotation) {
     switch (rotation) {
     case 90:
         return -90;
@@ -46,9 +45,9 @@ bool turnToPlayer(const PolledControls& controls) {
     if (isAnySet(controls.player1)) {
         wanted = settings.baseOrientation;
     } else if (isAnySet(controls.player2)) {
-        wanted = oppositeOf(settings.baseOrientation);
+        wanted = upsideDown(settings.baseOrientation);
     }
-    const bool turns = wanted != settings.orientation;
+    const bool changed = wanted != settings.orientation;
     settings.orientation = wanted;
-    return turns;
+    return changed;
 }

@@ -19,27 +19,27 @@ namespace {
 
 constexpr LPCSTR scrollClass = "ScrollWndClass";
 
-// The caller's lines, and the lines as cut to the window.
+// The caller's lines, and the lines wrapped to the window.
 const char* const* scrollSource = nullptr;
 std::int32_t scrollSourceCount = 0;
 char** wrappedLines = nullptr;
 std::int32_t wrappedCount = 0;
 
-// First of the cut lines that is shown.
+// Index of the first wrapped line that is shown.
 std::int32_t scrollTop = 0;
 
 PopupSurface scrollSurface;
 
-// The first group turns the screen to the player who touches it, the second does not.
-enum ScrollAction : std::size_t { lineUp, lineDown, leave };
-enum InformationAction : std::size_t { information };
+// scrollControls rotate the screen towards the player who uses them; toggleControls do not.
+enum ScrollAction : std::size_t { lineUp, lineDown, closeScroller };
+enum ToggleAction : std::size_t { toggleInfo };
 
 constexpr std::array<MappedControl, 3> scrollControls = {{
     {&Settings::keySelectUp, &Settings::joySelectUp, &Settings::keyP2SelectUp},
     {&Settings::keySelectDown, &Settings::joySelectDown, &Settings::keyP2SelectDown},
     {&Settings::keyExit, &Settings::joyExit, &Settings::keyP2Exit},
 }};
-constexpr std::array<MappedControl, 1> informationControls = {{
+constexpr std::array<MappedControl, 1> toggleControls = {{
     {&Settings::keyGameInfo, &Settings::joyGameInfo, &Settings::keyP2GameInfo},
 }};
 
@@ -58,21 +58,21 @@ void prepareText() {
     SetBkMode(scrollSurface.drawDC, TRANSPARENT);
 }
 
-// Only lines that fit whole are drawn.
+// Draws only lines that fit completely.
 void drawScrollText(HWND window) {
     RECT client{};
     GetClientRect(window, &client);
     prepareText();
     fillRect(scrollSurface.drawDC, client, settings.backgroundColor);
     const std::int32_t lineHeight = textHeight(scrollSurface.drawDC);
-    const LONG across = isQuarterTurn(settings.orientation) ? client.right : client.bottom;
-    LONG place = textMargin;
+    const LONG extent = isQuarterTurn(settings.orientation) ? client.right : client.bottom;
+    LONG offset = textMargin;
     for (std::int32_t line = scrollTop; line < wrappedCount; ++line) {
-        if (place > across - lineHeight - textMargin) {
+        if (offset > extent - lineHeight - textMargin) {
             break;
         }
-        drawText(scrollSurface.drawDC, textOrigin(client, textMargin, place), wrappedLines[line]);
-        place += lineHeight;
+        drawText(scrollSurface.drawDC, textOrigin(client, textMargin, offset), wrappedLines[line]);
+        offset += lineHeight;
     }
 }
 
@@ -106,7 +106,7 @@ LRESULT scrollWindowProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam
     return handleFocusMessage(message) ? 0 : DefWindowProcA(window, message, wParam, lParam);
 }
 
-// The border is a part of the main window's width and height on every side, whatever the rotation.
+// The margin on each side is scrollBorderPct percent of the main window's width or height, at any rotation.
 HWND createScrollWindow() {
     RECT main{};
     GetClientRect(mainWindow, &main);
@@ -124,25 +124,26 @@ void moveTo(HWND window, std::int32_t line) {
     redraw(window);
 }
 
-// Gives whether a player wants to leave.
+// Returns whether a player closed the scroller.
 bool scrollTick(HWND window) {
     const PolledControls scroll = pollControls(scrollControls);
-    const PolledControls inform = pollControls(informationControls);
+    const PolledControls toggle = pollControls(toggleControls);
     turnToPlayer(scroll);
-    if (scroll.asksFor(lineUp)) {
+    if (scroll.isPressed(lineUp)) {
         moveTo(window, scrollTop - 1);
     }
-    if (scroll.asksFor(lineDown)) {
+    if (scroll.isPressed(lineDown)) {
         moveTo(window, scrollTop + 1);
     }
-    return scroll.asksFor(leave) || inform.asksFor(information);
+    return scroll.isPressed(closeScroller) || toggle.isPressed(toggleInfo);
 }
 
-// Polls without a pause; a tick that was late is not made up for. A shutdown ends the window under the loop.
+// Polls without sleeping and drops late ticks. A shutdown destroys the window during the loop, so the loop
+// also ends when the surface is gone.
 void scrollLoop(HWND window) {
     TickClock clock(nullptr);
     bool done = false;
-    while (clock.runs() && servePopupMessage(done) && scrollSurface.drawDC) {
+    while (clock.isRunning() && servePopupMessage(done) && scrollSurface.drawDC) {
         if (clock.isDue()) {
             done = scrollTick(window) || done;
             clock.restart();

@@ -1,11 +1,11 @@
-// The scroller: the information text of a game in a popup over the main window, cut to its width, moved line
-// by line with the controls of the game list and turned with the screen. Called by the GameInfo command,
-// which chooses the text.
+// The scroller: shows the information text of a game in a popup over the main window, wrapped to the popup's
+// width and rotated with the screen. The player scrolls by lines with the controls of the game list. Called
+// by the GameInfo command, which chooses the text.
 #pragma once
 
 #include <cstdint>
 
-// Shows the lines, which stay the caller's and are not changed, from the top, and blocks until the player
-// leaves with an Exit or GameInfo control. Messages of all windows are served meanwhile; a WM_QUIT ends it
-// too and is used up. 1, also at once without lines; 0 when no window could be made.
+// Shows the lines from the first one and blocks until the player presses Exit or GameInfo. The lines stay
+// owned by the caller. Messages of all windows are dispatched meanwhile; WM_QUIT also closes the popup and is
+// consumed. Returns 1, at once when count is 0; returns 0 when the window could not be created.
 int showGameInfo(const char* const* lines, std::int32_t count);

@@ -27,7 +27,7 @@ int fontEnumCallback(const LOGFONTA* entry, const TEXTMETRICA*, DWORD fontType, 
     }
     const auto size = static_cast<std::size_t>(fontNameCount + 1) * sizeof(char*);
     auto** grown = static_cast<char**>(std::realloc(static_cast<void*>(fontNames), size));
-    if (grown != nullptr) {
+    if (grown) {
         fontNames = grown;
         const auto* font = reinterpret_cast<const ENUMLOGFONTEXA*>(entry);
         fontNames[fontNameCount++] = copyString(reinterpret_cast<const char*>(font->elfFullName));
@@ -35,7 +35,7 @@ int fontEnumCallback(const LOGFONTA* entry, const TEXTMETRICA*, DWORD fontType, 
     return 1;
 }
 
-char* textOf(std::int32_t number) {
+char* numberText(std::int32_t number) {
     char text[12];
     std::snprintf(text, sizeof(text), "%i", number);
     return copyString(text);
@@ -77,13 +77,13 @@ MenuItem* newMenuItem(std::int32_t count) {
 }
 
 char* copyString(const char* text) {
-    return text != nullptr ? strdup(text) : nullptr;
+    return text ? strdup(text) : nullptr;
 }
 
 MenuItem* newSizeItem(const char* label, std::int32_t size) {
     MenuItem* item = newLabelledItem(label, sizeCount);
     for (std::int32_t choice = 0; choice < sizeCount; ++choice) {
-        item->choices[choice] = textOf(sizeOfChoice(choice));
+        item->choices[choice] = numberText(sizeOfChoice(choice));
     }
     item->current = std::clamp(size / sizeStep - smallestSize / sizeStep, 0, sizeCount - 1);
     return item;
@@ -96,7 +96,7 @@ std::int32_t sizeOfChoice(std::int32_t choice) {
 MenuItem* newCountItem(const char* label, std::int32_t value) {
     MenuItem* item = newLabelledItem(label, largestCount + 1);
     for (std::int32_t choice = 0; choice <= largestCount; ++choice) {
-        item->choices[choice] = textOf(choice);
+        item->choices[choice] = numberText(choice);
     }
     item->current = std::clamp(value, 0, largestCount);
     return item;
@@ -125,7 +125,7 @@ MenuItem* newYesNoItem(const char* label, std::int32_t flag) {
 }
 
 void freeMenuItem(MenuItem* item) {
-    if (item == nullptr) {
+    if (!item) {
         return;
     }
     if (item->subItemCount > 0) {

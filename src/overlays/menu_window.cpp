@@ -19,21 +19,22 @@ namespace {
 
 constexpr LPCSTR menuClass = "MenuWndClass";
 
-// What a menu is wider than its longest texts, in pixels.
-constexpr std::int32_t widthBeyondTexts = 112;
+// Width of a menu in addition to its longest label and choice, in pixels.
+constexpr std::int32_t extraWidth = 112;
 
 // One open menu.
 struct MenuWindow {
     MenuItem** items = nullptr; // borrowed
     std::int32_t itemCount = 0;
-    HWND window = nullptr; // null again once the window has ended
+    HWND window = nullptr; // null after the window is destroyed
     PopupSurface surface;
     std::int32_t selected = 0;
     std::int32_t top = 0; // first line shown
     bool done = false;
 };
 
-// The open menus, the innermost last; null where one has ended. The window procedure finds its record here.
+// The open menus, the innermost last; null for a menu that is closed. The window procedure finds its record
+// here.
 std::vector<std::unique_ptr<MenuWindow>> menuWindows;
 
 enum MenuAction : std::size_t { lineUp, lineDown, nextChoice, previousChoice, closeMenu };
@@ -56,8 +57,8 @@ void selectMenuFont(HDC dc, int emphasis) {
     selectFont(dc, settings.fontFace, settings.menuFontSize, settings.orientation, emphasis);
 }
 
-// The client size at which every line and its longest value have room.
-SIZE wantedSize(const MenuWindow& record) {
+// The client size in which every label and every choice fits.
+SIZE preferredSize(const MenuWindow& record) {
     std::int32_t maxLabel = 0;
     std::int32_t maxChoice = 0;
     for (std::int32_t line = 0; line < record.itemCount; ++line) {
@@ -67,44 +68,44 @@ SIZE wantedSize(const MenuWindow& record) {
             maxChoice = std::max(maxChoice, textWidth(record.surface.drawDC, item.choices[choice]));
         }
     }
-    const LONG along = maxLabel + maxChoice + widthBeyondTexts;
+    const LONG along = maxLabel + maxChoice + extraWidth;
     const LONG across = textHeight(record.surface.drawDC) * record.itemCount;
     return isQuarterTurn(settings.orientation) ? SIZE{across, along} : SIZE{along, across};
 }
 
-// Centres the window over the main window with the wanted client size, as far as the platform grants it. The
-// size message that this brings renders the menu at its new size.
-void resizeMenu(const MenuWindow& record, const RECT& client, SIZE wanted) {
+// Centres the window over the main window with the preferred client size; the platform may limit it. The
+// resulting WM_SIZE renders the menu at its new size.
+void resizeMenu(const MenuWindow& record, const RECT& client, SIZE preferred) {
     RECT outer{};
     RECT main{};
     GetWindowRect(record.window, &outer);
     GetWindowRect(mainWindow, &main);
-    const LONG x = (main.right - main.left - wanted.cx) / 2;
-    const LONG y = (main.bottom - main.top - wanted.cy) / 2;
+    const LONG x = (main.right - main.left - preferred.cx) / 2;
+    const LONG y = (main.bottom - main.top - preferred.cy) / 2;
     MoveWindow(record.window, std::max(x, 0), std::max(y, 0),
-               wanted.cx + outer.right - outer.left - client.right,
-               wanted.cy + outer.bottom - outer.top - client.bottom, TRUE);
+               preferred.cx + outer.right - outer.left - client.right,
+               preferred.cy + outer.bottom - outer.top - client.bottom, TRUE);
 }
 
-// Scrolls to the selected line when it is out of view: to the middle, except at the ends of the list.
-void bringSelectionIntoView(MenuWindow& record, std::int32_t lines) {
+// When the selected line is not visible, scrolls it to the middle, or as near as the ends of the list allow.
+void scrollToSelection(MenuWindow& record, std::int32_t lines) {
     if (record.selected < record.top || record.selected > record.top + lines - 1) {
         record.top = std::max(std::min(record.selected - lines / 2, record.itemCount - lines), 0);
     }
 }
 
-const char* valueOf(const MenuItem& item) {
+const char* shownValue(const MenuItem& item) {
     if (item.subItemCount != 0) {
         return "[...]";
     }
     return item.choiceCount > 0 ? item.choices[item.current] : nullptr;
 }
 
-// `across`: from the edge of the first line to the top of this one.
+// `across`: pixels from the top of the first line to the top of this one, across the text direction.
 void drawLine(HDC dc, const RECT& client, const MenuItem& item, std::int32_t across) {
     const LONG length = isQuarterTurn(settings.orientation) ? client.bottom : client.right;
     drawText(dc, textOrigin(client, textMargin, across), item.label);
-    if (const char* value = valueOf(item)) {
+    if (const char* value = shownValue(item)) {
         drawText(dc, textOrigin(client, length - textWidth(dc, value) - textMargin, across), value);
     }
 }
@@ -119,7 +120,7 @@ void drawMenu(MenuWindow& record) {
     fillRect(dc, client, settings.backgroundColor);
     const std::int32_t lines = linesThatFit(dc, client.right, client.bottom, 0);
     const std::int32_t lineHeight = textHeight(dc);
-    bringSelectionIntoView(record, lines);
+    scrollToSelection(record, lines);
     for (std::int32_t line = 0; line < lines && record.top + line < record.itemCount; ++line) {
         const bool isSelected = record.top + line == record.selected;
         if (isSelected) {
@@ -142,9 +143,9 @@ void fitAndRender(MenuWindow& record) {
     GetClientRect(record.window, &client);
     renewPopupBitmap(record.surface, record.window);
     selectMenuFont(record.surface.drawDC, 0);
-    const SIZE wanted = wantedSize(record);
-    if (wanted.cx != client.right || wanted.cy != client.bottom) {
-        resizeMenu(record, client, wanted);
+    const SIZE preferred = preferredSize(record);
+    if (preferred.cx != client.right || preferred.cy != client.bottom) {
+        resizeMenu(record, client, preferred);
     }
     redraw(record);
 }
@@ -180,18 +181,18 @@ HWND createMenuWindow(int x, int y, int width, int height) {
     return ensureMenuClass() ? createPopup(menuClass, x, y, width, height) : nullptr;
 }
 
-std::int32_t stepped(std::int32_t index, std::int32_t step, std::int32_t count) {
+std::int32_t wrapIndex(std::int32_t index, std::int32_t step, std::int32_t count) {
     return count > 0 ? (index + step + count) % count : 0;
 }
 
 void stepLine(MenuWindow& record, std::int32_t step) {
-    record.selected = stepped(record.selected, step, record.itemCount);
+    record.selected = wrapIndex(record.selected, step, record.itemCount);
     redraw(record);
 }
 
 void stepChoice(MenuWindow& record, std::int32_t step) {
     MenuItem& item = *record.items[record.selected];
-    item.current = stepped(item.current, step, item.choiceCount);
+    item.current = wrapIndex(item.current, step, item.choiceCount);
     redraw(record);
 }
 
@@ -209,28 +210,28 @@ void menuTick(MenuWindow& record) {
     const PolledControls controls = pollControls(menuControls);
     turnToPlayer(controls);
     const bool hasLines = record.itemCount > 0;
-    if (hasLines && controls.asksFor(lineUp)) {
+    if (hasLines && controls.isPressed(lineUp)) {
         stepLine(record, -1);
     }
-    if (hasLines && controls.asksFor(lineDown)) {
+    if (hasLines && controls.isPressed(lineDown)) {
         stepLine(record, 1);
     }
-    if (hasLines && controls.asksFor(nextChoice)) {
+    if (hasLines && controls.isPressed(nextChoice)) {
         takeNextChoice(record);
     }
-    if (hasLines && controls.asksFor(previousChoice)) {
+    if (hasLines && controls.isPressed(previousChoice)) {
         stepChoice(record, -1);
     }
-    if (controls.asksFor(closeMenu)) {
+    if (controls.isPressed(closeMenu)) {
         record.done = true;
     }
 }
 
-// Ticks that a stall has held up are made up for, back to back. Ends also when the window is gone, since the
-// quit that comes with the end of the main window reaches the innermost of several menus only.
+// Ticks delayed by a stall are executed back to back. The loop also ends when the window is destroyed,
+// because with nested menus only the innermost one receives the WM_QUIT of the main window.
 void menuLoop(MenuWindow& record) {
     TickClock clock(nullptr);
-    while (clock.runs() && servePopupMessage(record.done) && record.window) {
+    while (clock.isRunning() && servePopupMessage(record.done) && record.window) {
         if (clock.isDue()) {
             menuTick(record);
             clock.advance();
@@ -243,7 +244,7 @@ void menuLoop(MenuWindow& record) {
 } // namespace
 
 int runMenu(MenuItem** items, std::int32_t count) {
-    const std::size_t place = menuWindows.size();
+    const std::size_t index = menuWindows.size();
     menuWindows.push_back(std::make_unique<MenuWindow>());
     MenuWindow& record = *menuWindows.back();
     record.items = items;
@@ -251,7 +252,7 @@ int runMenu(MenuItem** items, std::int32_t count) {
     record.window = createMenuWindow(0, 0, 100, 100);
     if (!record.window) {
         MessageBoxA(nullptr, "Failed to create message window!", "Error!", MB_OK);
-        menuWindows[place].reset();
+        menuWindows[index].reset();
         return 0;
     }
     ShowWindow(record.window, SW_SHOWDEFAULT);
@@ -259,7 +260,7 @@ int runMenu(MenuItem** items, std::int32_t count) {
     flushKeys();
     menuLoop(record);
     DestroyWindow(record.window);
-    menuWindows[place].reset();
+    menuWindows[index].reset();
     return 1;
 }
 

@@ -15,17 +15,16 @@ namespace {
 
 constexpr LPCSTR messageClass = "MessageWndClass";
 
-// Pixels between the text and each edge of the box, and between a box that is as long as the screen and the
-// screen's ends.
+// In pixels: between the text and each edge of the box, and between a long box and the edges of the screen.
 constexpr std::int32_t boxMargin = 15;
 constexpr std::int32_t screenMargin = 15;
 
-// All null while no message is up. The text is the caller's.
+// All null while no message is shown. The text is borrowed.
 HWND messageWindow = nullptr;
 const char* messageText = nullptr;
 PopupSurface messageSurface;
 
-// The bitmap shows messageText. A new text of the same size brings no size message of its own.
+// Whether the bitmap shows messageText. A new text of the same size causes no WM_SIZE.
 bool messageRendered = false;
 
 void prepareText() {
@@ -65,7 +64,7 @@ int createMessageWindow() {
     return messageWindow ? 1 : 0;
 }
 
-// One axis of the box along its text: centred, with the ends of the screen kept free.
+// Position and size of the box along the text direction: centred, with a margin at the edges of the screen.
 void placeAlong(std::int32_t screen, std::int32_t text, int& start, int& length) {
     length = std::min(text + 2 * boxMargin, screen - 2 * screenMargin);
     start = std::max((screen - text - 2 * boxMargin) / 2, screenMargin);

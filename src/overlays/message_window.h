@@ -1,12 +1,12 @@
-// The message window: a small box with one line of text, centred on the screen and turned with it, shown
-// around blocking work. Called by the start-up, the regeneration of the list and the commands. How long it
-// stays is the caller's business; it has no loop, timer or input of its own.
+// The message window: a small box with one line of text, centred on the screen and rotated with it, shown
+// during blocking operations. Called by WinMain, the catalogue loader and the commands, which decide how long
+// it stays. Has no message loop, timer or input.
 #pragma once
 
-// Shows the text, in a new box or in place of the text that is up. The box is on the screen when this
-// returns. The text stays the caller's and must live until the next call of either function. A message box
-// tells when no window can be made.
+// Shows the text, replacing the current one. The box is on the screen when the function returns. The text is
+// not copied and must stay valid until the next call of either function. Reports with a message box when the
+// window cannot be created.
 void showMessage(const char* text);
 
-// Takes the box away; nothing happens when there is none.
+// Removes the box. Does nothing when no message is shown.
 void hideMessage();

@@ -13,20 +13,20 @@
 
 namespace {
 
-// A choice of a line that has words of its own, and what it means in the settings.
-struct ChoiceWord {
-    const char* word;
+// A choice of a line with fixed choices, and its value in the settings.
+struct FixedChoice {
+    const char* text;
     std::int32_t value;
 };
 
-constexpr ChoiceWord menuTypeWords[] = {{"List View", menuTypeListView},
-                                        {"Image Preview", menuTypeImageBrowser}};
-constexpr ChoiceWord pictureWords[] = {
+constexpr FixedChoice menuTypeChoices[] = {{"List View", menuTypeListView},
+                                           {"Image Preview", menuTypeImageBrowser}};
+constexpr FixedChoice pictureChoices[] = {
     {"Screen Shots", previewScreenShots}, {"Flyers", previewFlyers}, {"Marquees", previewMarquees}};
-constexpr ChoiceWord orientationWords[] = {
+constexpr FixedChoice orientationChoices[] = {
     {"Normal", 0}, {"Inverted", 180}, {"Rotate Right", 90}, {"Rotate Left", -90}};
 
-// The kinds of line, each with the field that it shows and changes.
+// The kinds of lines, each with the field of the settings that it edits.
 struct FontLine {
     char* Settings::*field;
 };
@@ -39,19 +39,19 @@ struct YesNoLine {
 struct CountLine {
     std::int16_t Settings::*field;
 };
-struct WordLine {
+struct FixedLine {
     std::int32_t Settings::*field;
-    std::span<const ChoiceWord> words;
-    std::int32_t otherwise; // the choice for a value without a word
+    std::span<const FixedChoice> choices;
+    std::int32_t defaultChoice; // index shown for a value that is not in the list
 };
 
 struct OptionLine {
     const char* label;
-    std::variant<FontLine, SizeLine, YesNoLine, CountLine, WordLine> kind;
+    std::variant<FontLine, SizeLine, YesNoLine, CountLine, FixedLine> kind;
 };
 
 constexpr std::array<OptionLine, 23> optionLines = {{
-    {"Menu Type", WordLine{&Settings::menuType, menuTypeWords, 1}},
+    {"Menu Type", FixedLine{&Settings::menuType, menuTypeChoices, 1}},
     {"Main Window Font", FontLine{&Settings::fontFace}},
     {"Main Window Font Size", SizeLine{&Settings::fontSize}},
     {"Status Bar Font", FontLine{&Settings::statusBarFontFace}},
@@ -72,26 +72,26 @@ constexpr std::array<OptionLine, 23> optionLines = {{
     {"Display Minimum Coin Slots", CountLine{&Settings::minCoins}},
     {"Display Maximum Coin Slots", CountLine{&Settings::maxCoins}},
     {"Show Status Bar", YesNoLine{&Settings::showStatusBar}},
-    {"Preview Pictures", WordLine{&Settings::previewPictures, pictureWords, 0}},
-    {"Screen Orientation", WordLine{&Settings::baseOrientation, orientationWords, 0}},
+    {"Preview Pictures", FixedLine{&Settings::previewPictures, pictureChoices, 0}},
+    {"Screen Orientation", FixedLine{&Settings::baseOrientation, orientationChoices, 0}},
 }};
 
-// Makes the line of each kind.
-struct LineMaker {
+// Creates the menu line for each kind.
+struct LineBuilder {
     const char* label;
 
     MenuItem* operator()(const FontLine& line) const { return newFontItem(label, settings.*line.field); }
     MenuItem* operator()(const SizeLine& line) const { return newSizeItem(label, settings.*line.field); }
     MenuItem* operator()(const YesNoLine& line) const { return newYesNoItem(label, settings.*line.field); }
     MenuItem* operator()(const CountLine& line) const { return newCountItem(label, settings.*line.field); }
-    MenuItem* operator()(const WordLine& line) const {
-        MenuItem* item = newMenuItem(static_cast<std::int32_t>(line.words.size()));
+    MenuItem* operator()(const FixedLine& line) const {
+        MenuItem* item = newMenuItem(static_cast<std::int32_t>(line.choices.size()));
         item->label = copyString(label);
-        item->current = line.otherwise;
+        item->current = line.defaultChoice;
         for (std::int32_t choice = 0; choice < item->choiceCount; ++choice) {
-            const ChoiceWord& word = line.words[static_cast<std::size_t>(choice)];
-            item->choices[choice] = copyString(word.word);
-            if (settings.*line.field == word.value) {
+            const FixedChoice& fixed = line.choices[static_cast<std::size_t>(choice)];
+            item->choices[choice] = copyString(fixed.text);
+            if (settings.*line.field == fixed.value) {
                 item->current = choice;
             }
         }
@@ -99,8 +99,8 @@ struct LineMaker {
     }
 };
 
-// Writes the answer of a line of each kind into its field.
-struct AnswerTaker {
+// Writes the current choice of a line of each kind to its field.
+struct SettingWriter {
     const MenuItem& item;
 
     void operator()(const FontLine& line) const {
@@ -113,23 +113,23 @@ struct AnswerTaker {
     void operator()(const CountLine& line) const {
         settings.*line.field = static_cast<std::int16_t>(item.current);
     }
-    void operator()(const WordLine& line) const {
-        settings.*line.field = line.words[static_cast<std::size_t>(item.current)].value;
+    void operator()(const FixedLine& line) const {
+        settings.*line.field = line.choices[static_cast<std::size_t>(item.current)].value;
     }
 };
 
 MenuItem** newOptionItems() {
     auto** items = static_cast<MenuItem**>(std::calloc(optionLines.size(), sizeof(MenuItem*)));
     std::ranges::transform(optionLines, items, [](const OptionLine& line) {
-        return std::visit(LineMaker{line.label}, line.kind);
+        return std::visit(LineBuilder{line.label}, line.kind);
     });
     return items;
 }
 
-// A flip for player 2 that is in force ends here.
-void takeAnswers(MenuItem** items) {
+// Also ends a rotation for player 2.
+void writeSettings(MenuItem** items) {
     for (std::size_t line = 0; line < optionLines.size(); ++line) {
-        std::visit(AnswerTaker{*items[line]}, optionLines[line].kind);
+        std::visit(SettingWriter{*items[line]}, optionLines[line].kind);
     }
     settings.orientation = settings.baseOrientation;
 }
@@ -145,7 +145,7 @@ int showOptionsMenu() {
     MenuItem** items = newOptionItems();
     const int hasRun = runMenu(items, count);
     if (hasRun) {
-        takeAnswers(items);
+        writeSettings(items);
     }
     closeMenuWindows();
     freeMenuList(items, count);

@@ -1,9 +1,8 @@
-// The options menu: 23 lines that change the settings on the spot.
-// Called by the ShowMenu command, which does what has to follow a
-// change. The ini file is written at the end of the program only.
+// The options menu: 23 lines that change the settings in memory. Called by the ShowMenu command, which then
+// filters and redraws. The ini file is not written here, only at the end of the program.
 #pragma once
 
-// Shows the menu and blocks until it is left; leaving it is the confirmation. 1 when every line has been
-// written into the settings, touched or not; 0, with the settings as they were, when the menu is not allowed
-// or no window could be made.
+// Shows the menu and blocks until it is closed; there is no way to cancel. Returns 1 when every line has been
+// written to the settings, changed or not. Returns 0, with the settings unchanged, when AllowMenu is 0 or the
+// window could not be created.
 int showOptionsMenu();

@@ -18,22 +18,22 @@ namespace {
 struct Wrapper {
     HDC dc;
     LONG limit;
-    std::vector<char*> pieces;
+    std::vector<char*> wrapped;
     bool failed = false;
 
-    bool fits(std::string_view stretch) {
+    bool fits(std::string_view text) {
         SIZE size{};
-        if (!GetTextExtentPoint32A(dc, stretch.data(), static_cast<int>(stretch.size()), &size)) {
+        if (!GetTextExtentPoint32A(dc, text.data(), static_cast<int>(text.size()), &size)) {
             failed = true;
             return false;
         }
         return size.cx <= limit;
     }
 
-    void append(std::string_view stretch) { pieces.push_back(strndup(stretch.data(), stretch.size())); }
+    void append(std::string_view text) { wrapped.push_back(strndup(text.data(), text.size())); }
 
-    // How many characters at the head of the text fit. A longer stretch is never narrower, so doubling and
-    // then halving finds the number.
+    // Returns how many characters at the start of the text fit. A longer text is never narrower, so an
+    // exponential search followed by a binary search finds the number.
     std::size_t fittingLength(std::string_view text) {
         std::size_t fitting = 0;
         std::size_t tooLong = 1;
@@ -48,8 +48,8 @@ struct Wrapper {
         return fitting;
     }
 
-    // Takes one line off a text that is not empty.
-    void cut(std::string_view& text) {
+    // Moves one line from the start of a text that is not empty to `wrapped`.
+    void takeLine(std::string_view& text) {
         const std::size_t fitting = fittingLength(text);
         std::size_t end = fitting == text.size() ? 0 : fitting + 1;
         while (end > 0 && !std::isspace(static_cast<unsigned char>(text[end - 1]))) {
@@ -65,7 +65,7 @@ struct Wrapper {
             append(line);
         }
         while (!line.empty() && !failed) {
-            cut(line);
+            takeLine(line);
         }
     }
 };
@@ -91,14 +91,14 @@ char** wordWrapText(HWND window, HDC dc, const char* const* lines, std::int32_t 
     *outCount = 0;
     if (wrapper.failed) {
         writeDiagnostic(standardOutput, "GetTextExtentPoint32 failed in wordWrapText()!", "");
-        for (char* piece : wrapper.pieces) {
-            std::free(piece);
+        for (char* line : wrapper.wrapped) {
+            std::free(line);
         }
         return nullptr;
     }
-    if (wrapper.pieces.empty()) {
+    if (wrapper.wrapped.empty()) {
         return nullptr;
     }
-    *outCount = static_cast<std::int32_t>(wrapper.pieces.size());
-    return toArray(wrapper.pieces);
+    *outCount = static_cast<std::int32_t>(wrapper.wrapped.size());
+    return toArray(wrapper.wrapped);
 }

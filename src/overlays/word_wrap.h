@@ -1,15 +1,15 @@
-// Cuts paragraphs into lines that fit a popup, at
-// blanks where there are any. Called by the scroller
-// when its window has a new size. It draws nothing.
+// Wraps paragraphs into lines that fit a popup. Called by the scroller when its window gets a new size. Draws
+// nothing.
 #pragma once
 
 #include "platform/types.h"
 
 #include <cstdint>
 
-// Cuts each of the lines to the client area of the window along the text, less a margin, as the font selected
-// in dc measures it: at white space, of which one character goes, or inside a word that is wider than that.
-// An empty line stays one. Gives an array of texts, both from malloc, and their number; null and 0, after a
-// word on standard output, when the text cannot be measured.
+// Wraps each line to the length of the window's client area along the text direction, minus a margin,
+// measured with the font selected in dc. Breaks at white space, dropping one character of it, or inside a
+// word that is wider than the area. An empty line yields one empty line. Returns an array of texts and stores
+// their number in *outCount; the array and the texts are allocated with malloc and owned by the caller.
+// Returns null and 0, after a message on standard output, when the text cannot be measured.
 char** wordWrapText(HWND window, HDC dc, const char* const* lines, std::int32_t count,
                     std::int32_t* outCount);
