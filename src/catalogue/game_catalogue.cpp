@@ -11,40 +11,40 @@ HashTable* gameIndex = nullptr;
 
 namespace {
 
-// What stands in for the parts that a block lacks. Records borrow them; nobody writes to them.
+// Defaults for data that is missing in a block. Shared by all records and never modified.
 char emptyText[] = "";
 char rasterWord[] = "raster";
-VideoInfo plainVideo = {rasterWord, orientationHorizontal, 0, 0};
-InputInfo plainInput = {0, 0, 0, controlJoy4Way};
+VideoInfo defaultVideo = {rasterWord, orientationHorizontal, 0, 0};
+InputInfo defaultInput = {0, 0, 0, controlJoy4Way};
 
-// Gives the record what sort, filter and views read without a test. A block without a name cannot be selected
-// or started, so it is kept out of sight.
+// Fills in what the sort, the filter and the views read without checking. A game without a name could be
+// neither selected nor started, so it is hidden as a resource.
 void completeRecord(GameRecord& record) {
-    if (record.name == nullptr) {
+    if (!record.name) {
         record.isResource = 1;
     }
-    if (record.description == nullptr) {
-        record.description = record.name != nullptr ? record.name : emptyText;
+    if (!record.description) {
+        record.description = record.name ? record.name : emptyText;
     }
-    if (record.manufacturer == nullptr) {
+    if (!record.manufacturer) {
         record.manufacturer = emptyText;
     }
     if (record.isResource == 0) {
-        record.video = record.video != nullptr ? record.video : &plainVideo;
-        record.input = record.input != nullptr ? record.input : &plainInput;
+        record.video = record.video ? record.video : &defaultVideo;
+        record.input = record.input ? record.input : &defaultInput;
     }
 }
 
 bool resizeCatalogue(std::size_t capacity) {
     void* resized = std::realloc(static_cast<void*>(allGames), capacity * sizeof(GameRecord*));
-    if (resized == nullptr) {
+    if (!resized) {
         return false;
     }
     allGames = static_cast<GameRecord**>(resized);
     return true;
 }
 
-// The array grows by half: growing by one would copy the whole array again and again.
+// Grows the array by half each time, so that the copying stays linear.
 void readRecords(FILE* stream) {
     std::size_t capacity = 0;
     while (GameRecord* record = parseGameRecord(stream)) {

@@ -1,6 +1,6 @@
-// The catalogue: all records of the game list, their index by short name and the link from each clone to its
-// parent. Filled once at the start by the loader, sorted by the sort, read by the scan, the filter and the
-// game information. It finds no file and makes no list.
+// Owns the catalogue: all records of the game list, their index by short name and the link from each clone to
+// its parent. The loader fills it once at startup; the ROM scan, the sort, the filter and the game
+// information reader work on it. Locating and generating the list file is the loader's job.
 #pragma once
 
 #include "catalogue/game_record.h"
@@ -9,17 +9,17 @@
 #include <cstdint>
 #include <cstdio>
 
-// All records: in file order first, then in that of the last sort. Written by readGameList and freeGameList;
-// the order by sortGames. Null when empty.
+// All records, in file order until the first sort and in the order of the last sort after it; null when
+// empty. Written by readGameList and freeGameList, reordered by sortGames.
 extern GameRecord** allGames;
 extern std::int32_t gameCount;
 
-// Short name to record, null when the list holds no record. Written by readGameList and freeGameList.
+// Maps short names to records; null when the catalogue is empty. Written by readGameList and freeGameList.
 extern HashTable* gameIndex;
 
-// Reads every record of an open list file into the catalogue, which must be empty, completes what readers
-// rely on, builds the index and links the clones. The stream stays open.
+// Reads all records of an open list file into the catalogue, which must be empty. Fills in defaults for
+// missing data, builds the index and links clones to their parents. Does not close the stream.
 void readGameList(FILE* stream);
 
-// Empties the catalogue and the view. Harmless when they are empty.
+// Frees the catalogue and the view of visible games. Does nothing when both are empty.
 void freeGameList();

@@ -13,15 +13,14 @@ bool isWithin(std::int16_t value, std::int16_t lowest, std::int16_t highest) {
     return value >= lowest && value <= highest;
 }
 
-// A clone needs the zip of its parent too; one whose parent is not in the list goes by its own.
+// A clone also needs the zip of its parent, unless the parent is not in the list.
 bool hasRoms(const GameRecord& game) {
-    return game.romPresent != 0 &&
-           (game.cloneOf == nullptr || game.parent == nullptr || game.parent->romPresent != 0);
+    return game.romPresent != 0 && (!game.cloneOf || !game.parent || game.parent->romPresent != 0);
 }
 
 bool passesVideoFilters(const GameRecord& game) {
     const VideoInfo& video = *game.video;
-    const char* screen = video.screen != nullptr ? video.screen : "";
+    const char* screen = video.screen ? video.screen : "";
     return (settings.displayVertical != 0 || video.orientation != orientationVertical) &&
            (settings.displayHorizontal != 0 || video.orientation != orientationHorizontal) &&
            (settings.displayVector != 0 || std::strcmp(screen, "vector") != 0) &&
@@ -36,12 +35,12 @@ bool passesInputFilters(const InputInfo& input) {
 }
 
 bool passesSetFilters(const GameRecord& game) {
-    const bool isNeoGeo = game.romOf != nullptr && std::strcmp(game.romOf, "neogeo") == 0;
-    return (settings.displayClones != 0 || game.cloneOf == nullptr) &&
+    const bool isNeoGeo = game.romOf && std::strcmp(game.romOf, "neogeo") == 0;
+    return (settings.displayClones != 0 || !game.cloneOf) &&
            (isNeoGeo ? settings.displayNeoGeo : settings.displayNonNeoGeo) != 0;
 }
 
-// A resource may lack video and input, so its test stands first.
+// isResource is tested first, because a resource may lack video and input.
 bool isVisible(const GameRecord& game) {
     return game.isResource == 0 && (settings.displayMissingRoms != 0 || hasRoms(game)) &&
            passesVideoFilters(game) && passesInputFilters(*game.input) && passesSetFilters(game);
@@ -51,10 +50,10 @@ bool isVisible(const GameRecord& game) {
 
 void filterGames() {
     setVisibleGames(nullptr, 0);
-    // Room for all at first: growing by one would copy the whole array again and again.
+    // Allocated for all games and trimmed at the end.
     auto** visible =
         static_cast<GameRecord**>(std::malloc(static_cast<std::size_t>(gameCount) * sizeof(GameRecord*)));
-    if (visible == nullptr) {
+    if (!visible) {
         return;
     }
     std::int32_t count = 0;
@@ -69,5 +68,5 @@ void filterGames() {
     }
     void* fitted =
         std::realloc(static_cast<void*>(visible), static_cast<std::size_t>(count) * sizeof(GameRecord*));
-    setVisibleGames(fitted != nullptr ? static_cast<GameRecord**>(fitted) : visible, count);
+    setVisibleGames(fitted ? static_cast<GameRecord**>(fitted) : visible, count);
 }

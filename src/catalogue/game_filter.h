@@ -1,7 +1,6 @@
-// The view: which records the player sees, by the filters of the
-// settings. Called at the start, after each sort and when the options
-// menu closes. What becomes of the selection is the caller's affair.
+// Selects the records that the player sees, by the filter settings. Called at startup, after each sort and
+// when the options menu closes. Does not touch the selection; callers restore it.
 #pragma once
 
-// Rebuilds visibleGames and visibleCount from allGames, in its order.
+// Rebuilds visibleGames from allGames, keeping its order. The view is empty when memory runs out.
 void filterGames();

@@ -14,25 +14,25 @@
 
 namespace {
 
-// A longer line arrives in pieces, each of which counts as a line.
+// A longer line is read in pieces, each of which counts as a line.
 constexpr int lineBufferSize = 1024;
 
 enum class State {
     outside, // between blocks
-    header,  // behind the line of names
-    text,    // lines are stored
-    skipped, // lines are ignored
+    header,  // after the $info line
+    text,    // in a text, whose lines are stored
+    skipped, // in a text that is ignored
 };
 
-// The block in hand. Its lines are kept only when its game is in the list.
-struct Block {
+// The block being read. Lines are stored only when its game is in the catalogue.
+struct InfoBlock {
     GameRecord* game = nullptr;
-    std::vector<char*> lines; // owned, from malloc as those of a record
+    std::vector<char*> lines; // owned, allocated with malloc like GameRecord::infoLines
 
-    Block() = default;
-    Block(const Block&) = delete;
-    Block& operator=(const Block&) = delete;
-    ~Block() { clear(); }
+    InfoBlock() = default;
+    InfoBlock(const InfoBlock&) = delete;
+    InfoBlock& operator=(const InfoBlock&) = delete;
+    ~InfoBlock() { clear(); }
 
     void clear() {
         for (char* line : lines) {
@@ -43,7 +43,7 @@ struct Block {
 
     void store(std::string_view line) {
         auto* copy = static_cast<char*>(std::malloc(line.size() + 1));
-        if (copy != nullptr) {
+        if (copy) {
             std::memcpy(copy, line.data(), line.size());
             copy[line.size()] = '\0';
             lines.push_back(copy);
@@ -51,23 +51,23 @@ struct Block {
     }
 };
 
-// The records by name, of equal names the first, as gameIndex has them. Its chains, of names with the same
-// sum of letters, are too long for tens of thousands of look-ups in a row.
+// Finds the same records as gameIndex, the first of several with one name. The chains of gameIndex are too
+// long for tens of thousands of lookups in a row.
 using NameIndex = std::unordered_map<std::string_view, GameRecord*>;
 
 NameIndex indexNames() {
     NameIndex names;
     names.reserve(static_cast<std::size_t>(gameCount));
     for (std::int32_t game = 0; game < gameCount; ++game) {
-        if (allGames[game]->name != nullptr) {
+        if (allGames[game]->name) {
             names.emplace(allGames[game]->name, allGames[game]);
         }
     }
     return names;
 }
 
-// Only the first name of the line counts.
-void openBlock(Block& block, std::string_view line, const NameIndex& names) {
+// Only the first of the comma-separated names is used.
+void openBlock(InfoBlock& block, std::string_view line, const NameIndex& names) {
     constexpr std::size_t nameStart = 6;
     line.remove_prefix(std::min(nameStart, line.size()));
     const auto found = names.find(line.substr(0, line.find(',')));
@@ -83,15 +83,15 @@ void freeInfo(GameRecord& game) {
     game.infoLineCount = 0;
 }
 
-// Gives the lines to the game, in place of those it may have from a former block.
-void closeBlock(Block& block) {
-    if (block.game == nullptr) {
+// Moves the lines to the game, replacing those of an earlier block.
+void closeBlock(InfoBlock& block) {
+    if (!block.game) {
         return;
     }
     freeInfo(*block.game);
     const std::size_t size = block.lines.size() * sizeof(char*);
     auto** lines = size > 0 ? static_cast<char**>(std::malloc(size)) : nullptr;
-    if (lines == nullptr) {
+    if (!lines) {
         block.clear();
         return;
     }
@@ -101,15 +101,15 @@ void closeBlock(Block& block) {
     block.lines.clear();
 }
 
-struct Statement {
+struct InfoStatement {
     std::string_view word;
-    State wanted;
-    State alsoWanted;
+    State allowed;
+    State alsoAllowed;
     State next;
 };
 
-// Known by the head of the line alone, so that other letters may follow.
-constexpr Statement statements[] = {
+// Matched against the start of a line; what follows the word is ignored.
+constexpr InfoStatement statements[] = {
     {"$info", State::outside, State::outside, State::header},
     {"$mame", State::header, State::header, State::text},
     {"$bio", State::header, State::header, State::text},
@@ -117,19 +117,19 @@ constexpr Statement statements[] = {
     {"$end", State::text, State::skipped, State::outside},
 };
 
-const Statement* findStatement(std::string_view line) {
+const InfoStatement* findStatement(std::string_view line) {
     if (!line.starts_with('$')) {
         return nullptr;
     }
     const auto* found = std::ranges::find_if(
-        statements, [line](const Statement& statement) { return line.starts_with(statement.word); });
+        statements, [line](const InfoStatement& statement) { return line.starts_with(statement.word); });
     return found != std::end(statements) ? found : nullptr;
 }
 
-// Moves on to the statement's state; false when the statement is out of place.
-bool carryOut(const Statement& statement, std::string_view line, const NameIndex& names, State& state,
-              Block& block) {
-    if (state != statement.wanted && state != statement.alsoWanted) {
+// Executes the statement. Returns false when it is not allowed in the current state.
+bool execute(const InfoStatement& statement, std::string_view line, const NameIndex& names, State& state,
+             InfoBlock& block) {
+    if (state != statement.allowed && state != statement.alsoAllowed) {
         return false;
     }
     state = statement.next;
@@ -146,25 +146,25 @@ bool carryOut(const Statement& statement, std::string_view line, const NameIndex
 std::int32_t parseGameInfo(FILE* stream) {
     const NameIndex names = indexNames();
     State state = State::outside;
-    Block block;
+    InfoBlock block;
     char buffer[lineBufferSize];
-    while (std::fgets(buffer, lineBufferSize, stream) != nullptr) {
+    while (std::fgets(buffer, lineBufferSize, stream)) {
         if (buffer[0] == '\0' || buffer[0] == '#') {
             continue;
         }
-        // The last character goes whatever it is: normally the line end.
+        // The last character is dropped, whatever it is; normally it is the line end.
         const std::string_view line(buffer, std::strlen(buffer) - 1);
-        if (const Statement* statement = findStatement(line)) {
-            if (!carryOut(*statement, line, names, state, block)) {
+        if (const InfoStatement* statement = findStatement(line)) {
+            if (!execute(*statement, line, names, state, block)) {
                 writeDiagnostic(standardOutput, "invalid state found!!!");
                 break;
             }
         } else if (state == State::text) {
-            if (block.game != nullptr) {
+            if (block.game) {
                 block.store(line);
             }
-            // An empty line behind each line of text belongs to the format, not to the text.
-            if (!line.empty() && std::fgets(buffer, lineBufferSize, stream) == nullptr) {
+            // The format has an empty line after each line of text; skip it.
+            if (!line.empty() && !std::fgets(buffer, lineBufferSize, stream)) {
                 break;
             }
         }
@@ -177,7 +177,7 @@ std::int32_t loadGameInfo(const char* path) {
         return 1;
     }
     FILE* stream = openTextFile(path);
-    if (stream == nullptr) {
+    if (!stream) {
         settings.useMameInfoDat = 0;
         return 1;
     }

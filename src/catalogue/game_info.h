@@ -1,16 +1,16 @@
-// Hangs the text of the game information file on the records of the list. Called by the loader once the
-// catalogue and its index stand; the scroller shows the lines later. A block for a game that is not in the
-// list is passed over without being kept.
+// Reads the game information file and attaches its lines to the records (GameRecord::infoLines). The loader
+// calls it once the catalogue is complete; the scroller displays the lines. Blocks for games that are not in
+// the catalogue are skipped.
 #pragma once
 
 #include <cstdint>
 #include <cstdio>
 
-// Reads the file at the path. One that cannot be opened switches useMameInfoDat off for the rest of the run.
-// Always gives 1, and nothing is done with useMameInfoDat at 0.
+// Reads the file unless the setting useMameInfoDat is 0. Sets useMameInfoDat to 0 when the file cannot be
+// opened. Always returns 1.
 std::int32_t loadGameInfo(const char* path);
 
-// Reads the blocks of an open file (of openTextFile) to its end or to the first statement that is out of
-// place, which a line on standard output tells. Gives 1 when that was outside a block, else 0; an open block
-// is dropped.
+// Reads blocks from a stream opened with openTextFile until the end of the file or the first misplaced
+// statement, which is reported on standard output. Returns 1 when reading ended between blocks and 0 inside a
+// block; an incomplete block is discarded. Does not close the stream.
 std::int32_t parseGameInfo(FILE* stream);

@@ -9,14 +9,14 @@
 
 namespace {
 
-constexpr std::int32_t unstatedYear = 9999;
+constexpr std::int32_t unknownYear = 9999;
 
 bool hasFourDigits(std::int32_t year) {
     return year >= 1000 && year <= 9999;
 }
 
 int compareYears(const GameRecord& first, const GameRecord& second) {
-    // Among numbers of four digits the order of the texts is that of the numbers.
+    // Fast path: numbers of four digits sort like their texts.
     if (hasFourDigits(first.year) && hasFourDigits(second.year)) {
         return first.year - second.year;
     }
@@ -37,7 +37,7 @@ int compareDescriptions(const GameRecord& first, const GameRecord& second) {
 
 using Comparison = int (*)(const GameRecord& first, const GameRecord& second);
 
-// The keys of each order, to be gone through while the ones before are equal.
+// The keys of each sort order, most significant first.
 constexpr Comparison byName[] = {compareDescriptions};
 constexpr Comparison byYear[] = {compareYears, compareManufacturers, compareDescriptions};
 constexpr Comparison byManufacturer[] = {compareManufacturers, compareYears, compareDescriptions};
@@ -51,10 +51,11 @@ int compareByKeys(const Comparison (&keys)[count], const GameRecord& first, cons
     return result;
 }
 
+// Changes a year of 0 to unknownYear in the record.
 GameRecord& recordAt(const void* entry) {
     GameRecord& record = **static_cast<GameRecord* const*>(entry);
     if (record.year == 0) {
-        record.year = unstatedYear;
+        record.year = unknownYear;
     }
     return record;
 }

@@ -1,12 +1,11 @@
-// The order of the catalogue, by the key that the setting
-// sortBy names. Called at the start and by the sort command.
-// The view keeps its old order until it is filtered anew.
+// Sorts the catalogue by the key in the setting sortBy. Called at startup and by the sort command. Does not
+// update the view: visibleGames keeps the old order until filterGames runs.
 #pragma once
 
-// Compares two entries of allGames, that is, two addresses of GameRecord pointers, as strcmp does. A year of
-// 0 becomes 9999 in the record itself. Years compare as decimal text, so that a partial year falls among
-// those it begins.
+// qsort comparison of two entries of allGames (both arguments point to a GameRecord*). Years compare as
+// decimal text, so that a partial year sorts next to the years that begin with it. Changes a year of 0 to
+// 9999 in the record.
 int compareGames(const void* first, const void* second);
 
-// Sorts allGames by compareGames.
+// Sorts allGames with compareGames.
 void sortGames();

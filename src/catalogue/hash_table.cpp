@@ -4,7 +4,7 @@
 
 ListNode* listInsertAfter(void* data, ListNode* after) {
     auto* node = new ListNode{data, nullptr};
-    if (after != nullptr) {
+    if (after) {
         node->next = after->next;
         after->next = node;
     }
@@ -12,7 +12,7 @@ ListNode* listInsertAfter(void* data, ListNode* after) {
 }
 
 void listFree(ListNode* node) {
-    while (node != nullptr) {
+    while (node) {
         ListNode* next = node->next;
         delete node;
         node = next;
@@ -28,11 +28,11 @@ HashTable* hashCreate(std::uint32_t size, std::uint32_t (*hash)(const void* key,
 }
 
 void hashDestroy(HashTable* table) {
-    if (table == nullptr) {
+    if (!table) {
         return;
     }
     for (std::uint32_t bucket = 0; bucket < table->size; ++bucket) {
-        for (const ListNode* node = table->buckets[bucket]; node != nullptr; node = node->next) {
+        for (const ListNode* node = table->buckets[bucket]; node; node = node->next) {
             delete static_cast<HashEntry*>(node->data);
         }
         listFree(table->buckets[bucket]);
@@ -43,23 +43,22 @@ void hashDestroy(HashTable* table) {
 }
 
 void hashInsert(const void* key, void* value, HashTable* table) {
-    if (key == nullptr || value == nullptr || table == nullptr) {
+    if (!key || !value || !table) {
         return;
     }
     const std::uint32_t bucket = table->hash(key, table->size);
     ListNode* node = listInsertAfter(new HashEntry{key, value}, table->tails[bucket]);
-    if (table->buckets[bucket] == nullptr) {
+    if (!table->buckets[bucket]) {
         table->buckets[bucket] = node;
     }
     table->tails[bucket] = node;
 }
 
 void* hashFind(const void* key, const HashTable* table) {
-    if (key == nullptr || table == nullptr) {
+    if (!key || !table) {
         return nullptr;
     }
-    for (const ListNode* node = table->buckets[table->hash(key, table->size)]; node != nullptr;
-         node = node->next) {
+    for (const ListNode* node = table->buckets[table->hash(key, table->size)]; node; node = node->next) {
         const auto* entry = static_cast<const HashEntry*>(node->data);
         if (table->equals(entry->key, key) != 0) {
             return entry->value;
@@ -70,7 +69,7 @@ void* hashFind(const void* key, const HashTable* table) {
 
 std::uint32_t hashGameName(const void* key, std::uint32_t size) {
     std::uint32_t sum = 0;
-    if (key != nullptr) {
+    if (key) {
         for (const auto* byte = static_cast<const signed char*>(key); *byte != 0; ++byte) {
             sum += static_cast<std::uint32_t>(*byte);
         }
@@ -81,6 +80,6 @@ std::uint32_t hashGameName(const void* key, std::uint32_t size) {
 int gameNameEquals(const void* first, const void* second) {
     const auto* firstName = static_cast<const char*>(first);
     const auto* secondName = static_cast<const char*>(second);
-    // Names in one bucket seldom begin alike, and the chains are long.
+    // Fast path for the long chains: names in one bucket rarely start with the same letter.
     return *firstName == *secondName && std::strcmp(firstName, secondName) == 0 ? 1 : 0;
 }

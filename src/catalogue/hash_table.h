@@ -1,52 +1,51 @@
-// A small chained hash table from key to value with the caller's own hash and equality functions, and the
-// chain it is made of. The catalogue's index of short names is its one use, filled and searched while the
-// list is loaded. The table never grows, owns neither keys nor values, and does not look for duplicates.
+// A chained hash table with caller-supplied hash and equality functions, and the singly linked list it is
+// built on. Used for the catalogue's index of short names. The number of buckets is fixed, keys and values
+// are not owned, and insertion does not check for duplicates.
 #pragma once
 
 #include <cstdint>
 
-// One link of a singly linked chain.
 struct ListNode {
     void* data; // borrowed
     ListNode* next;
 };
 
 struct HashEntry {
-    const void* key; // both borrowed
-    void* value;
+    const void* key; // borrowed
+    void* value;     // borrowed
 };
 
 struct HashTable {
-    ListNode** buckets; // `size` chains in the order of insertion, null when empty; the data of a node is a
-                        // HashEntry
-    ListNode** tails;   // last node of each chain, so that an insertion need not walk there
+    ListNode** buckets; // `size` chains of HashEntry in insertion order; an empty chain is null
+    ListNode** tails;   // last node of each chain, so that insertion does not walk it
     std::uint32_t size;
-    std::uint32_t (*hash)(const void* key, std::uint32_t size); // the bucket, below size
-    int (*equals)(const void* entryKey, const void* soughtKey); // non-zero means equal
+    std::uint32_t (*hash)(const void* key, std::uint32_t size); // returns the bucket, 0 to size - 1
+    int (*equals)(const void* entryKey, const void* soughtKey); // returns non-zero for equal keys
 };
 
-// Makes a node for data directly behind `after`; with null, one without a successor.
+// Inserts a new node for data directly after `after` and returns it. With a null `after`, the node starts a
+// new list.
 ListNode* listInsertAfter(void* data, ListNode* after);
 
-// Releases the node and every node behind it, not their data. Null does nothing.
+// Frees the node and all that follow it, but not their data. Null is ignored.
 void listFree(ListNode* node);
 
-// A new empty table; null when size is 0.
+// Returns a new empty table with `size` buckets, or null when size is 0.
 HashTable* hashCreate(std::uint32_t size, std::uint32_t (*hash)(const void* key, std::uint32_t size),
                       int (*equals)(const void* entryKey, const void* soughtKey));
 
-// Releases the table with its chains and entries. Null does nothing.
+// Frees the table with its chains and entries. Null is ignored.
 void hashDestroy(HashTable* table);
 
-// Adds an entry at the end of its bucket's chain; does nothing when any of the three is null. Of equal keys
-// hashFind gives the one that came first.
+// Appends an entry to its bucket's chain, so that hashFind returns the first of several equal keys. Does
+// nothing when any argument is null.
 void hashInsert(const void* key, void* value, HashTable* table);
 
-// The value of the first entry with an equal key, or null; null also for a null key or table.
+// Returns the value of the first entry with an equal key, or null. A null key or table finds nothing.
 void* hashFind(const void* key, const HashTable* table);
 
-// The plain sum of the text's bytes, each signed, modulo size. A null key has the sum 0.
+// Hash of a zero-terminated name: the sum of its bytes as signed values, modulo size. 0 for a null key.
 std::uint32_t hashGameName(const void* key, std::uint32_t size);
 
-// 1 when the two texts are the same, else 0.
+// Returns 1 when two zero-terminated names are identical, else 0.
 int gameNameEquals(const void* first, const void* second);

@@ -9,23 +9,23 @@
 
 namespace {
 
-// A longer line arrives in pieces, each of which counts as a line.
+// A longer line is read in pieces, each of which counts as a line.
 constexpr int lineBufferSize = 1024;
 
-// A text of the block in hand; a line, and so a text, is shorter than the buffer.
+// A text of the block being read. It is part of one line, so it always fits.
 struct DraftText {
-    bool given = false;
+    bool present = false;
     std::size_t length = 0;
     char bytes[lineBufferSize];
 
     void set(std::string_view text) {
-        given = true;
+        present = true;
         length = text.size();
         std::memcpy(bytes, text.data(), text.size());
     }
 };
 
-// The block in hand. It becomes a record of exactly its size when it is complete.
+// The block being read, from which a record of exactly the required size is made at its end.
 struct Draft {
     bool started = false;
     bool complete = false;
@@ -43,39 +43,40 @@ struct Draft {
     DraftText screen;
 };
 
-bool isWhite(char character) {
+bool isWhitespace(char character) {
     return character == ' ' || (character >= '\t' && character <= '\r');
 }
 
-// How many characters at the head of a text are white, or are not.
-std::size_t countWhite(std::string_view text) {
+// Length of the leading white space of a text.
+std::size_t whitespaceLength(std::string_view text) {
     std::size_t count = 0;
-    while (count < text.size() && isWhite(text[count])) {
+    while (count < text.size() && isWhitespace(text[count])) {
         ++count;
     }
     return count;
 }
 
-std::size_t countBlack(std::string_view text) {
+// Length of the first word of a text without leading white space.
+std::size_t wordLength(std::string_view text) {
     std::size_t count = 0;
-    while (count < text.size() && !isWhite(text[count])) {
+    while (count < text.size() && !isWhitespace(text[count])) {
         ++count;
     }
     return count;
 }
 
-// Takes the first word off a text; empty when there is none.
+// Removes the first word from a text and returns it; empty when there is none.
 std::string_view takeWord(std::string_view& text) {
-    text.remove_prefix(countWhite(text));
-    const std::string_view word = text.substr(0, countBlack(text));
+    text.remove_prefix(whitespaceLength(text));
+    const std::string_view word = text.substr(0, wordLength(text));
     text.remove_prefix(word.size());
     return word;
 }
 
-// What follows the first word of a line, to the line's end.
+// The rest of a line after its first word.
 std::string_view valueOf(std::string_view line) {
-    line.remove_prefix(countBlack(line));
-    return line.substr(countWhite(line));
+    line.remove_prefix(wordLength(line));
+    return line.substr(whitespaceLength(line));
 }
 
 void setText(DraftText& text, std::string_view value) {
@@ -84,15 +85,15 @@ void setText(DraftText& text, std::string_view value) {
     }
 }
 
-// The value stands in quotes, whatever its first and last character are.
+// Drops the first and last character of the value, which are quotes in a valid file.
 void setQuotedText(DraftText& text, std::string_view value) {
     if (!value.empty()) {
         text.set(value.size() < 2 ? std::string_view("") : value.substr(1, value.size() - 2));
     }
 }
 
-// The number at the head of a text; 0 when there is none or it passes 32 bits.
-std::int32_t numberAtHead(std::string_view text) {
+// The number at the start of a text; 0 when there is none or it exceeds 32 bits.
+std::int32_t leadingNumber(std::string_view text) {
     if (text.starts_with('+')) {
         text.remove_prefix(1);
     }
@@ -101,8 +102,8 @@ std::int32_t numberAtHead(std::string_view text) {
     return number;
 }
 
-// Calls use(key, value) for each pair of words. A word that stands alone at the end, which is the closing
-// bracket, ends the line.
+// Calls use(key, value) for each pair of words. A single word at the end, normally the closing bracket, is
+// ignored.
 template <typename Use> void forEachPair(std::string_view text, Use use) {
     for (;;) {
         const std::string_view key = takeWord(text);
@@ -114,25 +115,25 @@ template <typename Use> void forEachPair(std::string_view text, Use use) {
     }
 }
 
-// What stands behind "video (" or "input (".
+// The part of a line after "video (" or "input (".
 std::string_view insideBlock(std::string_view line) {
-    constexpr std::size_t headLength = 7;
-    return line.substr(std::min(line.size(), headLength));
+    constexpr std::size_t prefixLength = 7;
+    return line.substr(std::min(line.size(), prefixLength));
 }
 
 void readVideo(Draft& draft, std::string_view line) {
     draft.hasVideo = true;
     draft.video = {};
-    draft.screen.given = false;
+    draft.screen.present = false;
     forEachPair(insideBlock(line), [&draft](std::string_view key, std::string_view value) {
         if (key == "screen") {
             draft.screen.set(value);
         } else if (key == "orientation") {
             draft.video.orientation = value == "vertical" ? orientationVertical : orientationHorizontal;
         } else if (key == "x") {
-            draft.video.x = static_cast<std::uint16_t>(numberAtHead(value));
+            draft.video.x = static_cast<std::uint16_t>(leadingNumber(value));
         } else if (key == "y") {
-            draft.video.y = static_cast<std::uint16_t>(numberAtHead(value));
+            draft.video.y = static_cast<std::uint16_t>(leadingNumber(value));
         }
     });
 }
@@ -142,13 +143,13 @@ struct ControlWord {
     GameControl control;
 };
 
-// A word that is not here counts as a joystick with four ways.
+// All other words count as a 4-way joystick.
 constexpr ControlWord controlWords[] = {
     {"joy8way", controlJoy8Way}, {"dial", controlDial},   {"doublejoy8way", controlDoubleJoy8Way},
     {"paddle", controlPaddle},   {"stick", controlStick}, {"trackball", controlTrackball},
 };
 
-GameControl controlOfWord(std::string_view word) {
+GameControl controlFromWord(std::string_view word) {
     for (const ControlWord& row : controlWords) {
         if (row.word == word) {
             return row.control;
@@ -162,13 +163,13 @@ void readInput(Draft& draft, std::string_view line) {
     draft.input = {};
     forEachPair(insideBlock(line), [&draft](std::string_view key, std::string_view value) {
         if (key == "players") {
-            draft.input.players = static_cast<std::int16_t>(numberAtHead(value));
+            draft.input.players = static_cast<std::int16_t>(leadingNumber(value));
         } else if (key == "buttons") {
-            draft.input.buttons = static_cast<std::int16_t>(numberAtHead(value));
+            draft.input.buttons = static_cast<std::int16_t>(leadingNumber(value));
         } else if (key == "coins") {
-            draft.input.coins = static_cast<std::int16_t>(numberAtHead(value));
+            draft.input.coins = static_cast<std::int16_t>(leadingNumber(value));
         } else if (key == "control") {
-            draft.input.control = controlOfWord(value);
+            draft.input.control = controlFromWord(value);
         }
     });
     if (draft.input.control == 0) {
@@ -177,21 +178,21 @@ void readInput(Draft& draft, std::string_view line) {
     }
 }
 
-// Most statements are known by the head of the line alone, so that other letters may follow.
-struct Statement {
+// Most statements are recognised by the start of the line alone, whatever follows.
+struct ListStatement {
     std::string_view text;
     bool isWholeLine;
     void (*read)(Draft& draft, std::string_view line);
 };
 
-constexpr Statement statements[] = {
+constexpr ListStatement statements[] = {
     {"game (", true, [](Draft&, std::string_view) {}},
     {"resource (", true, [](Draft& draft, std::string_view) { draft.isResource = true; }},
     {")", true, [](Draft& draft, std::string_view) { draft.complete = true; }},
     {"name", false, [](Draft& draft, std::string_view line) { setText(draft.name, valueOf(line)); }},
     {"description", false,
      [](Draft& draft, std::string_view line) { setQuotedText(draft.description, valueOf(line)); }},
-    {"year", false, [](Draft& draft, std::string_view line) { draft.year = numberAtHead(valueOf(line)); }},
+    {"year", false, [](Draft& draft, std::string_view line) { draft.year = leadingNumber(valueOf(line)); }},
     {"manufacturer", false,
      [](Draft& draft, std::string_view line) { setQuotedText(draft.manufacturer, valueOf(line)); }},
     {"cloneof", false, [](Draft& draft, std::string_view line) { setText(draft.cloneOf, valueOf(line)); }},
@@ -202,7 +203,7 @@ constexpr Statement statements[] = {
 
 // The line must not be empty.
 void readStatement(Draft& draft, std::string_view line) {
-    for (const Statement& statement : statements) {
+    for (const ListStatement& statement : statements) {
         if (line[0] == statement.text[0] &&
             (statement.isWholeLine ? line == statement.text : line.starts_with(statement.text))) {
             statement.read(draft, line);
@@ -211,9 +212,9 @@ void readStatement(Draft& draft, std::string_view line) {
     }
 }
 
-// Copies a text to `place`, moves it on, and gives the copy; null when the text was not given.
+// Copies a text to `place` and advances it past the copy. Returns the copy, or null for a missing text.
 char* placeText(const DraftText& text, char*& place) {
-    if (!text.given) {
+    if (!text.present) {
         return nullptr;
     }
     char* copy = place;
@@ -229,10 +230,10 @@ GameRecord* makeRecord(const Draft& draft) {
     size += draft.hasInput ? sizeof(InputInfo) : 0;
     for (const DraftText* text : {&draft.name, &draft.description, &draft.manufacturer, &draft.cloneOf,
                                   &draft.romOf, &draft.screen}) {
-        size += text->given ? text->length + 1 : 0;
+        size += text->present ? text->length + 1 : 0;
     }
     char* place = static_cast<char*>(std::malloc(size));
-    if (place == nullptr) {
+    if (!place) {
         return nullptr;
     }
     auto* record = new (place) GameRecord{};
@@ -247,14 +248,14 @@ GameRecord* makeRecord(const Draft& draft) {
     }
     record->year = draft.year;
     record->isResource = draft.isResource ? 1 : 0;
-    // What the sort and the search for a name read stands next to the numbers.
+    // The texts that sorting and name lookups read come first, close to the numbers.
     record->description = placeText(draft.description, place);
     record->name = placeText(draft.name, place);
     record->manufacturer = placeText(draft.manufacturer, place);
     record->cloneOf = placeText(draft.cloneOf, place);
     record->romOf = placeText(draft.romOf, place);
     char* screen = placeText(draft.screen, place);
-    if (record->video != nullptr) {
+    if (record->video) {
         record->video->screen = screen;
     }
     return record;
@@ -265,8 +266,8 @@ GameRecord* makeRecord(const Draft& draft) {
 GameRecord* parseGameRecord(FILE* stream) {
     Draft draft;
     char buffer[lineBufferSize];
-    while (!draft.complete && std::fgets(buffer, lineBufferSize, stream) != nullptr) {
-        // The last character goes whatever it is: normally the line end.
+    while (!draft.complete && std::fgets(buffer, lineBufferSize, stream)) {
+        // The last character is dropped, whatever it is; normally it is the line end.
         const std::size_t length = std::strlen(buffer);
         char* end = buffer + (length > 0 ? length - 1 : 0);
         *end = '\0';
@@ -280,14 +281,14 @@ GameRecord* parseGameRecord(FILE* stream) {
 }
 
 const char* skipWhitespace(const char* text) {
-    while (isWhite(*text)) {
+    while (isWhitespace(*text)) {
         ++text;
     }
     return text;
 }
 
 void freeGameRecord(GameRecord* record) {
-    if (record == nullptr) {
+    if (!record) {
         return;
     }
     for (std::int32_t line = 0; line < record->infoLineCount; ++line) {

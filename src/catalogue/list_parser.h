@@ -1,22 +1,22 @@
-// Reads the records of the game list file, one block of lines each, and releases them. Called by the
-// catalogue. It takes a record as it stands in the file: what is missing stays zero, what it does not know is
-// skipped, nothing is an error.
+// Parses the game list file, in which each record is a block of lines. Called by the catalogue. The parser
+// never fails: missing values stay zero and unknown statements are skipped. It does not fill in defaults.
 #pragma once
 
 #include "catalogue/game_record.h"
 
 #include <cstdio>
 
-// Reads one block from a stream (of openTextFile) that stands at the start of a line. Gives a record owned by
-// the caller, cut short where the file ends inside the block; null when no non-blank line is left. The
-// record, its sub-records and its texts share one piece of memory: a list of 45,000 records is 45,000
-// allocations instead of nine times as many. So a text or sub-record may be replaced by one that outlives the
-// record, never freed.
+// Reads one block from a stream opened with openTextFile and positioned at the start of a line. Returns a
+// record for the caller to free with freeGameRecord, incomplete when the file ends inside the block, or null
+// when only blank lines are left or memory runs out.
+//
+// The record, its sub-records and its texts share one allocation, which saves eight allocations per game. Do
+// not free any of them separately; replacing a pointer with one to longer-lived data is fine.
 GameRecord* parseGameRecord(FILE* stream);
 
-// The first character of text that is not white space, or its terminator.
+// Returns the first character of text that is not white space, or the terminator.
 const char* skipWhitespace(const char* text);
 
-// Releases a record of parseGameRecord with all that it owns, its infoLines included: those are an array and
-// texts from malloc. Null does nothing.
+// Frees a record from parseGameRecord and its infoLines, an array of strings that were all allocated with
+// malloc. Null is ignored.
 void freeGameRecord(GameRecord* record);

@@ -18,8 +18,8 @@ std::int32_t isInRomsFolder(const std::string& fileName) {
     return fileExists((std::string(settings.romsDir) + "\\" + fileName).c_str());
 }
 
-// The zips of the ROM folder. Reading the folder once is several times as fast as asking for each game, and
-// on a cold disk it spares one access a game.
+// Lists the zips of the ROM folder. Listing it once is several times faster than checking each game, which on
+// a cold disk also costs one access per game. Returns an empty listing when the folder cannot be read.
 ZipListing listZips() {
     std::vector<std::string> names;
     names.reserve(static_cast<std::size_t>(gameCount));
@@ -36,13 +36,13 @@ ZipListing listZips() {
     return makeZipListing(std::move(names), isInRomsFolder);
 }
 
-// Whether the folder holds the zip of a name. A name that is a path or a pattern has to be looked for, and so
-// has every name when the folder could not be listed.
+// Returns 1 when the ROM folder contains the zip of a name, else 0. Names that are paths or patterns are
+// checked individually, as are all names when the listing is empty.
 std::int32_t zipExists(const ZipListing& zips, const char* name) {
     if (!staysInFolder(name)) {
         return 0;
     }
-    if (!zips.names.empty() && std::strpbrk(name, "\\/*?") == nullptr) {
+    if (!zips.names.empty() && !std::strpbrk(name, "\\/*?")) {
         return hasZip(zips, name) ? 1 : 0;
     }
     char path[512];

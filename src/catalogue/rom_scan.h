@@ -1,8 +1,7 @@
-// Finds out which games have their ROM zip in the ROM folder.
-// Called once at the start, after the list has been read; only the
-// existence of a zip counts, and the folder is not looked at again.
+// Determines which games have a ROM zip in the ROM folder. Called once at startup, after the list has been
+// read. Checks only that the zip exists, not what it contains.
 #pragma once
 
-// Sets romPresent on every record: 1 when romsDir holds the zip of its name or, for a clone, of the game it
-// clones.
+// Sets romPresent of every record: 1 when the folder romsDir contains the zip of the game or of the game it
+// is a clone of, else 0.
 void scanRoms();

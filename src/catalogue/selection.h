@@ -1,10 +1,10 @@
-// The selected game. Moved by the commands, shown by the views, saved with the settings.
+// The selected game. The commands move it, the views show it, and its name is saved with the settings.
 #pragma once
 
 #include "catalogue/game_record.h"
 
-// An index into visibleGames. Written by the start-up and the commands.
+// Index into visibleGames. Written at startup and by the commands.
 extern std::int32_t selectedIndex;
 
-// The record at selectedIndex; null when no game is visible.
+// Returns the record at selectedIndex, or null when the index is out of range.
 GameRecord* selectedGame();

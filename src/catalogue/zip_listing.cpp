@@ -8,34 +8,34 @@ namespace {
 
 constexpr std::string_view zipSuffix = ".zip";
 
-bool isCapital(char letter) {
+bool isUpperCase(char letter) {
     return letter >= 'A' && letter <= 'Z';
 }
 
-bool isSmall(char letter) {
+bool isLowerCase(char letter) {
     return letter >= 'a' && letter <= 'z';
 }
 
-// Short names are plain ASCII.
-void makeSmall(std::string& text) {
+// ASCII only, as short names are.
+void makeLowerCase(std::string& text) {
     std::ranges::transform(text, text.begin(), [](char letter) {
-        return isCapital(letter) ? static_cast<char>(letter - 'A' + 'a') : letter;
+        return isUpperCase(letter) ? static_cast<char>(letter - 'A' + 'a') : letter;
     });
 }
 
 std::string withCaseSwapped(std::string text) {
     std::ranges::transform(text, text.begin(), [](char letter) {
-        return isCapital(letter) || isSmall(letter) ? static_cast<char>(letter ^ ('a' ^ 'A')) : letter;
+        return isUpperCase(letter) || isLowerCase(letter) ? static_cast<char>(letter ^ ('a' ^ 'A')) : letter;
     });
     return text;
 }
 
 bool isZip(std::string name) {
-    makeSmall(name);
+    makeLowerCase(name);
     return name.ends_with(zipSuffix);
 }
 
-bool isCaseIgnored(const std::unordered_set<std::string>& names, FileQuestion exists) {
+bool isCaseIgnored(const std::unordered_set<std::string>& names, FileExistsFunction exists) {
     for (const std::string& name : names) {
         const std::string other = withCaseSwapped(name);
         if (!names.contains(other)) {
@@ -47,7 +47,7 @@ bool isCaseIgnored(const std::unordered_set<std::string>& names, FileQuestion ex
 
 } // namespace
 
-ZipListing makeZipListing(std::vector<std::string> fileNames, FileQuestion exists) {
+ZipListing makeZipListing(std::vector<std::string> fileNames, FileExistsFunction exists) {
     ZipListing listing;
     listing.names.reserve(fileNames.size());
     for (std::string& name : fileNames) {
@@ -57,9 +57,9 @@ ZipListing makeZipListing(std::vector<std::string> fileNames, FileQuestion exist
     }
     listing.ignoresCase = isCaseIgnored(listing.names, exists);
     if (listing.ignoresCase) {
-        const auto asListed = std::exchange(listing.names, {});
-        for (std::string name : asListed) {
-            makeSmall(name);
+        const auto originalNames = std::exchange(listing.names, {});
+        for (std::string name : originalNames) {
+            makeLowerCase(name);
             listing.names.insert(std::move(name));
         }
     }
@@ -69,7 +69,7 @@ ZipListing makeZipListing(std::vector<std::string> fileNames, FileQuestion exist
 bool hasZip(const ZipListing& listing, std::string name) {
     name += zipSuffix;
     if (listing.ignoresCase) {
-        makeSmall(name);
+        makeLowerCase(name);
     }
     return listing.names.contains(name);
 }

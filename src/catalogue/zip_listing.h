@@ -1,5 +1,5 @@
-// The ROM zips of one folder, compared the way its file system compares names. Called by the ROM scan, which
-// reads the folder. Nothing here opens or lists anything itself.
+// The ROM zips of one folder, with names compared as the folder's file system compares them. Called by the
+// ROM scan, which lists the folder; nothing here accesses the file system.
 #pragma once
 
 #include <cstdint>
@@ -8,16 +8,17 @@
 #include <vector>
 
 struct ZipListing {
-    std::unordered_set<std::string> names; // in small letters when the case is ignored
+    std::unordered_set<std::string> names; // in lower case when ignoresCase is set
     bool ignoresCase = false;
 };
 
-// Asks the file system of the folder for a file that may or may not be there; 1 or 0.
-using FileQuestion = std::int32_t (*)(const std::string& fileName);
+// Returns 1 when the file system finds the name in the folder, else 0.
+using FileExistsFunction = std::int32_t (*)(const std::string& fileName);
 
-// Keeps the zips among all the names of a folder. Whether the file system ignores the case shows in a name
-// that exists although no listed one is written so: the question is asked once, at most.
-ZipListing makeZipListing(std::vector<std::string> fileNames, FileQuestion exists);
+// Collects the zips among all file names of a folder. The file system ignores case when it finds a listed
+// name with its case swapped although no file is listed under that spelling; `exists` is called at most once
+// for this.
+ZipListing makeZipListing(std::vector<std::string> fileNames, FileExistsFunction exists);
 
-// Whether NAME.zip is in the listing.
+// Whether the listing contains NAME.zip.
 bool hasZip(const ZipListing& listing, std::string name);

@@ -12,7 +12,7 @@ protected:
     ~GameCatalogueTest() override { freeGameList(); }
 };
 
-TEST_F(GameCatalogueTest, linksClonesToTheirParents) {
+TEST_F(GameCatalogueTest, LinksClonesToTheirParents) {
     loadCatalogue("game (\nname clone\ncloneof parent\n)\ngame (\nname lost\ncloneof nobody\n)\n"
                   "game (\nname parent\nyear 1\n)\ngame (\nname parent\nyear 2\n)\n");
     ASSERT_EQ(namesOf(allGames, gameCount), "clone lost parent parent ");
@@ -23,7 +23,7 @@ TEST_F(GameCatalogueTest, linksClonesToTheirParents) {
     EXPECT_EQ(gameIndex->size, 4U);
 }
 
-TEST_F(GameCatalogueTest, completesWhatReadersRelyOn) {
+TEST_F(GameCatalogueTest, FillsInMissingData) {
     loadCatalogue("game (\nname bare\n)\nresource (\nname bios\n)\ngame (\nyear 1980\n)\n");
     ASSERT_EQ(gameCount, 3);
     const GameRecord& bare = *allGames[0];
@@ -41,7 +41,7 @@ TEST_F(GameCatalogueTest, completesWhatReadersRelyOn) {
     EXPECT_STREQ(nameless.manufacturer, "");
 }
 
-TEST_F(GameCatalogueTest, anEmptyListHasNoIndexAndCanBeFreedAgainAndAgain) {
+TEST_F(GameCatalogueTest, AcceptsAnEmptyListAndRepeatedFreeing) {
     loadCatalogue("");
     EXPECT_EQ(gameCount, 0);
     EXPECT_EQ(gameIndex, nullptr);
@@ -55,7 +55,7 @@ TEST_F(GameCatalogueTest, anEmptyListHasNoIndexAndCanBeFreedAgainAndAgain) {
     }
 }
 
-TEST_F(GameCatalogueTest, holdsALongListInItsOrder) {
+TEST_F(GameCatalogueTest, KeepsTheOrderOfALongList) {
     std::string text;
     for (int game = 0; game < 20000; ++game) {
         text +=

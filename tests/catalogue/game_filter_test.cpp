@@ -68,12 +68,12 @@ protected:
 
     std::string visibleNames() {
         filterGames();
-        EXPECT_EQ(visibleGames == nullptr, visibleCount == 0);
+        EXPECT_EQ(!visibleGames, visibleCount == 0);
         return namesOf(visibleGames, visibleCount);
     }
 };
 
-TEST_F(GameFilterTest, eachSettingHidesItsGames) {
+TEST_F(GameFilterTest, AppliesEachSetting) {
     struct Case {
         const char* what;
         void (*change)();
@@ -86,7 +86,7 @@ TEST_F(GameFilterTest, eachSettingHidesItsGames) {
         {"only unstated", [] { settings.displayVertical = settings.displayHorizontal = 0; }, "clone "},
         {"no clones", [] { settings.displayClones = 0; }, "plain upright neo "},
         {"no Neo-Geo", [] { settings.displayNeoGeo = 0; }, "plain upright clone orphan "},
-        {"no other", [] { settings.displayNonNeoGeo = 0; }, "neo "},
+        {"only Neo-Geo", [] { settings.displayNonNeoGeo = 0; }, "neo "},
         {"neither", [] { settings.displayNeoGeo = settings.displayNonNeoGeo = 0; }, ""},
         {"no vector", [] { settings.displayVector = 0; }, "plain clone neo orphan "},
         {"no raster", [] { settings.displayRaster = 0; }, "upright clone neo "},
@@ -108,7 +108,7 @@ TEST_F(GameFilterTest, eachSettingHidesItsGames) {
     }
 }
 
-TEST_F(GameFilterTest, aCloneNeedsItsOwnRomAndThatOfItsParent) {
+TEST_F(GameFilterTest, RequiresTheRomsOfACloneAndItsParent) {
     allGames[0]->romPresent = 0; // plain, of which clone is a clone
     EXPECT_EQ(visibleNames(), "upright neo orphan ");
     allGames[4]->romPresent = 0;
@@ -121,7 +121,7 @@ TEST_F(GameFilterTest, aCloneNeedsItsOwnRomAndThatOfItsParent) {
     EXPECT_EQ(visibleNames(), "plain upright neo ");
 }
 
-TEST_F(GameFilterTest, findsGamesInTheViewOnly) {
+TEST_F(GameFilterTest, FindsOnlyVisibleGames) {
     settings.displayVertical = 0;
     filterGames();
     EXPECT_EQ(findVisibleGame("clone"), 1);

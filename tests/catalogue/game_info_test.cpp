@@ -19,24 +19,24 @@ protected:
     }
     ~GameInfoTest() override { freeGameList(); }
 
-    // Reads a file with this content and gives what the parser said on standard output.
+    // Parses a file with this content and returns what the parser printed on standard output.
     std::string load(const std::string& content) {
         FILE* stream = openTextFile(folder.write("info.dat", content).c_str());
         testing::internal::CaptureStdout();
         result = parseGameInfo(stream);
-        EXPECT_EQ(__fpending(stdout), 0U) << "what waits for the end of the process can hold it up";
+        EXPECT_EQ(__fpending(stdout), 0U) << "unflushed output can block the end of the process";
         std::fclose(stream);
         return testing::internal::GetCapturedStdout();
     }
 
-    // The lines of a game, each with a bar behind it.
+    // The lines of a game, each followed by a vertical bar.
     static std::string textOf(const char* name) {
         const auto* game = static_cast<const GameRecord*>(hashFind(name, gameIndex));
         std::string text;
         for (int line = 0; line < game->infoLineCount; ++line) {
             text += std::string(game->infoLines[line]) + "|";
         }
-        EXPECT_EQ(game->infoLines == nullptr, game->infoLineCount == 0);
+        EXPECT_EQ(!game->infoLines, game->infoLineCount == 0);
         return text;
     }
 
@@ -44,13 +44,13 @@ protected:
     std::int32_t result = -1;
 };
 
-TEST_F(GameInfoTest, readsBlocksAndStopsAtAStatementOutOfPlace) {
-    constexpr const char* complaint = "invalid state found!!!\n";
+TEST_F(GameInfoTest, ReadsBlocksAndStopsAtAMisplacedStatement) {
+    constexpr const char* errorMessage = "invalid state found!!!\n";
     const struct {
         std::string content;
         const char* first;
         const char* second;
-        bool complains;
+        bool printsError;
         int result;
     } rows[] = {
         {"", "", "", false, 1},
@@ -67,7 +67,7 @@ TEST_F(GameInfoTest, readsBlocksAndStopsAtAStatementOutOfPlace) {
         {"$info=a\n$mame\nOne\n\n$end\n$info=a\n$drv\nTwo\n\n$end\n", "", "", false, 1},
         {"$info=a\n$mame\n$end\n", "", "", false, 1},
         {"$info=a\n$mame\nOne\n\n$end\n$info=b\n$mame\nTwo\n", "One|", "", false, 0},
-        {"$info=a\n$mame\nOne\n\n$end", "", "", false, 0}, // the last character goes whatever it is
+        {"$info=a\n$mame\nOne\n\n$end", "", "", false, 0}, // the last character is dropped, whatever it is
         {"$info=a\n$mame\nOne\n$end\n$info=b\n$mame\nTwo\n\n$end\n", "", "", true, 0},
         {"$info=a\n$mame\nOne\n\n$end\n$end\n$info=b\n$mame\nTwo\n\n$end\n", "One|", "", true, 1},
         {"$info=a\n$info=b\n", "", "", true, 0},
@@ -77,21 +77,22 @@ TEST_F(GameInfoTest, readsBlocksAndStopsAtAStatementOutOfPlace) {
     };
     for (const auto& row : rows) {
         loadCatalogue("game (\nname a\n)\ngame (\nname b\n)\n");
-        EXPECT_EQ(load(row.content), row.complains ? complaint : "") << row.content;
+        EXPECT_EQ(load(row.content), row.printsError ? errorMessage : "") << row.content;
         EXPECT_EQ(result, row.result) << row.content;
         EXPECT_EQ(textOf("a"), row.first) << row.content;
         EXPECT_EQ(textOf("b"), row.second) << row.content;
     }
 }
 
-TEST_F(GameInfoTest, cutsLongLinesIntoPieces) {
+TEST_F(GameInfoTest, SplitsLongLines) {
     load("$info=a\n$mame\n" + std::string(1023, 'x') + "yyy\nThree\n\n$end\n");
-    EXPECT_EQ(textOf("a"), std::string(1022, 'x') + "|Three|") << "the second piece is the line passed over";
+    EXPECT_EQ(textOf("a"), std::string(1022, 'x') + "|Three|")
+        << "the second piece is skipped as the empty line";
     load("$info=" + std::string(2000, 'n') + ",a\n$mame\nX\n\n$end\n");
     EXPECT_EQ(textOf("b"), "");
 }
 
-TEST_F(GameInfoTest, survivesFilesThatAreCutOffOrNoTextAtAll) {
+TEST_F(GameInfoTest, SurvivesTruncatedAndBinaryFiles) {
     const std::string whole = "\xEF\xBB\xBF#c\r\n$info=a,b\r\n$mame\r\nOne\xC3\xA9\r\n\r\n\r\n$end\r\n";
     for (std::size_t length = 0; length < whole.size() - 1; ++length) {
         load(whole.substr(0, length));
@@ -108,7 +109,7 @@ TEST_F(GameInfoTest, survivesFilesThatAreCutOffOrNoTextAtAll) {
     EXPECT_EQ(result, 0);
 }
 
-TEST_F(GameInfoTest, aMissingFileSwitchesTheInformationOff) {
+TEST_F(GameInfoTest, DisablesTheInformationWhenTheFileIsMissing) {
     EXPECT_EQ(loadGameInfo(folder.write("info.dat", "$info=a\n$mame\nOne\n\n$end\n").c_str()), 1);
     EXPECT_EQ(textOf("a"), "One|");
     EXPECT_EQ(settings.useMameInfoDat, 1);
@@ -119,7 +120,7 @@ TEST_F(GameInfoTest, aMissingFileSwitchesTheInformationOff) {
     }
     freeGameList();
     settings.useMameInfoDat = 1;
-    EXPECT_EQ(loadGameInfo("info.dat"), 1) << "without a list there is no index";
+    EXPECT_EQ(loadGameInfo("info.dat"), 1) << "an empty catalogue has no index";
 }
 
 } // namespace

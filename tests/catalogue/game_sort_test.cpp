@@ -12,7 +12,7 @@ std::string block(const char* name, const char* title, const char* year, const c
            "\nmanufacturer \"" + maker + "\"\n)\n";
 }
 
-TEST(GameSort, ordersByTheKeysOfTheSetting) {
+TEST(GameSort, SortsByTheKeysOfTheSetting) {
     const std::string list = block("a", "Zebra", "1981", "Beta") + block("b", "apple", "198?", "Alpha") +
                              block("c", "Apple", "????", "beta") + block("g", "avocado", "1981", "Alpha") +
                              block("d", "Banana", "1981", "Alpha") + block("e", "Avocado", "1981", "Alpha") +
@@ -24,7 +24,7 @@ TEST(GameSort, ordersByTheKeysOfTheSetting) {
         {7, "c e d a b g r f "},
     };
     for (const auto& [order, names] : cases) {
-        loadCatalogue(list); // an order that an earlier sort has left would hide a missing key
+        loadCatalogue(list); // reload: the order left by the previous sort would hide a missing key
         settings.sortBy = order;
         sortGames();
         EXPECT_EQ(namesOf(allGames, gameCount), names) << order;
@@ -35,7 +35,7 @@ TEST(GameSort, ordersByTheKeysOfTheSetting) {
     freeGameList();
 }
 
-TEST(GameSort, aStatedYearIsKeptAndALoneGameIsNotCompared) {
+TEST(GameSort, KeepsStatedYearsAndDoesNotCompareASingleGame) {
     settings.sortBy = sortByYear;
     loadCatalogue(block("a", "A", "????", "M"));
     sortGames();
@@ -48,7 +48,7 @@ TEST(GameSort, aStatedYearIsKeptAndALoneGameIsNotCompared) {
     sortGames();
 }
 
-TEST(GameSort, yearsCompareAsText) {
+TEST(GameSort, ComparesYearsAsText) {
     settings.sortBy = sortByYear;
     loadCatalogue(block("a", "A", "1990", "M") + block("b", "B", "1990", "M"));
     GameRecord* first = allGames[0];

@@ -18,7 +18,7 @@ int comparesEntryFirst(const void* entryKey, const void* soughtKey) {
     return gameNameEquals(entryKey, soughtKey);
 }
 
-TEST(HashTable, nothingHappensWithoutATableKeyOrValue) {
+TEST(HashTable, IgnoresMissingTablesKeysAndValues) {
     int value = 0;
     EXPECT_EQ(hashCreate(0, hashGameName, gameNameEquals), nullptr);
     hashInsert("key", &value, nullptr);
@@ -34,7 +34,7 @@ TEST(HashTable, nothingHappensWithoutATableKeyOrValue) {
     hashDestroy(table);
 }
 
-TEST(HashTable, chainsKeepTheOrderOfInsertionAndTheFirstOfEqualKeysIsFound) {
+TEST(HashTable, KeepsInsertionOrderAndFindsTheFirstOfEqualKeys) {
     int values[4] = {};
     HashTable* table = hashCreate(2, oneBucket, comparesEntryFirst);
     const char* keys[] = {"one", "two", "one", "three"};
@@ -42,7 +42,7 @@ TEST(HashTable, chainsKeepTheOrderOfInsertionAndTheFirstOfEqualKeysIsFound) {
         hashInsert(keys[entry], &values[entry], table);
     }
     std::vector<const void*> chain;
-    for (const ListNode* node = table->buckets[1]; node != nullptr; node = node->next) {
+    for (const ListNode* node = table->buckets[1]; node; node = node->next) {
         chain.push_back(static_cast<const HashEntry*>(node->data)->value);
     }
     EXPECT_EQ(chain, (std::vector<const void*>{&values[0], &values[1], &values[2], &values[3]}));
@@ -58,7 +58,7 @@ TEST(HashTable, chainsKeepTheOrderOfInsertionAndTheFirstOfEqualKeysIsFound) {
     hashDestroy(table);
 }
 
-TEST(HashTable, listInsertAfterPutsTheNodeDirectlyBehind) {
+TEST(HashTable, InsertsNodesDirectlyAfterAnother) {
     int data[3] = {};
     ListNode* head = listInsertAfter(&data[0], nullptr);
     ListNode* last = listInsertAfter(&data[2], head);
@@ -70,7 +70,7 @@ TEST(HashTable, listInsertAfterPutsTheNodeDirectlyBehind) {
     listFree(head);
 }
 
-TEST(HashTable, namesHashToThePlainSumOfTheirSignedBytes) {
+TEST(HashTable, HashesNamesToTheSumOfTheirSignedBytes) {
     EXPECT_EQ(hashGameName("", 7), 0U);
     EXPECT_EQ(hashGameName(nullptr, 7), 0U);
     EXPECT_EQ(hashGameName("ab", 1000), 195U);

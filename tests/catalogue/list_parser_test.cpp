@@ -27,7 +27,7 @@ OwnedRecord parseLine(const std::string& line) {
     return records.empty() ? OwnedRecord(nullptr, freeGameRecord) : std::move(records[0]);
 }
 
-TEST(ListParser, readsWholeBlocks) {
+TEST(ListParser, ReadsWholeBlocks) {
     const auto records = parseAll(
         "game (\n\tname alpha\n\tdescription \"Alpha \"One\" \\ (set 1)\"\n\tyear 1982\n"
         "\tmanufacturer \"Two Words\"\n\tcloneof beta\n\tromof gamma\n\tchip ( type cpu name z80 )\n"
@@ -59,7 +59,7 @@ TEST(ListParser, readsWholeBlocks) {
     EXPECT_EQ(records[1]->input, nullptr);
 }
 
-TEST(ListParser, aTextIsTheRestOfItsLine) {
+TEST(ListParser, TakesTheRestOfTheLineAsText) {
     const std::pair<const char*, const char*> names[] = {
         {"name pong", "pong"},    {"  name\tpong 2  ", "pong 2  "},
         {"nametag pong", "pong"}, {"name a\nname b", "b"},
@@ -85,7 +85,7 @@ TEST(ListParser, aTextIsTheRestOfItsLine) {
     }
 }
 
-TEST(ListParser, inputLinesGiveOneControlAndTheButtons) {
+TEST(ListParser, ReadsControlAndButtonsOfInputLines) {
     struct Case {
         const char* line;
         int control;
@@ -116,7 +116,7 @@ TEST(ListParser, inputLinesGiveOneControlAndTheButtons) {
     }
 }
 
-TEST(ListParser, videoLinesGiveScreenAndOrientation) {
+TEST(ListParser, ReadsScreenAndOrientationOfVideoLines) {
     struct Case {
         const char* line;
         const char* screen;
@@ -138,9 +138,9 @@ TEST(ListParser, videoLinesGiveScreenAndOrientation) {
     }
 }
 
-TEST(ListParser, countsTheRecordsOfOddFiles) {
+TEST(ListParser, ReadsMalformedFiles) {
     const std::string longLine(5000, 'x');
-    const std::string lineOfPieces = "name " + std::string(1018, 'y') + "\n";
+    const std::string splitLine = "name " + std::string(1018, 'y') + "\n";
     struct Case {
         std::string text;
         std::size_t count;
@@ -161,11 +161,12 @@ TEST(ListParser, countsTheRecordsOfOddFiles) {
         EXPECT_EQ(parseAll(row.text).size(), row.count) << row.text.substr(0, 30);
     }
     EXPECT_STREQ(parseAll("game (\nname ab").front()->name, "a");
-    // The line end of a line of 1,023 characters is a piece of its own, so the line loses its last letter.
-    EXPECT_EQ(std::string(parseAll(lineOfPieces + ")\n").front()->name).size(), 1017U);
+    // The line end of a line of 1,023 characters is read as a separate piece, so the line loses its last
+    // letter.
+    EXPECT_EQ(std::string(parseAll(splitLine + ")\n").front()->name).size(), 1017U);
 }
 
-TEST(ListParser, aBlockOfAMillionLinesIsOneRecord) {
+TEST(ListParser, ReadsABlockOfAMillionLines) {
     std::string text = "game (\n";
     for (int line = 0; line < 1'000'000; ++line) {
         text += "name a\n";
@@ -175,18 +176,18 @@ TEST(ListParser, aBlockOfAMillionLinesIsOneRecord) {
     EXPECT_STREQ(records[0]->name, "last");
 }
 
-TEST(ListParser, releasesInformationLines) {
+TEST(ListParser, FreesInformationLines) {
     FILE* stream = openText("game (\n)\n");
     GameRecord* record = parseGameRecord(stream);
     std::fclose(stream);
     record->infoLines = static_cast<char**>(std::malloc(sizeof(char*)));
     record->infoLines[0] = static_cast<char*>(std::calloc(1, 1));
     record->infoLineCount = 1;
-    freeGameRecord(record); // the leak checker is the judge
+    freeGameRecord(record); // checked by the leak sanitizer
     freeGameRecord(nullptr);
 }
 
-TEST(ListParser, skipsEverySortOfWhiteSpace) {
+TEST(ListParser, SkipsAllWhiteSpaceCharacters) {
     EXPECT_STREQ(skipWhitespace(" \t\n\v\f\rx "), "x ");
     EXPECT_STREQ(skipWhitespace("  "), "");
     EXPECT_STREQ(skipWhitespace("\xa0"), "\xa0");

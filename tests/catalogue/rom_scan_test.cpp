@@ -16,7 +16,7 @@ std::string presentGames() {
     return names;
 }
 
-TEST(RomScan, findsTheZipOfAGameOrOfItsParent) {
+TEST(RomScan, FindsTheZipsOfGamesAndTheirParents) {
     TemporaryFolder folder;
     std::filesystem::create_directories(folder.pathOf("roms/sub"));
     for (const char* zip : {"roms/own.zip", "roms/parent.zip", "roms/outside.zip", "roms/Big.zip"}) {

@@ -4,41 +4,41 @@
 
 namespace {
 
-int questions = 0;
+int calls = 0;
 
-std::int32_t plain(const std::string&) {
-    ++questions;
+std::int32_t findNothing(const std::string&) {
+    ++calls;
     return 0;
 }
 
-std::int32_t ignoring(const std::string&) {
-    ++questions;
+std::int32_t findEverything(const std::string&) {
+    ++calls;
     return 1;
 }
 
-TEST(ZipListing, ComparesAsTheFileSystemDoes) {
+TEST(ZipListing, ComparesNamesAsTheFileSystemDoes) {
     const struct {
-        FileQuestion exists;
+        FileExistsFunction exists;
         std::vector<std::string> files;
         std::vector<std::string> present;
         std::vector<std::string> missing;
-        int questions;
+        int calls;
     } rows[] = {
-        {plain,
+        {findNothing,
          {"pac.zip", "DIG.ZIP", "Qix.zip", "neo", "neo.zip.txt"},
          {"pac", "Qix"},
          {"PAC", "dig", "DIG", "qix", "neo"},
          1},
-        {ignoring,
+        {findEverything,
          {"pac.zip", "DIG.ZIP", "Qix.Zip", "neo", "neo.zip.txt"},
          {"pac", "PAC", "dig", "qix"},
          {"neo", "pa"},
          1},
-        {ignoring, {"pac.zip", "PAC.ZIP"}, {"pac"}, {"PAC", "Pac"}, 0}, // both are there, so the case counts
-        {ignoring, {"neo"}, {}, {"neo"}, 0},
+        {findEverything, {"pac.zip", "PAC.ZIP"}, {"pac"}, {"PAC", "Pac"}, 0}, // both exist, so case matters
+        {findEverything, {"neo"}, {}, {"neo"}, 0},
     };
     for (const auto& row : rows) {
-        questions = 0;
+        calls = 0;
         const ZipListing listing = makeZipListing(row.files, row.exists);
         for (const std::string& name : row.present) {
             EXPECT_TRUE(hasZip(listing, name)) << name << ' ' << listing.ignoresCase;
@@ -46,7 +46,7 @@ TEST(ZipListing, ComparesAsTheFileSystemDoes) {
         for (const std::string& name : row.missing) {
             EXPECT_FALSE(hasZip(listing, name)) << name << ' ' << listing.ignoresCase;
         }
-        EXPECT_EQ(questions, row.questions);
+        EXPECT_EQ(calls, row.calls);
     }
 }
 
