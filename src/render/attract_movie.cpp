@@ -16,7 +16,7 @@ std::string moviePath(const char* stem) {
     return std::string(settings.attractDir) + "\\" + stem + ".avi";
 }
 
-// The path of the movie, empty when there is none.
+// Returns the path of the movie, or an empty string when there is none.
 std::string findMovie(const GameRecord& game) {
     for (const char* stem : {game.name, game.cloneOf}) {
         if (staysInFolder(stem)) {
@@ -29,7 +29,7 @@ std::string findMovie(const GameRecord& game) {
     return {};
 }
 
-// Never enlarges. A movie that is no wider than the area keeps its size, however high it is.
+// Never enlarges. The height is only considered for a movie that is wider than the area.
 double fitScale(double width, double height, double areaWidth, double areaHeight) {
     if (width <= areaWidth) {
         return 1;

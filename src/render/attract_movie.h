@@ -1,17 +1,17 @@
-// The attract movie of the selected game: finds the file, opens it in a window over the frame, fits that
-// window into a rectangle and plays it in an endless loop. Called by both views; nothing is drawn into the
-// frame here.
+// The attract movie of the selected game: finds the file, opens it in a window over the frame, fits the
+// window into a rectangle and plays the movie in a loop. Called by both views. Does not draw into the frame.
 #pragma once
 
 #include "catalogue/game_record.h"
 #include "platform/types.h"
 
-// The window of the movie, null when none is open. Written by the two functions below.
+// The movie window; null when no movie is open. Written by the two functions below.
 extern HWND movieWindow;
 
-// Plays the movie of the game, or of its parent when it has none of its own. 1 when it plays, 0 when a
-// picture is wanted instead. When a movie was opened, left and top of the area become those of its window.
+// Plays the movie of the game or, if it has none, of its parent. Returns 1 when the movie plays and 0 when
+// the caller should draw a picture instead. If a movie was opened, sets left and top of the area to the
+// position of its window, even when it cannot be played.
 int playAttractMovie(const GameRecord* game, RECT* area);
 
-// Ends the movie; nothing when there is none.
+// Closes the movie window, if any.
 void closeAttractMovie();

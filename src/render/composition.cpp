@@ -16,23 +16,24 @@
 namespace {
 
 void drawBrowserView(HDC dc, HBITMAP bitmap, std::int32_t width, std::int32_t height) {
-    const RECT area = areaBesideStatusBar(width, height);
+    const RECT area = areaWithoutStatusBar(width, height);
     drawImageBrowser(dc, bitmap, &area);
-    // The right half of the frame at every rotation. On a turned screen only a movie lies there; a picture
-    // has its scale from there and a place of its own. At 0 both cover the ends of wide tiles.
+    // The right half of the frame at every rotation. On a turned screen these rectangles determine the
+    // position of a movie but only the scale of a picture. At 0 pictures and movies cover the ends of wide
+    // tiles.
     const LONG bottom = height - statusBarHeight;
     const RECT upper{width / 2, 0, width, bottom / 2};
     RECT lower{width / 2, bottom / 2, width, bottom};
     const GameRecord* game = visibleGames[selectedIndex];
     drawPreviewPicture(dc, game, &upper, settings.cabinetDir, 0,
-                       turnedPicturePlace(area, PictureHalf::Upper));
+                       turnedPicturePlacement(area, PictureHalf::upper));
     closeAttractMovie();
     if (!playAttractMovie(game, &lower)) {
         drawPreviewPicture(dc, game, &lower, previewDirectory(), 1,
-                           turnedPicturePlace(area, PictureHalf::Lower));
+                           turnedPicturePlacement(area, PictureHalf::lower));
     }
     if (settings.orientation != 0) {
-        // The last tile's ring may cross the bar of a turned screen.
+        // The tiles and the ring may overlap the bar of a turned screen.
         drawStatusBar(dc, selectedIndex, width, height);
     }
 }

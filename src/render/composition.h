@@ -1,13 +1,12 @@
-// Composes one whole frame into the frame buffer: background, status bar and the view that is set. Called at
-// start-up and by the commands, never from a paint: the caller invalidates the window, and the paint copies
-// the frame.
+// Composes a complete frame: background, status bar and the view chosen in the settings. Called at startup
+// and by the commands. Painting the window only copies the composed frame and never calls this.
 #pragma once
 
 #include "platform/types.h"
 
-// Draws the frame into a device context that has the bitmap selected. Without visible games it is the bare
-// background. Always 1.
+// Draws the frame into a device context into which the bitmap is selected. Without visible games, draws only
+// the background. Always returns 1.
 int drawScreen(HDC dc, HBITMAP bitmap);
 
-// Composes the frame buffer anew and has the window paint it.
+// Composes the frame buffer and invalidates the window.
 void redraw(HWND window);

@@ -15,24 +15,25 @@
 
 namespace {
 
-// A tile's height is this share of the frame.
-constexpr LONG tilesInUprightFrame = 9;
-constexpr LONG tilesInLevelFrame = 5;
+// The height of a tile is the free height of the frame divided by this.
+constexpr LONG tilesInPortraitFrame = 9;
+constexpr LONG tilesInLandscapeFrame = 5;
 
-// Pixels of the column's run that stay free.
+// Pixels along the column that stay free.
 LONG tileReserve(const RECT& area, const BITMAP& bitmap, std::int32_t lineHeight) {
     const RECT frame{0, 0, bitmap.bmWidth, bitmap.bmHeight};
     const LONG strip = sizeAsRead(frame).cy - rectAsRead(frame, area).bottom;
     return settings.orientation == 0 ? strip + lineHeight : strip;
 }
 
-// Sets the size of the tiles and gives how many a page has. Neither is ever below 1, however small the frame.
+// Sets the size of the tiles and returns their number on a page. The height and the number are at least 1,
+// however small the frame.
 std::int32_t layOutPage(HDC dc, HBITMAP bitmap, const RECT& area) {
     const std::int32_t lineHeight = textHeight(dc);
     BITMAP frame{};
     GetObjectA(bitmap, sizeof(frame), &frame);
     const LONG reserve = tileReserve(area, frame, lineHeight);
-    const LONG share = frame.bmHeight > frame.bmWidth ? tilesInUprightFrame : tilesInLevelFrame;
+    const LONG share = frame.bmHeight > frame.bmWidth ? tilesInPortraitFrame : tilesInLandscapeFrame;
     settings.previewModeWidth = area.right / 2;
     settings.previewModeHeight = std::max<LONG>((area.bottom - reserve) / share, 1);
     return std::max(tileRows(area.right, area.bottom, reserve) + 1, 1);
@@ -46,7 +47,7 @@ RECT tileRect(const RECT& area, std::int32_t position) {
     return turnedRect(area, {spacer, spacer + along, spacer + width, spacer + along + height});
 }
 
-// What a page of tiles was drawn from.
+// Everything that the cached page of tiles depends on; the page is redrawn when any of it changes.
 struct PageSource {
     HBITMAP surface;
     std::uint32_t viewGeneration;
@@ -60,7 +61,7 @@ struct PageSource {
     bool operator==(const PageSource&) const = default;
 };
 
-PageSource presentSource(std::int32_t visibleTiles) {
+PageSource currentSource(std::int32_t visibleTiles) {
     return {scratchBitmap,
             viewGeneration,
             topIndex,
@@ -75,30 +76,27 @@ PageSource presentSource(std::int32_t visibleTiles) {
 void drawPage(const RECT& area, std::int32_t visibleTiles) {
     fillRect(scratchDC, area, settings.previewBackgroundColor);
     for (std::int32_t tile = 0; tile < visibleTiles && topIndex + tile < visibleCount; ++tile) {
-        const RECT place = tileRect(area, tile);
-        drawMarqueeTile(scratchDC, visibleGames[topIndex + tile], &place);
+        const RECT tileArea = tileRect(area, tile);
+        drawMarqueeTile(scratchDC, visibleGames[topIndex + tile], &tileArea);
     }
 }
 
-// The ring reaches half a spacer beyond the tile on every side.
+// The middle of the ring's stroke is half a spacer outside the tile.
 void drawRing(HDC dc, const RECT& area) {
     const std::int32_t spacer = tileSpacer();
     const std::int32_t pitch = settings.previewModeHeight + spacer;
-    std::int32_t left = spacer / 2;
-    std::int32_t top = (selectedIndex - topIndex) * pitch + spacer / 2;
-    std::int32_t right = left + settings.previewModeWidth + spacer;
-    std::int32_t bottom = top + pitch;
-    rotatePoint(left, top, area.right, area.bottom);
-    rotatePoint(right, bottom, area.right, area.bottom);
+    const std::int32_t left = spacer / 2;
+    const std::int32_t top = (selectedIndex - topIndex) * pitch + spacer / 2;
+    const RECT ring = turnedRect(area, {left, top, left + settings.previewModeWidth + spacer, top + pitch});
     const HPEN pen = CreatePen(PS_SOLID, spacer, settings.previewHighlightBackColor);
-    const HGDIOBJ formerPen = SelectObject(dc, pen);
+    const HGDIOBJ previousPen = SelectObject(dc, pen);
     const LOGBRUSH hollow{BS_HOLLOW, 0, 0};
     const HBRUSH brush = CreateBrushIndirect(&hollow);
-    const HGDIOBJ formerBrush = SelectObject(dc, brush);
-    RoundRect(dc, left, top, right, bottom, spacer, spacer);
-    SelectObject(dc, formerBrush);
+    const HGDIOBJ previousBrush = SelectObject(dc, brush);
+    RoundRect(dc, ring.left, ring.top, ring.right, ring.bottom, spacer, spacer);
+    SelectObject(dc, previousBrush);
     DeleteObject(brush);
-    SelectObject(dc, formerPen);
+    SelectObject(dc, previousPen);
     DeleteObject(pen);
 }
 
@@ -108,7 +106,7 @@ int drawImageBrowser(HDC dc, HBITMAP bitmap, const RECT* area) {
     const std::int32_t visibleTiles = layOutPage(dc, bitmap, *area);
     bringSelectionToPage(visibleTiles);
     static PageSource drawnFrom{};
-    const PageSource source = presentSource(visibleTiles);
+    const PageSource source = currentSource(visibleTiles);
     const bool browserDirty = source != drawnFrom;
     if (browserDirty) {
         drawPage(*area, visibleTiles);
@@ -119,9 +117,9 @@ int drawImageBrowser(HDC dc, HBITMAP bitmap, const RECT* area) {
     return 1;
 }
 
-TurnedPlace turnedPicturePlace(const RECT& area, PictureHalf which) {
+PicturePlacement turnedPicturePlacement(const RECT& area, PictureHalf half) {
     const SIZE size = sizeAsRead(area);
     const LONG quarter = size.cy / 4;
     return {
-        area, {size.cx, which == PictureHalf::Upper ? quarter : size.cy - quarter}, {0, 0, size.cx, size.cy}};
+        area, {size.cx, half == PictureHalf::upper ? quarter : size.cy - quarter}, {0, 0, size.cx, size.cy}};
 }

@@ -15,16 +15,16 @@
 
 namespace {
 
-// Title lines on the screen: the titles take half of the frame. Never below 1, or the selection could not be
-// brought in.
+// Number of title lines on a page: the titles take half of the frame. At least 1, as bringSelectionToPage
+// requires.
 std::int32_t linesOnPage(HDC dc, const RECT& area) {
     return std::max(linesThatFit(dc, area.right - area.left, area.bottom - area.top, 0) / 2, 1);
 }
 
-// The lines of a full page, as read in the area. They fill the lower left quarter of the frame, which is
-// a different quarter as read at each rotation. In a lower one they start in the middle of the frame, or as
-// much earlier as clears the last line of the status bar. In an upper one half of the pixels that no line
-// needs stay free at the edge of the screen.
+// The rectangle of a full page of lines, as read. The lines are in the lower left quarter of the frame, which
+// is a different quarter as read at each rotation. If it is a lower one as read, the lines start in the
+// middle of the frame, or higher if the last line would overlap the status bar. If it is an upper one, half
+// of the unused pixels are left free at the edge of the screen.
 RECT pageAsRead(const RECT& area, std::int32_t lineHeight, std::int32_t page) {
     const SIZE size = sizeAsRead(area);
     const RECT quarter = rectAsRead(area, {area.left, area.bottom / 2, area.right / 2, area.bottom});
@@ -35,16 +35,16 @@ RECT pageAsRead(const RECT& area, std::int32_t lineHeight, std::int32_t page) {
     return {quarter.left, top, quarter.right, top + height};
 }
 
-// The place of a line on the frame, half of the frame long.
+// The frame rectangle of a line, half as long as the frame.
 RECT lineRect(const RECT& area, std::int32_t lineHeight, std::int32_t page, std::int32_t line) {
     const RECT read = pageAsRead(area, lineHeight, page);
     const LONG top = read.top + line * lineHeight;
     return turnedRect(area, {read.left, top, read.right, top + lineHeight});
 }
 
-// The place of the picture: in the middle of its quarter of the frame, moved off the status bar, and at 90,
-// where it lies above the page as read, off the lines as far as the frame allows.
-TurnedPlace picturePlace(const RECT& area, const RECT& quarter, const RECT& page) {
+// Placement of the picture: in the middle of its quarter of the frame, but clear of the status bar. At 90,
+// where it is above the lines as read, it is also moved away from the lines as far as the frame allows.
+PicturePlacement picturePlacement(const RECT& area, const RECT& quarter, const RECT& page) {
     const SIZE size = sizeAsRead(area);
     const RECT wanted = rectAsRead(area, quarter);
     const bool abovePage = wanted.bottom < page.bottom;
@@ -58,9 +58,9 @@ void selectListFont(HDC dc, int emphasis) {
     SetTextColor(dc, settings.fontColor);
 }
 
-// On a turned screen the marquee crosses the status bar, and with a high bar a picture of full width reaches
-// into the page. Clears both; the font of the titles is selected again.
-void clearBarAndPage(HDC dc, LONG width, LONG height, const RECT& page) {
+// On a turned screen the marquee overlaps the status bar, and beside a high bar a picture of full width
+// overlaps the lines. Redraws the bar, clears the page and selects the font of the titles again.
+void redrawBarAndClearPage(HDC dc, LONG width, LONG height, const RECT& page) {
     drawStatusBar(dc, selectedIndex, width, height);
     fillRect(dc, page, settings.backgroundColor);
     selectListFont(dc, 0);
@@ -83,8 +83,8 @@ int drawListLines(HDC dc, std::int32_t selected, const RECT* area, std::int32_t 
         if (isSelected) {
             selectListFont(dc, 1);
         }
-        const RECT place = lineRect(*area, lineHeight, page, line);
-        drawText(dc, textOrigin(place, textMargin, 0), visibleGames[index]->description);
+        const RECT target = lineRect(*area, lineHeight, page, line);
+        drawText(dc, textOrigin(target, textMargin, 0), visibleGames[index]->description);
         if (isSelected) {
             selectListFont(dc, 0);
         }
@@ -95,7 +95,7 @@ int drawListLines(HDC dc, std::int32_t selected, const RECT* area, std::int32_t 
 int drawListView(HDC dc, RECT* area) {
     const LONG width = area->right;
     const LONG height = area->bottom + statusBarHeight;
-    const RECT lines = areaBesideStatusBar(width, height);
+    const RECT lines = areaWithoutStatusBar(width, height);
     selectListFont(dc, 0);
     SetBkMode(dc, TRANSPARENT);
     const std::int32_t lineHeight = textHeight(dc);
@@ -107,13 +107,13 @@ int drawListView(HDC dc, RECT* area) {
     const GameRecord* game = visibleGames[selectedIndex];
     drawMarqueeBanner(dc, game, area);
     const RECT pageRect = pageAsRead(lines, lineHeight, page);
-    const TurnedPlace place = picturePlace(lines, *area, pageRect);
+    const PicturePlacement placement = picturePlacement(lines, *area, pageRect);
     closeAttractMovie();
     if (!playAttractMovie(game, area)) {
-        drawPreviewPicture(dc, game, area, previewDirectory(), 0, place);
+        drawPreviewPicture(dc, game, area, previewDirectory(), 0, placement);
     }
     if (settings.orientation != 0) {
-        clearBarAndPage(dc, width, height, turnedRect(lines, pageRect));
+        redrawBarAndClearPage(dc, width, height, turnedRect(lines, pageRect));
         drawHighlightBar(dc, selectedIndex, &lines, lineHeight);
     }
     drawListLines(dc, selectedIndex, &lines, lineHeight, page);

@@ -1,12 +1,12 @@
-// The part of the visible games that is on the screen: a page of titles or tiles. Used by the two views,
-// which know how many of them a page holds.
+// The page of titles or tiles that is on the screen. Used by the two views, which determine the page length.
 #pragma once
 
 #include <cstdint>
 
-// Index of the first line or tile that is shown. Written here, and set to 0 by the start-up.
+// Index in visibleGames of the first title or tile on the screen. Written by bringSelectionToPage; startup
+// sets it to 0.
 extern std::int32_t topIndex;
 
-// Moves topIndex by whole pages of the given length, at least 1, until the selected game is on the page; so a
-// jump ends on the same grid as stepping. The last page is full.
+// Moves topIndex by whole pages until the selected game is on the page, so that a jump shows the same page as
+// single steps. The last page is full. pageLength is at least 1.
 void bringSelectionToPage(std::int32_t pageLength);

@@ -10,8 +10,8 @@
 
 namespace {
 
-// Where the pixel of row r and column c of the turned picture is found in memory: at column x + r * xByRow +
-// c * xByColumn of the old one, and its row likewise. Rows count from the bottom.
+// Maps pixels of the turned picture to the original: row r and column c come from column
+// x + r * xByRow + c * xByColumn and row y + r * yByRow + c * yByColumn. Rows count from the bottom.
 struct Turn {
     std::ptrdiff_t x;
     std::ptrdiff_t xByRow;
@@ -43,14 +43,15 @@ std::ptrdiff_t strideOf(std::ptrdiff_t width, int bitsPerPixel) {
     return (width * bitsPerPixel + 31) / 32 * 4;
 }
 
-// In strips of the new picture: the rows of one picture are the columns of the other, and a processor reads
-// ahead in a few rows at a time, not in hundreds. Upside down, both are read along their rows.
+// At a quarter turn, rows of the result are columns of the source. The result is filled in strips of a few
+// columns, because the processor prefetches from only a few source rows at a time. At 180 both are processed
+// row by row.
 template <int PixelBytes> void turnWholeBytes(const Pixels& from, const Pixels& to, const Turn& turn) {
     const std::ptrdiff_t byRow = turn.xByRow * PixelBytes + turn.yByRow * from.stride;
     const std::ptrdiff_t byColumn = turn.xByColumn * PixelBytes + turn.yByColumn * from.stride;
     const BYTE* origin = from.first + turn.x * PixelBytes + turn.y * from.stride;
-    constexpr std::ptrdiff_t rowsReadAhead = 16;
-    const std::ptrdiff_t strip = turn.xByColumn != 0 ? to.width : rowsReadAhead;
+    constexpr std::ptrdiff_t prefetchedRows = 16;
+    const std::ptrdiff_t strip = turn.xByColumn != 0 ? to.width : prefetchedRows;
     for (std::ptrdiff_t left = 0; left < to.width; left += strip) {
         const std::ptrdiff_t right = std::min(left + strip, to.width);
         for (std::ptrdiff_t row = 0; row < to.height; ++row) {
@@ -65,7 +66,7 @@ template <int PixelBytes> void turnWholeBytes(const Pixels& from, const Pixels& 
     }
 }
 
-// For 1 and 4 bits; the new rows are all zero before.
+// For 1 and 4 bits per pixel. The target must be all zero.
 void turnBits(const Pixels& from, const Pixels& to, const Turn& turn, int bits) {
     const std::ptrdiff_t perByte = 8 / bits;
     const int mask = (1 << bits) - 1;
@@ -120,7 +121,7 @@ int resizeDib(HDC dc, PngDibParams* picture, int width, int height) {
     const auto* from = static_cast<const BITMAPINFO*>(picture->dib);
     const HDC canvas = CreateCompatibleDC(dc);
     const HBITMAP bitmap = CreateCompatibleBitmap(dc, width, height);
-    const HGDIOBJ former = SelectObject(canvas, bitmap);
+    const HGDIOBJ previous = SelectObject(canvas, bitmap);
     const int drawn = StretchDIBits(canvas, 0, 0, width, height, 0, 0, from->bmiHeader.biWidth,
                                     from->bmiHeader.biHeight, picture->pixels, from, DIB_RGB_COLORS, SRCCOPY);
     GlobalFree(picture->dib);
@@ -137,7 +138,7 @@ int resizeDib(HDC dc, PngDibParams* picture, int width, int height) {
         GetDIBits(canvas, bitmap, 0, static_cast<UINT>(height), picture->pixels,
                   reinterpret_cast<BITMAPINFO*>(block), DIB_RGB_COLORS);
     }
-    SelectObject(canvas, former);
+    SelectObject(canvas, previous);
     DeleteObject(bitmap);
     DeleteDC(canvas);
     return block ? 1 : 0;

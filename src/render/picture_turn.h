@@ -1,17 +1,15 @@
-// Turns the pixels of a decoded picture to the rotation in
-// force, and reduces those that are too large for a second
-// block. Called by the drawing of pictures, which stretches
-// what comes out; the rotation turns the screen clockwise.
+// Turns the pixels of a decoded picture to the current rotation, clockwise, and resizes pictures that are too
+// large to be turned in full size. Called by pictures.cpp, which stretches the result onto the frame.
 #pragma once
 
 #include "platform/drawing.h"
 #include "png/png_dib.h"
 
-// At 0 nothing changes. Otherwise the pixels come to lie in a block of their own, which the caller releases
-// with GlobalFree, and the header gets the new size; the decoded block stays with what else it holds.
-// `pixels` becomes null when the new block cannot be had.
+// Does nothing at rotation 0. Otherwise sets `pixels` to a separate block, which the caller frees with
+// GlobalFree, and updates the size in the header; the header and palette stay in `dib`. Sets `pixels` to null
+// when out of memory.
 void rotateDib(PngDibParams* picture);
 
-// Replaces the decoded block by one of 24 bits that holds the picture stretched to the given size. 0, and
-// `dib` null, without memory or with a size below 1.
+// Replaces the decoded block with a 24-bit copy of the picture stretched to the given size in pixels. Returns
+// 0 and sets `dib` to null when out of memory or when a side is below 1.
 int resizeDib(HDC dc, PngDibParams* picture, int width, int height);

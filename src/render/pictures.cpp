@@ -13,17 +13,18 @@
 
 namespace {
 
-// Background between the banner and the middle of the frame.
+// Pixels of background between the banner and the middle of the frame.
 constexpr LONG bandBelowBanner = 20;
 
-// Taken off the width that a preview may fill.
+// Pixels subtracted from the width that a preview may fill.
 constexpr LONG previewMargin = 10;
 
 std::string artPath(const char* directory, const char* stem) {
     return std::string(directory) + "\\" + stem + ".png";
 }
 
-// The file of the game, or of its parent, in one directory; empty when there is none.
+// Returns the path of the file of the game, or else of its parent, in one directory; empty when there is
+// none.
 std::string findInDirectory(const GameRecord& game, const char* directory) {
     for (const char* stem : {game.name, game.cloneOf}) {
         if (staysInFolder(stem)) {
@@ -57,25 +58,26 @@ std::string findPreview(const GameRecord& game, const char* directory, int fallb
     return path;
 }
 
-// A picture of which two blocks would be too much is turned when it has the size in which it is drawn.
-constexpr DWORD largestTurned = 32 << 20; // bytes, 11 million pixels in 24 bits
+// Turning needs a second block of memory. Larger pictures are stretched to their final size before they are
+// turned.
+constexpr DWORD turnedSizeLimit = 32 << 20; // bytes: 11 million pixels in 24 bits
 
-// A decoded picture, for as long as one drawing operation needs it.
-struct Picture {
+// A decoded picture; lives during one drawing operation.
+struct DecodedPicture {
     PngDibParams params; // owns the decoded block
-    BYTE* rotatedPixels; // owned; null at 0 and before a large picture is turned
+    BYTE* rotatedPixels; // owned; null at rotation 0 and before a large picture is turned
     bool turned;
-    LONG width; // after turning
+    LONG width; // pixels after turning
     LONG height;
 };
 
-void releasePicture(Picture& picture) {
+void releasePicture(DecodedPicture& picture) {
     GlobalFree(picture.rotatedPixels);
     GlobalFree(picture.params.dib);
 }
 
-// 0 without memory; the picture is to be released either way.
-int turnPicture(Picture& picture) {
+// Returns 0 when out of memory; the picture must be released in either case.
+int turnPicture(DecodedPicture& picture) {
     const BYTE* decodedPixels = picture.params.pixels;
     rotateDib(&picture.params);
     picture.rotatedPixels = picture.params.pixels != decodedPixels ? picture.params.pixels : nullptr;
@@ -83,8 +85,8 @@ int turnPicture(Picture& picture) {
     return picture.params.pixels ? 1 : 0;
 }
 
-// 0, with nothing to release, when the file cannot be shown.
-int loadPicture(Picture& picture, const std::string& path) {
+// Returns 0, with nothing to release, when the file cannot be displayed.
+int loadPicture(DecodedPicture& picture, const std::string& path) {
     picture = {};
     picture.params.size = pngDibParamsSize;
     picture.params.fileName = path.c_str();
@@ -98,14 +100,15 @@ int loadPicture(Picture& picture, const std::string& path) {
         std::swap(picture.width, picture.height);
     }
     picture.turned = settings.orientation == 0;
-    if (picture.params.dibSize <= largestTurned && !turnPicture(picture)) {
+    if (picture.params.dibSize <= turnedSizeLimit && !turnPicture(picture)) {
         releasePicture(picture);
         return 0;
     }
     return 1;
 }
 
-int stretchPicture(HDC dc, Picture& picture, int x, int y, int width, int height) {
+// Returns 0 when a large picture cannot be turned for lack of memory.
+int stretchPicture(HDC dc, DecodedPicture& picture, int x, int y, int width, int height) {
     if (!picture.turned) {
         const bool quarter = isQuarterTurn(settings.orientation);
         if (!resizeDib(dc, &picture.params, quarter ? height : width, quarter ? width : height) ||
@@ -119,22 +122,22 @@ int stretchPicture(HDC dc, Picture& picture, int x, int y, int width, int height
     return 1;
 }
 
-int drawMarquee(HDC dc, const GameRecord& game, const RECT& place) {
+int drawMarquee(HDC dc, const GameRecord& game, const RECT& target) {
     const std::string path = findMarquee(game);
     if (path.empty()) {
         return 1;
     }
-    Picture picture;
+    DecodedPicture picture;
     if (!loadPicture(picture, path)) {
         return 0;
     }
-    const int drawn = stretchPicture(dc, picture, place.left, place.top, place.right - place.left,
-                                     place.bottom - place.top);
+    const int drawn = stretchPicture(dc, picture, target.left, target.top, target.right - target.left,
+                                     target.bottom - target.top);
     releasePicture(picture);
     return drawn;
 }
 
-int drawFitted(HDC dc, Picture& picture, const RECT& area, const TurnedPlace& place) {
+int drawFitted(HDC dc, DecodedPicture& picture, const RECT& area, const PicturePlacement& placement) {
     const double pictureWidth = picture.width;
     const double pictureHeight = picture.height;
     const double availableWidth = area.right - area.left - previewMargin;
@@ -147,8 +150,8 @@ int drawFitted(HDC dc, Picture& picture, const RECT& area, const TurnedPlace& pl
     const double height = pictureHeight * fitScale;
     const SIZE size{static_cast<int>(width), static_cast<int>(height)};
     if (settings.orientation != 0) {
-        const RECT turned = placeTurned(place, size);
-        return stretchPicture(dc, picture, turned.left, turned.top, size.cx, size.cy);
+        const RECT target = placePicture(placement, size);
+        return stretchPicture(dc, picture, target.left, target.top, size.cx, size.cy);
     }
     const double x = area.left + previewMargin + ((area.right - area.left) - width) * 0.5;
     const double y = area.top + (availableHeight - height) * 0.5;
@@ -166,16 +169,16 @@ int drawMarqueeTile(HDC dc, const GameRecord* game, const RECT* tile) {
 }
 
 int drawPreviewPicture(HDC dc, const GameRecord* game, const RECT* area, const char* directory, int fallback,
-                       const TurnedPlace& place) {
+                       const PicturePlacement& placement) {
     const std::string path = findPreview(*game, directory, fallback);
     if (path.empty()) {
         return 1;
     }
-    Picture picture;
+    DecodedPicture picture;
     if (!loadPicture(picture, path)) {
         return 0;
     }
-    const int drawn = drawFitted(dc, picture, *area, place);
+    const int drawn = drawFitted(dc, picture, *area, placement);
     releasePicture(picture);
     return drawn;
 }
@@ -187,7 +190,7 @@ const char* previewDirectory() {
     case previewTitles:
         return settings.titleDir;
     case previewFlyers:
-    case previewMarquees: // marquees are too wide for this place
+    case previewMarquees: // marquees are too wide for the preview area
         return settings.flyerDir;
     default:
         return settings.cabinetDir;

@@ -1,23 +1,24 @@
-// Pictures of a game: the search for its art files, and drawing them turned to the rotation in force, as the
-// banner of the list view, a tile of the image browser, or a preview that keeps its proportions. Called by
-// the views and the composition; holds nothing between calls. Each drawing operation gives 1 when it has
-// drawn or there is no file, and 0 when the file cannot be shown.
+// Finds the art files of a game, or else of its parent, and draws them at the current rotation: the banner of
+// the list view, a tile of the image browser, or a preview that keeps its aspect ratio. Called by the views
+// and the composition. Nothing is cached between calls. The drawing functions return 1 when the picture was
+// drawn or there is no file, and 0 when the file cannot be displayed.
 #pragma once
 
 #include "catalogue/game_record.h"
 #include "platform/types.h"
 #include "render/turns.h"
 
-// Across the top of the frame down to 20 pixels above the middle of the area.
+// Fills the frame from the top left corner to the right of the area and 20 pixels above half its bottom.
 int drawMarqueeBanner(HDC dc, const GameRecord* game, const RECT* area);
 
-// Into exactly the rectangle.
+// Fills the rectangle.
 int drawMarqueeTile(HDC dc, const GameRecord* game, const RECT* tile);
 
-// As large as fits the area less 10 pixels of its width, from the directory; with a fallback of 1 from any
-// other that has a file. At 0 it lies in the area, on a turned screen at the place.
+// Draws the picture in the directory or, when there is none and fallback is 1, one from another art
+// directory. It is scaled to fit the area less 10 pixels of its width. It is placed in the area at rotation
+// 0, and as `placement` says on a turned screen.
 int drawPreviewPicture(HDC dc, const GameRecord* game, const RECT* area, const char* directory, int fallback,
-                       const TurnedPlace& place);
+                       const PicturePlacement& placement);
 
-// The directory of the art that the setting previewPictures names.
+// Returns the directory of the art that the setting previewPictures selects.
 const char* previewDirectory();

@@ -17,16 +17,17 @@ namespace {
 constexpr LONG emphasisWeight = 800;
 constexpr int pointsPerInch = 72;
 
-constexpr std::int32_t largestSize = 32767; // pixels; no frame is larger
+constexpr std::int32_t maximumSize = 32767; // pixels; exceeds any frame
 
-// Escapement counts tenths of a degree counter-clockwise, a rotation whole degrees clockwise.
+// Escapement is in tenths of a degree counter-clockwise, rotation in degrees clockwise.
 constexpr LONG escapementPerDegree = -10;
 
-std::int32_t measuredSide(std::int32_t width, std::int32_t height) {
+// The height of an area as read.
+std::int32_t heightAsRead(std::int32_t width, std::int32_t height) {
     return isQuarterTurn(settings.orientation) ? width : height;
 }
 
-// Turns a point to a rotation; the surface has the given size once it is turned.
+// Turns a point clockwise by the rotation. width and height are the size of the surface after turning.
 void turnPoint(std::int32_t rotation, std::int32_t& x, std::int32_t& y, std::int32_t width,
                std::int32_t height) {
     const std::int32_t oldX = x;
@@ -94,17 +95,17 @@ std::int32_t textWidth(HDC dc, const char* text) {
 }
 
 std::int32_t linesThatFit(HDC dc, std::int32_t width, std::int32_t height, std::int32_t reserved) {
-    return (measuredSide(width, height) - reserved) / std::max(textHeight(dc), 1);
+    return (heightAsRead(width, height) - reserved) / std::max(textHeight(dc), 1);
 }
 
 std::int32_t tileRows(std::int32_t width, std::int32_t height, std::int32_t reserved) {
     const std::int32_t spacer = tileSpacer();
-    return (measuredSide(width, height) - spacer - reserved) /
-           std::max(spacer + std::clamp(settings.previewModeHeight, 0, largestSize), 1);
+    return (heightAsRead(width, height) - spacer - reserved) /
+           std::max(spacer + std::clamp(settings.previewModeHeight, 0, maximumSize), 1);
 }
 
 std::int32_t tileSpacer() {
-    return std::clamp(settings.previewModeSpacer, 0, largestSize);
+    return std::clamp(settings.previewModeSpacer, 0, maximumSize);
 }
 
 void rotatePoint(std::int32_t& x, std::int32_t& y, std::int32_t width, std::int32_t height) {

@@ -15,27 +15,28 @@ std::int32_t statusBarHeight = 0;
 
 namespace {
 
-// The words for each value of sortBy and previewPictures.
-constexpr std::array<const char*, 3> sortWords = {"Title", "Year", "Manufacturer"};
-constexpr std::array<const char*, 5> shotWords = {"Cabinets", "Screenshots", "Flyers", "Titles", "Marquees"};
+// Names of the values of sortBy and previewPictures.
+constexpr std::array<const char*, 3> sortNames = {"Title", "Year", "Manufacturer"};
+constexpr std::array<const char*, 5> pictureNames = {"Cabinets", "Screenshots", "Flyers", "Titles",
+                                                     "Marquees"};
 
-// Each side of the bar holds at most 255 characters; the rest of a longer text is left out.
+// Each of the two texts is limited to 255 characters; a longer one is truncated.
 using BarText = std::array<char, 256>;
 
 template <std::size_t Count>
-const char* wordFor(const std::array<const char*, Count>& words, std::int32_t value) {
+const char* nameOf(const std::array<const char*, Count>& names, std::int32_t value) {
     const auto index = static_cast<std::size_t>(value);
-    return value >= 0 && index < Count ? words[index] : words[0];
+    return value >= 0 && index < Count ? names[index] : names[0];
 }
 
 BarText positionText(std::int32_t index) {
     BarText text{};
-    const char* sortWord = wordFor(sortWords, settings.sortBy);
+    const char* sortName = nameOf(sortNames, settings.sortBy);
     if (settings.menuType == menuTypeListView) {
-        std::snprintf(text.data(), text.size(), "  Sort: %s - Shot: %s  %i/%i", sortWord,
-                      wordFor(shotWords, settings.previewPictures), index + 1, visibleCount);
+        std::snprintf(text.data(), text.size(), "  Sort: %s - Shot: %s  %i/%i", sortName,
+                      nameOf(pictureNames, settings.previewPictures), index + 1, visibleCount);
     } else {
-        std::snprintf(text.data(), text.size(), "  Sort: %s  %i/%i", sortWord, index + 1, visibleCount);
+        std::snprintf(text.data(), text.size(), "  Sort: %s  %i/%i", sortName, index + 1, visibleCount);
     }
     return text;
 }
@@ -58,7 +59,7 @@ BarText gameText(const GameRecord& game) {
 
 } // namespace
 
-RECT areaBesideStatusBar(std::int32_t width, std::int32_t height) {
+RECT areaWithoutStatusBar(std::int32_t width, std::int32_t height) {
     const RECT frame{0, 0, width, height};
     const SIZE read = sizeAsRead(frame);
     return turnedRect(frame, {0, 0, read.cx, read.cy - statusBarHeight});
@@ -81,7 +82,7 @@ int drawStatusBar(HDC dc, std::int32_t index, std::int32_t width, std::int32_t h
     fillRect(dc, bar, settings.statusBarBackColor);
     drawText(dc, textOrigin(bar, textMargin, 0), gameText(*visibleGames[index]).data());
     const std::int32_t start = read.cx - textWidth(dc, position.data()) - textMargin;
-    // A long text of the game must not show behind the position.
+    // Clears the end of a long game text that reaches into the position text.
     fillRect(dc, turnedRect(bar, {start, 0, read.cx, statusBarHeight}), settings.statusBarBackColor);
     drawText(dc, textOrigin(bar, start, 0), position.data());
     return 1;

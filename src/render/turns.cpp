@@ -16,8 +16,9 @@ LONG heightOf(const RECT& rect) {
     return rect.bottom - rect.top;
 }
 
-// Puts the corners of a rectangle that was turned clockwise by the rotation in order again.
-void swapReversedSides(RECT& rect, std::int32_t rotation) {
+// Restores left <= right and top <= bottom in a rectangle whose corners were turned clockwise by the
+// rotation.
+void normalize(RECT& rect, std::int32_t rotation) {
     if (rotation == 90 || rotation == 180) {
         std::swap(rect.left, rect.right);
     }
@@ -26,37 +27,39 @@ void swapReversedSides(RECT& rect, std::int32_t rotation) {
     }
 }
 
-// The start of a run of the given length around a centre, held between two limits. The lower one prevails.
-LONG placeWithin(LONG centre, LONG length, LONG lowest, LONG highest) {
+// Returns the start of an interval of the given length around a centre, limited to the range from lowest to
+// highest. An interval longer than the range starts at lowest.
+LONG centreWithin(LONG centre, LONG length, LONG lowest, LONG highest) {
     return std::max(std::min(centre - length / 2, highest - length), lowest);
 }
 
 } // namespace
 
-SIZE sizeAsRead(const RECT& room) {
-    const SIZE size{widthOf(room), heightOf(room)};
+SIZE sizeAsRead(const RECT& area) {
+    const SIZE size{widthOf(area), heightOf(area)};
     return isQuarterTurn(settings.orientation) ? SIZE{size.cy, size.cx} : size;
 }
 
-RECT turnedRect(const RECT& room, const RECT& read) {
+RECT turnedRect(const RECT& area, const RECT& read) {
     RECT rect = read;
-    rotatePoint(rect.left, rect.top, widthOf(room), heightOf(room));
-    rotatePoint(rect.right, rect.bottom, widthOf(room), heightOf(room));
-    swapReversedSides(rect, settings.orientation);
-    return {rect.left + room.left, rect.top + room.top, rect.right + room.left, rect.bottom + room.top};
+    rotatePoint(rect.left, rect.top, widthOf(area), heightOf(area));
+    rotatePoint(rect.right, rect.bottom, widthOf(area), heightOf(area));
+    normalize(rect, settings.orientation);
+    return {rect.left + area.left, rect.top + area.top, rect.right + area.left, rect.bottom + area.top};
 }
 
-RECT rectAsRead(const RECT& room, const RECT& rect) {
-    RECT read{rect.left - room.left, rect.top - room.top, rect.right - room.left, rect.bottom - room.top};
-    rotatePointBack(read.left, read.top, widthOf(room), heightOf(room));
-    rotatePointBack(read.right, read.bottom, widthOf(room), heightOf(room));
-    swapReversedSides(read, oppositeRotation(settings.orientation));
+RECT rectAsRead(const RECT& area, const RECT& rect) {
+    RECT read{rect.left - area.left, rect.top - area.top, rect.right - area.left, rect.bottom - area.top};
+    rotatePointBack(read.left, read.top, widthOf(area), heightOf(area));
+    rotatePointBack(read.right, read.bottom, widthOf(area), heightOf(area));
+    normalize(read, oppositeRotation(settings.orientation));
     return read;
 }
 
-RECT placeTurned(const TurnedPlace& place, const SIZE& size) {
+RECT placePicture(const PicturePlacement& placement, const SIZE& size) {
     const SIZE read = sizeAsRead({0, 0, size.cx, size.cy});
-    const LONG left = placeWithin(place.centre.x, read.cx, place.bounds.left, place.bounds.right);
-    const LONG top = placeWithin(place.centre.y, read.cy, place.bounds.top, place.bounds.bottom);
-    return turnedRect(place.room, {left, top, left + read.cx, top + read.cy});
+    const LONG left =
+        centreWithin(placement.centre.x, read.cx, placement.bounds.left, placement.bounds.right);
+    const LONG top = centreWithin(placement.centre.y, read.cy, placement.bounds.top, placement.bounds.bottom);
+    return turnedRect(placement.area, {left, top, left + read.cx, top + read.cy});
 }

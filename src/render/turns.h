@@ -1,29 +1,30 @@
-// The frame as its player reads it at the rotation in force. Views and status bar lay their rectangles out as
-// on an unturned screen, and these functions map them to the frame. Called by all that is drawn into the
-// frame; they hold no state and draw nothing.
+// Maps rectangles between the frame and the screen as the player reads it at the current rotation. The views
+// and the status bar compute their layout as read, as if the screen were not turned, and map it to the frame
+// with these functions. Stateless; draws nothing.
 //
-// Coordinates "as read" are pixels within a rectangle of the frame, the room: x runs along the text, y from
-// line to line, and (0, 0) is the corner of the room at which reading starts. At 0 only the origin differs.
+// Coordinates "as read" are pixels relative to an area of the frame: x runs along a line of text, y from line
+// to line, and (0, 0) is the corner of the area where reading starts. At rotation 0 they differ from frame
+// coordinates only by the origin.
 #pragma once
 
 #include "platform/types.h"
 
-// Length of a line and height of the column of lines in a room.
-SIZE sizeAsRead(const RECT& room);
+// Size of an area as read: cx is the length of a line.
+SIZE sizeAsRead(const RECT& area);
 
-// The rectangle of the frame that the player reads at the given place of the room.
-RECT turnedRect(const RECT& room, const RECT& read);
+// Maps a rectangle as read to the frame.
+RECT turnedRect(const RECT& area, const RECT& read);
 
-// The opposite: how the player reads a rectangle of the frame.
-RECT rectAsRead(const RECT& room, const RECT& rect);
+// Maps a rectangle of the frame to coordinates as read; the inverse of turnedRect.
+RECT rectAsRead(const RECT& area, const RECT& rect);
 
-// Where a picture lies on a turned screen: centred on a point, then moved by as little as brings it into its
-// bounds. One that is larger keeps to their left and upper side.
-struct TurnedPlace {
-    RECT room;
+// Position of a picture on a turned screen: centred on a point, then moved by the shortest distance into the
+// bounds. A picture larger than the bounds is aligned with their left or top side.
+struct PicturePlacement {
+    RECT area;    // of the frame
     POINT centre; // as read
     RECT bounds;  // as read
 };
 
-// The rectangle of the frame for a picture of that size in the frame.
-RECT placeTurned(const TurnedPlace& place, const SIZE& size);
+// Returns the frame rectangle of a picture whose size is given in frame coordinates.
+RECT placePicture(const PicturePlacement& placement, const SIZE& size);

@@ -74,7 +74,7 @@ TEST_F(AttractMovieTest, TheFirstMovieIsKnownToBeDamaged) {
     EXPECT_EQ(playAttractMovie(&game, &area), 0);
 }
 
-TEST_F(AttractMovieTest, ACloneWithoutAMovieShowsThatOfItsParent) {
+TEST_F(AttractMovieTest, FallsBackToTheMovieOfTheParent) {
     RECT area{0, 0, 300, 200};
     EXPECT_EQ(playAttractMovie(&game, &area), 0);
     EXPECT_EQ(movieWindow, nullptr);
@@ -89,7 +89,7 @@ TEST_F(AttractMovieTest, ACloneWithoutAMovieShowsThatOfItsParent) {
     EXPECT_TRUE(keepAliveUntil([&] {
         closeAttractMovie();
         return playAttractMovie(&game, &area) == 0;
-    })) << "a picture is wanted";
+    })) << "damaged movie plays";
     EXPECT_NE(movieWindow, nullptr);
 }
 

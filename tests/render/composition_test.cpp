@@ -16,7 +16,7 @@ namespace {
 
 using CompositionTest = FrameTest;
 
-TEST_F(CompositionTest, PutsTheStatusBarAtTheFootOfTheTurnedScreen) {
+TEST_F(CompositionTest, PutsTheStatusBarAtTheBottomOfTheTurnedScreen) {
     settings.statusBarForeColor = 0x00FFFF;
     settings.fontColor = paper;
     for (const std::int32_t rotation : {0, 90, 180, -90}) {
@@ -32,7 +32,7 @@ TEST_F(CompositionTest, PutsTheStatusBarAtTheFootOfTheTurnedScreen) {
         const RECT ink = extentOf(0x00FFFF);
         EXPECT_TRUE(contains(expected, ink)) << rotation << ": " << ink;
         const LONG length = isQuarterTurn(rotation) ? ink.bottom - ink.top : ink.right - ink.left;
-        EXPECT_GT(length, (isQuarterTurn(rotation) ? 480 : 640) - 40) << "texts at both ends";
+        EXPECT_GT(length, (isQuarterTurn(rotation) ? 480 : 640) - 40) << "no texts at both ends";
     }
     settings.showStatusBar = 0;
     draw();
@@ -40,7 +40,7 @@ TEST_F(CompositionTest, PutsTheStatusBarAtTheFootOfTheTurnedScreen) {
     EXPECT_EQ(extentOf(statusColor).right, 0);
 }
 
-TEST_F(CompositionTest, PutsTheBarBehindTheSelectedLine) {
+TEST_F(CompositionTest, DrawsTheHighlightBarUnderTheSelectedLine) {
     settings.fontColor = paper;
     selectedIndex = 3;
     draw();
@@ -55,7 +55,7 @@ TEST_F(CompositionTest, PutsTheBarBehindTheSelectedLine) {
     for (LONG x = 6; x < 100; ++x) {
         ink += pixelAt(x, top + line / 2) != pixelOf(barColor) ? 1 : 0;
     }
-    EXPECT_GT(ink, 20) << "the title stands on the bar";
+    EXPECT_GT(ink, 20) << "no title on the bar";
 }
 
 TEST_F(CompositionTest, ScrollsByWholePages) {
@@ -89,7 +89,7 @@ TEST_F(CompositionTest, ScrollsByWholePages) {
     EXPECT_EQ(topIndex, 0);
 }
 
-TEST_F(CompositionTest, KeepsTheBannerInItsPlaceAndTheBarAboveIt) {
+TEST_F(CompositionTest, KeepsTheBannerInPlaceUnderTheStatusBar) {
     std::free(settings.marqueeDir);
     settings.marqueeDir = strdup(".");
     PngForm form;
@@ -111,15 +111,15 @@ TEST_F(CompositionTest, KeepsTheBannerInItsPlaceAndTheBarAboveIt) {
         const RECT bar = extentOf(statusColor);
         EXPECT_EQ((bar.right - bar.left) * (bar.bottom - bar.top),
                   h * (isQuarterTurn(rotation) ? height : width));
-        EXPECT_NE(textHeight(dc), h) << "the page keys measure the font of the titles";
+        EXPECT_NE(textHeight(dc), h) << "the font of the titles is not selected, which the page keys measure";
     }
 }
 
-TEST_F(CompositionTest, AMovieLiesInTheLowerRightQuarterAtEveryRotation) {
+TEST_F(CompositionTest, PutsMoviesInTheLowerRightQuarterAtEveryRotation) {
     mainWindow = openFrame();
     std::free(settings.attractDir);
     settings.attractDir = strdup(".");
-    AviWriter writer({800, 600, 10, 0}); // of the shape that a movie of unknown size is taken for
+    AviWriter writer({800, 600, 10, 0}); // 4:3, which is assumed while the size of a movie is unknown
     writer.addPicture(std::vector<std::uint32_t>(800 * 600, 0xFFFFFF));
     folder.write("g0.avi", writer.content());
     for (const std::int32_t menuType : {menuTypeListView, menuTypeImageBrowser}) {
@@ -136,12 +136,12 @@ TEST_F(CompositionTest, AMovieLiesInTheLowerRightQuarterAtEveryRotation) {
         }
         selectedIndex = 1;
         draw();
-        EXPECT_EQ(movieWindow, nullptr) << "this game has none";
+        EXPECT_EQ(movieWindow, nullptr) << "this game has no movie";
         selectedIndex = 0;
     }
 }
 
-TEST_F(CompositionTest, AnEmptyViewIsTheBareBackground) {
+TEST_F(CompositionTest, DrawsOnlyTheBackgroundOfAnEmptyView) {
     draw();
     const std::int32_t before = statusBarHeight;
     setGames(0);
@@ -155,7 +155,7 @@ TEST_F(CompositionTest, AnEmptyViewIsTheBareBackground) {
     EXPECT_EQ(pixelAt(1, 1), pixelOf(0x123456));
 }
 
-TEST_F(CompositionTest, ShowsGamesWithoutWordsAndWithTooManyOfThem) {
+TEST_F(CompositionTest, DrawsGamesWithMissingAndVeryLongTexts) {
     video.screen = nullptr;
     title = std::string(1000, 'W');
     maker = std::string(1000, 'M');
@@ -171,7 +171,7 @@ TEST_F(CompositionTest, ShowsGamesWithoutWordsAndWithTooManyOfThem) {
                           : rotation == 90  ? POINT{middleX, bar.bottom - 2}
                           : rotation == 180 ? POINT{bar.left + 1, middleY}
                                             : POINT{middleX, bar.top + 1};
-        EXPECT_EQ(pixelAt(end.x, end.y), pixelOf(statusColor)) << "nothing looks out behind the position";
+        EXPECT_EQ(pixelAt(end.x, end.y), pixelOf(statusColor)) << "the game text shows after the position";
     }
 }
 

@@ -21,7 +21,7 @@ COLORREF gray(int level) {
     return static_cast<COLORREF>(level * 0x010101);
 }
 
-// The marquee of each game is a gray of its own.
+// The marquee of each game has its own gray level.
 class ImageBrowserTest : public FrameTest {
 protected:
     void SetUp() override {
@@ -56,7 +56,7 @@ protected:
 
     RECT tileExtent(int game) const { return extentOf(gray(levelOf(game))); }
 
-    // A font whose lines are exactly that high.
+    // Selects a font with exactly this line height.
     void selectLineHeight(std::int32_t wanted) const {
         for (std::int32_t size = 6; size < 40; ++size) {
             selectFont(dc, settings.fontFace, size, 0, 0);
@@ -74,12 +74,12 @@ protected:
     }
 };
 
-TEST_F(ImageBrowserTest, LaysTheTilesOutAsWorkedThrough) {
+TEST_F(ImageBrowserTest, LaysOutTheTiles) {
     const struct {
         std::int32_t rotation;
-        int last; // tile of the page
+        int last; // index of the last tile on the page
         RECT first;
-        RECT lastPlace; // cut by the frame
+        RECT lastTile; // clipped to the frame
     } rows[] = {
         {0, 3, {20, 20, 340, 104}, {20, 332, 340, 416}},
         {90, 5, {528, 20, 620, 340}, {0, 20, 60, 340}},
@@ -93,24 +93,24 @@ TEST_F(ImageBrowserTest, LaysTheTilesOutAsWorkedThrough) {
         topIndex = 0;
         selectedIndex = row.last;
         drawBrowser(area);
-        EXPECT_EQ(topIndex, 0) << "the page ends with this tile";
+        EXPECT_EQ(topIndex, 0) << "this tile is on the next page";
         EXPECT_EQ(tileExtent(0), row.first) << row.rotation;
         EXPECT_EQ(tileExtent(row.last + 1).right, 0);
         selectedIndex = 0;
         drawBrowser(area);
-        EXPECT_EQ(tileExtent(row.last), row.lastPlace) << row.rotation;
-        // The ring's stroke is one spacer wide and begins at the tile's edge.
+        EXPECT_EQ(tileExtent(row.last), row.lastTile) << row.rotation;
+        // The stroke of the ring is one spacer wide and starts at the edge of the tile.
         const RECT ring = extentOf(ringColor);
         EXPECT_NEAR(ring.left, row.first.left - 20, 1) << row.rotation;
         EXPECT_NEAR(ring.top, row.first.top - 20, 1) << row.rotation;
         EXPECT_NEAR(ring.right, row.first.right + 20, 1) << row.rotation;
         EXPECT_NEAR(ring.bottom, row.first.bottom + 20, 1) << row.rotation;
-        EXPECT_NE(pixelAt(ring.left + 4, ring.top + 4), pixelOf(ringColor)) << "corners are round";
+        EXPECT_NE(pixelAt(ring.left + 4, ring.top + 4), pixelOf(ringColor)) << "corner is not round";
     }
     resizeFrame(480, 480);
     settings.orientation = 0;
     drawBrowser({0, 0, 480, 460});
-    EXPECT_EQ(settings.previewModeHeight, (460 - 40) / 5) << "a square counts as level";
+    EXPECT_EQ(settings.previewModeHeight, (460 - 40) / 5) << "a square frame counts as landscape";
     resizeFrame(480, 640);
     drawBrowser({0, 0, 480, 620});
     EXPECT_EQ(settings.previewModeHeight, (620 - 40) / 9);
@@ -121,7 +121,7 @@ TEST_F(ImageBrowserTest, ReadsTheMarqueesOfAPageOnce) {
     draw();
     const RECT second = tileExtent(1);
     ASSERT_GT(second.right, 0);
-    addArt("g1", 251); // seen only by whoever reads the file again
+    addArt("g1", 251); // visible only when the file is read again
     for (selectedIndex = 1; selectedIndex < 4; ++selectedIndex) {
         draw();
         ASSERT_EQ(topIndex, 0);
@@ -130,13 +130,13 @@ TEST_F(ImageBrowserTest, ReadsTheMarqueesOfAPageOnce) {
     selectedIndex = 1;
     draw();
     EXPECT_GE(tileExtent(1).bottom - tileExtent(1).top, second.bottom - second.top - 2)
-        << "no former ring stays on the page";
+        << "the previous ring is still on the page";
     ++viewGeneration;
     draw();
     EXPECT_EQ(extentOf(gray(251)).left, second.left);
-    settings.orientation = 180; // as the information window turns the screen, which marks nothing
+    settings.orientation = 180; // as the information window does, without a new viewGeneration
     draw();
-    EXPECT_GE(extentOf(gray(251)).left, width / 2 - 40) << "the page was turned";
+    EXPECT_GE(extentOf(gray(251)).left, width / 2 - 40) << "the page was not redrawn for the rotation";
 }
 
 TEST_F(ImageBrowserTest, MovesByWholePages) {
@@ -156,7 +156,7 @@ TEST_F(ImageBrowserTest, MovesByWholePages) {
         selectedIndex = step.selected;
         draw();
         EXPECT_EQ(topIndex, step.top) << step.selected;
-        EXPECT_GT(tileExtent(topIndex).right, 0) << "the page was made anew";
+        EXPECT_GT(tileExtent(topIndex).right, 0) << "the page was not redrawn";
     }
     setGames(2);
     topIndex = 0;
@@ -167,7 +167,7 @@ TEST_F(ImageBrowserTest, MovesByWholePages) {
     EXPECT_EQ(tileExtent(2).right, 0);
 }
 
-TEST_F(ImageBrowserTest, PutsThePicturesBesideTheTiles) {
+TEST_F(ImageBrowserTest, PutsPicturesOppositeTheTiles) {
     std::free(settings.cabinetDir);
     std::free(settings.flyerDir);
     settings.cabinetDir = strdup("cabinets");
@@ -176,7 +176,7 @@ TEST_F(ImageBrowserTest, PutsThePicturesBesideTheTiles) {
     std::filesystem::create_directory("flyers");
     std::filesystem::create_directory("empty");
     addArt("cabinets/g0", 5, 128, 256);
-    // At a quarter turn a low status bar leaves room for two pictures of the full width, a high one does not.
+    // At a quarter turn two pictures of full width fit beside a low status bar, but not beside a high one.
     for (const auto& [statusPoints, wideFlyer] :
          {std::pair(10, false), std::pair(10, true), std::pair(36, false), std::pair(36, true)}) {
         settings.statusBarFontSize = statusPoints;
@@ -189,8 +189,8 @@ TEST_F(ImageBrowserTest, PutsThePicturesBesideTheTiles) {
             const RECT flyer = extentOf(gray(7));
             SCOPED_TRACE(::testing::Message() << rotation << ": " << cabinet << " and " << flyer);
             const LONG h = statusBarHeight;
-            const LONG high = (height - h) / 2;       // the upper area of an upright screen
-            const LONG highFlyer = height - h - high; // the lower one
+            const LONG high = (height - h) / 2;       // height of the upper picture area at 0
+            const LONG highFlyer = height - h - high; // of the lower one
             const bool turned = isQuarterTurn(rotation);
             const SIZE flyerSize = turned == wideFlyer ? SIZE{highFlyer / 2, highFlyer} : SIZE{310, 155};
             const SIZE cabinetSize = turned ? SIZE{310, 155} : SIZE{high / 2, high};
@@ -199,9 +199,8 @@ TEST_F(ImageBrowserTest, PutsThePicturesBesideTheTiles) {
             EXPECT_EQ(flyer.bottom - flyer.top, flyerSize.cy);
             const RECT bar = extentOf(statusColor);
             EXPECT_EQ((bar.right - bar.left) * (bar.bottom - bar.top), h * (turned ? height : width))
-                << "nothing covers the bar";
-            // As the player reads: the cabinet is above the flyer, both lie at the edge opposite to the
-            // tiles.
+                << "the bar is covered";
+            // As read, the cabinet is above the flyer and both are at the edge opposite the tiles.
             const LONG flyerMiddle = rotation == 0     ? (flyer.top + flyer.bottom) / 2
                                      : rotation == 180 ? height - (flyer.top + flyer.bottom) / 2
                                      : rotation == 90  ? width - (flyer.left + flyer.right) / 2
@@ -214,7 +213,7 @@ TEST_F(ImageBrowserTest, PutsThePicturesBesideTheTiles) {
             }
             EXPECT_EQ(cabinet.right - cabinet.left, cabinetSize.cx);
             EXPECT_EQ(cabinet.bottom - cabinet.top, cabinetSize.cy);
-            const bool inPlace =
+            const bool positioned =
                 rotation == 0    ? cabinet.top == 0 && cabinet.left == 330 + (320 - cabinetSize.cx) / 2
                 : rotation == 90 ? cabinet.bottom == height && flyer.bottom == height &&
                                        flyer.right <= cabinet.left && cabinet.right >= width - 2
@@ -222,13 +221,13 @@ TEST_F(ImageBrowserTest, PutsThePicturesBesideTheTiles) {
                     ? cabinet.left == 0 && flyer.left == 0 && flyer.bottom <= cabinet.top &&
                           cabinet.bottom >= height - 1
                     : cabinet.top == 0 && flyer.top == 0 && cabinet.right <= flyer.left && cabinet.left <= 2;
-            EXPECT_TRUE(inPlace);
+            EXPECT_TRUE(positioned);
         }
     }
     const RECT lower = extentOf(gray(7));
     settings.cabinetDir[0] = 'x';
     draw();
-    EXPECT_EQ(extentOf(gray(7)), lower) << "no other picture takes the place of the cabinet";
+    EXPECT_EQ(extentOf(gray(7)), lower) << "another picture is drawn in place of the cabinet";
     addArt("empty/g1", 9);
     for (const std::int32_t rotation : rotations) {
         settings.orientation = rotation;
@@ -238,14 +237,14 @@ TEST_F(ImageBrowserTest, PutsThePicturesBesideTheTiles) {
         const RECT bar = extentOf(statusColor);
         EXPECT_EQ((bar.right - bar.left) * (bar.bottom - bar.top),
                   statusBarHeight * (isQuarterTurn(rotation) ? height : width));
-        EXPECT_TRUE(rotation != 90 || extentOf(ringColor).left == bar.right) << "the ring ends at the bar";
+        EXPECT_TRUE(rotation != 90 || extentOf(ringColor).left == bar.right) << "the ring overlaps the bar";
         selectedIndex = 1;
         draw();
-        EXPECT_GT(extentOf(gray(9)).right, 0) << "the lower place takes any picture";
+        EXPECT_GT(extentOf(gray(9)).right, 0) << "the lower picture does not fall back to other directories";
     }
 }
 
-TEST_F(ImageBrowserTest, DrawsIntoAnyFrameWithAnySettings) {
+TEST_F(ImageBrowserTest, AcceptsExtremeFramesAndSettings) {
     const struct {
         int width;
         int height;

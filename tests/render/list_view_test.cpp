@@ -20,7 +20,7 @@ struct ListLayout {
     std::int32_t page;
     RECT firstLine;
     POINT step; // from line to line
-    LONG edge;  // where the page ends towards the picture, at a quarter turn
+    LONG edge;  // at a quarter turn: where the page ends, on the side of the picture
 };
 
 class ListViewTest : public FrameTest {
@@ -30,7 +30,7 @@ protected:
         settings.statusBarForeColor = statusColor;
     }
 
-    // Lines beside the middle of the frame at 0 and 90, beside the edge of the screen at 180 and -90.
+    // The lines start next to the middle of the frame at 0 and 90 and next to the screen edge at 180 and -90.
     ListLayout layout() const {
         const std::int32_t h = statusBarHeight;
         selectFont(dc, settings.fontFace, settings.fontSize, settings.orientation, 0);
@@ -52,7 +52,7 @@ protected:
     }
 };
 
-TEST_F(ListViewTest, KeepsAllTitlesAndTheBarInTheLowerLeftQuarter) {
+TEST_F(ListViewTest, KeepsTitlesAndHighlightBarInTheLowerLeftQuarter) {
     title = "Game";
     setGames(250);
     settings.fontColor = 0x00FFFF;
@@ -88,10 +88,10 @@ TEST_F(ListViewTest, KeepsAllTitlesAndTheBarInTheLowerLeftQuarter) {
     }
 }
 
-TEST_F(ListViewTest, TitlesBeginInOneColumnHoweverLongTheyAre) {
+TEST_F(ListViewTest, StartsAllTitlesInOneColumn) {
     for (const std::int32_t rotation : {0, 90, 180, -90}) {
         settings.orientation = rotation;
-        LONG beginnings[2];
+        LONG starts[2];
         for (const bool isLong : {false, true}) {
             title = isLong ? "H" + std::string(40, 'H') : "H";
             setGames(25);
@@ -100,10 +100,10 @@ TEST_F(ListViewTest, TitlesBeginInOneColumnHoweverLongTheyAre) {
             settings.highlightBackColor = paper;
             draw();
             const RECT ink = extentOf(0xFFFFFF);
-            beginnings[isLong] = rotation == 0     ? ink.left
-                                 : rotation == 90  ? ink.top - height / 2
-                                 : rotation == 180 ? width / 2 - ink.right
-                                                   : height - ink.bottom;
+            starts[isLong] = rotation == 0     ? ink.left
+                             : rotation == 90  ? ink.top - height / 2
+                             : rotation == 180 ? width / 2 - ink.right
+                                               : height - ink.bottom;
             const RECT& line = layout().firstLine;
             const bool runsOn = rotation == 0     ? ink.right > line.right + 100
                                 : rotation == 90  ? ink.bottom == height
@@ -111,13 +111,13 @@ TEST_F(ListViewTest, TitlesBeginInOneColumnHoweverLongTheyAre) {
                                                   : ink.top < line.top - 100;
             EXPECT_EQ(runsOn, isLong) << rotation << ": " << ink;
         }
-        EXPECT_EQ(beginnings[0], beginnings[1]) << rotation;
-        EXPECT_GE(beginnings[0], 6) << rotation;
-        EXPECT_LE(beginnings[0], 9) << rotation;
+        EXPECT_EQ(starts[0], starts[1]) << rotation;
+        EXPECT_GE(starts[0], 6) << rotation;
+        EXPECT_LE(starts[0], 9) << rotation;
     }
 }
 
-TEST_F(ListViewTest, APictureGivesWayToTheLinesAndTheStatusBar) {
+TEST_F(ListViewTest, MovesPicturesClearOfLinesAndStatusBar) {
     std::free(settings.flyerDir);
     settings.flyerDir = strdup(".");
     settings.previewPictures = previewFlyers;
@@ -129,7 +129,7 @@ TEST_F(ListViewTest, APictureGivesWayToTheLinesAndTheStatusBar) {
     form.evenColor = 99;
     folder.write("g0.png", pngBytes(form)); // as wide as fits at a quarter turn
     std::swap(form.width, form.height);
-    folder.write("g1.png", pngBytes(form)); // and upside down
+    folder.write("g1.png", pngBytes(form)); // likewise at 180
     for (const std::int32_t listPoints : {8, 9, 10, 11, 12, 18}) {
         settings.fontSize = listPoints;
         for (const std::int32_t statusPoints : {8, 13, 36}) {
@@ -142,7 +142,7 @@ TEST_F(ListViewTest, APictureGivesWayToTheLinesAndTheStatusBar) {
                 const LONG edge = layout().edge;
                 const LONG h = statusBarHeight;
                 const LONG top = (height - h) / 2;
-                const LONG high = height - h - top; // as at 0
+                const LONG high = height - h - top; // same height as at 0
                 if (rotation == 180) {
                     EXPECT_EQ(seen.right - seen.left, 310);
                     EXPECT_EQ(seen.bottom - seen.top, 155);
@@ -150,15 +150,15 @@ TEST_F(ListViewTest, APictureGivesWayToTheLinesAndTheStatusBar) {
                     EXPECT_NEAR(seen.top + seen.bottom, 2 * top + high, 2);
                     continue;
                 }
-                const bool right = rotation == -90; // the side of the bar
-                const LONG left = right ? std::min<LONG>(325, width - h - 310)
-                                        : std::min<LONG>(std::max<LONG>(325, edge), 330);
+                const bool barIsRight = rotation == -90;
+                const LONG left = barIsRight ? std::min<LONG>(325, width - h - 310)
+                                             : std::min<LONG>(std::max<LONG>(325, edge), 330);
                 EXPECT_EQ(seen.left, std::max(left, edge)) << rotation << ": " << h;
                 EXPECT_EQ(seen.right, left + 310) << rotation;
                 EXPECT_EQ(seen.bottom - seen.top, 155);
                 EXPECT_NEAR(seen.top + seen.bottom, 2 * top + high, 2) << rotation;
                 EXPECT_TRUE(h > 20 || seen.right - seen.left == 310)
-                    << "there is room for lines, picture and bar";
+                    << "the picture is covered although there is enough space";
             }
         }
     }
@@ -168,7 +168,7 @@ TEST_F(ListViewTest, APictureGivesWayToTheLinesAndTheStatusBar) {
     folder.write("cabinets/g2.png", pngBytes(form));
     selectedIndex = 2;
     draw();
-    EXPECT_EQ(extentOf(0x636363).right, 0) << "only the directory of the setting counts";
+    EXPECT_EQ(extentOf(0x636363).right, 0) << "the list view uses another directory than the setting's";
 }
 
 } // namespace

@@ -45,7 +45,7 @@ protected:
         freeSettings();
     }
 
-    // A picture that is all of one gray.
+    // Writes a picture of one gray level.
     void addArt(const std::string& path, int gray, int width = 4, int height = 4) const {
         PngForm form{PNG_COLOR_TYPE_PALETTE, 8};
         form.width = width;
@@ -56,7 +56,7 @@ protected:
 
     void clear() const { surface().fill({0, 0, 400, 300}, pixelOf(paper)); }
 
-    // The rectangle of everything drawn.
+    // The bounding rectangle of everything drawn.
     RECT drawn() const {
         RECT extent{400, 300, 0, 0};
         for (int i = 0; i < 400 * 300; ++i) {
@@ -123,7 +123,7 @@ TEST_F(PicturesTest, SearchOrder) {
     }
 }
 
-TEST_F(PicturesTest, WhatCannotBeShownLeavesItsPlace) {
+TEST_F(PicturesTest, DrawsNothingForUnusableFiles) {
     folder.write("marquee/clone.png", "no picture");
     std::filesystem::create_directory("title/clone.png");
     const RECT place{100, 100, 200, 200};
@@ -139,7 +139,7 @@ TEST_F(PicturesTest, WhatCannotBeShownLeavesItsPlace) {
     EXPECT_EQ(liveObjectCount(), objects);
 }
 
-TEST_F(PicturesTest, TurningMovesEveryPixel) {
+TEST_F(PicturesTest, TurnsEveryPixel) {
     for (const int depth : {1, 4, 8, 24}) {
         for (const int rotation : {0, 90, -90, 180}) {
             for (const SIZE size : {SIZE{1, 1}, SIZE{1, 37}, SIZE{70, 35}, SIZE{33, 1}}) {
@@ -185,9 +185,8 @@ TEST_F(PicturesTest, TurningMovesEveryPixel) {
     }
 }
 
-// A picture of 35 MB is stretched before it is turned, and looks the same: all that the order may change is
-// the rounding.
-TEST_F(PicturesTest, ALargePictureIsTurnedLikeAnyOther) {
+// A picture of 35 MB is stretched before it is turned. The order may only affect the rounding.
+TEST_F(PicturesTest, TurnsLargePicturesLikeOthers) {
     PngForm form;
     form.width = form.height = 3400;
     form.grain = 50;
@@ -222,12 +221,12 @@ TEST_F(PicturesTest, ALargePictureIsTurnedLikeAnyOther) {
     folder.write("snap/clone.png", folder.read("marquee/clone.png"));
     clear();
     const RECT centre = rectAsRead({0, 0, 400, 300}, {200, 150, 200, 150});
-    const TurnedPlace inTheMiddle{{0, 0, 400, 300}, {centre.left, centre.top}, {0, 0, 400, 400}};
+    const PicturePlacement inTheMiddle{{0, 0, 400, 300}, {centre.left, centre.top}, {0, 0, 400, 400}};
     EXPECT_EQ(drawPreviewPicture(dc, &game, &area, settings.snapshotDir, 0, inTheMiddle), 1);
     expectRect(drawn(), {150, 100, 250, 200});
 }
 
-TEST_F(PicturesTest, BannerAndTileFillTheirPlaces) {
+TEST_F(PicturesTest, FillsTheRectanglesOfBannerAndTile) {
     addArt("marquee/clone.png", 50, 30, 20);
     for (const int rotation : {0, 90, -90, 180}) {
         settings.orientation = rotation;
@@ -241,16 +240,16 @@ TEST_F(PicturesTest, BannerAndTileFillTheirPlaces) {
     }
 }
 
-TEST_F(PicturesTest, PreviewKeepsItsProportions) {
+TEST_F(PicturesTest, KeepsTheAspectRatioOfPreviews) {
     struct Case {
         int rotation;
         SIZE size;
         RECT wanted;
     };
     const Case cases[] = {
-        {0, {80, 40}, {215, 177, 400, 272}},   // by its width, cut off by the frame's edge
-        {0, {40, 80}, {272, 150, 347, 300}},   // by its height
-        {0, {190, 150}, {215, 150, 400, 300}}, // by both
+        {0, {80, 40}, {215, 177, 400, 272}},   // limited by the width; clipped at the edge of the frame
+        {0, {40, 80}, {272, 150, 347, 300}},   // limited by the height
+        {0, {190, 150}, {215, 150, 400, 300}}, // limited by both
         {90, {80, 40}, {262, 150, 337, 300}},  // turned, centred on a point
         {-90, {40, 80}, {205, 177, 395, 272}}, {180, {80, 40}, {205, 177, 395, 272}},
     };
@@ -258,15 +257,15 @@ TEST_F(PicturesTest, PreviewKeepsItsProportions) {
     for (const Case& one : cases) {
         settings.orientation = one.rotation;
         const RECT centre = rectAsRead({0, 0, 400, 300}, {300, 225, 300, 225});
-        const TurnedPlace place{{0, 0, 400, 300}, {centre.left, centre.top}, {0, 0, 400, 400}};
+        const PicturePlacement placement{{0, 0, 400, 300}, {centre.left, centre.top}, {0, 0, 400, 400}};
         addArt("flyer/clone.png", 50, one.size.cx, one.size.cy);
         clear();
-        EXPECT_EQ(drawPreviewPicture(dc, &game, &quarter, settings.flyerDir, 0, place), 1);
+        EXPECT_EQ(drawPreviewPicture(dc, &game, &quarter, settings.flyerDir, 0, placement), 1);
         expectRect(drawn(), one.wanted);
     }
 }
 
-TEST_F(PicturesTest, DirectoryOfThePreviews) {
+TEST_F(PicturesTest, SelectsTheDirectoryOfPreviews) {
     const char* const wanted[] = {"cabinet", "snap", "flyer", "title", "flyer"};
     for (std::int32_t choice = 0; choice < 5; ++choice) {
         settings.previewPictures = choice;

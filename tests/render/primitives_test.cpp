@@ -16,7 +16,7 @@ protected:
     HDC dc;
 };
 
-TEST_F(PrimitivesTest, MeasuresAlikeAtEveryRotation) {
+TEST_F(PrimitivesTest, MeasuresTextEquallyAtEveryRotation) {
     ASSERT_EQ(selectFont(dc, "Arial", 18, 0, 0), 1);
     const std::int32_t height = textHeight(dc);
     const std::int32_t width = textWidth(dc, "Some Game (set 1)");
@@ -29,10 +29,10 @@ TEST_F(PrimitivesTest, MeasuresAlikeAtEveryRotation) {
     }
     EXPECT_EQ(textWidth(dc, ""), 0);
     selectFont(dc, "Arial", 18, 0, 1);
-    EXPECT_NE(textWidth(dc, "Some Game (set 1)"), width) << "emphasis is another font";
+    EXPECT_NE(textWidth(dc, "Some Game (set 1)"), width) << "emphasis has no effect";
 }
 
-TEST_F(PrimitivesTest, HoldsOneFontAtATimeHoweverItIsNamed) {
+TEST_F(PrimitivesTest, SelectsFontsWithAnyFaceName) {
     const HGDIOBJ before = SelectObject(dc, CreateFontIndirectA(std::make_unique<LOGFONTA>().get()));
     ASSERT_NE(before, nullptr);
     for (const std::string& face :
@@ -40,15 +40,15 @@ TEST_F(PrimitivesTest, HoldsOneFontAtATimeHoweverItIsNamed) {
         ASSERT_EQ(selectFont(dc, face.c_str(), 12, 0, 0), 1) << face;
         EXPECT_GT(textHeight(dc), 0);
     }
-    LOGFONTA absurd{};
-    absurd.lfHeight = -5000;
-    EXPECT_EQ(CreateFontIndirectA(&absurd), nullptr);
+    LOGFONTA tooLarge{};
+    tooLarge.lfHeight = -5000;
+    EXPECT_EQ(CreateFontIndirectA(&tooLarge), nullptr);
     const std::int32_t height = textHeight(dc);
     EXPECT_EQ(selectFont(dc, "Arial", 10000, 0, 0), 0);
-    EXPECT_EQ(textHeight(dc), height) << "the former font stays";
+    EXPECT_EQ(textHeight(dc), height) << "the previous font is not selected any more";
 }
 
-TEST_F(PrimitivesTest, CountsLinesAndTilesAlongTheTurnedSide) {
+TEST_F(PrimitivesTest, CountsLinesAndTilesAsRead) {
     selectFont(dc, "Arial", 18, 0, 0);
     const std::int32_t line = textHeight(dc);
     settings.previewModeSpacer = 20;
@@ -61,14 +61,14 @@ TEST_F(PrimitivesTest, CountsLinesAndTilesAlongTheTurnedSide) {
         settings.orientation = row.rotation;
         EXPECT_EQ(linesThatFit(dc, 640, 460, 40), (row.side - 40) / line) << row.rotation;
         EXPECT_EQ(tileRows(640, 460, 40), (row.side - 60) / 104) << row.rotation;
-        EXPECT_LT(linesThatFit(dc, 640, 460, 5000), 0) << "no floor here";
+        EXPECT_LT(linesThatFit(dc, 640, 460, 5000), 0) << "the result is clamped";
     }
     settings.previewModeSpacer = 0;
     settings.previewModeHeight = 0;
-    EXPECT_EQ(tileRows(640, 460, 0), 640) << "nothing is divided by zero";
+    EXPECT_EQ(tileRows(640, 460, 0), 640) << "division by zero";
 }
 
-TEST_F(PrimitivesTest, TurnsPointsAndFindsWhereTextBegins) {
+TEST_F(PrimitivesTest, RotatesPointsAndTextOrigins) {
     const RECT rect{10, 20, 110, 220};
     const struct {
         std::int32_t rotation;

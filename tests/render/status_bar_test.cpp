@@ -18,7 +18,7 @@ protected:
     }
 };
 
-TEST_F(StatusBarTest, NamesTheGameAndThePosition) {
+TEST_F(StatusBarTest, ShowsTheGameAndThePosition) {
     char vector[] = "vector";
     char capital[] = "Raster";
     const struct {

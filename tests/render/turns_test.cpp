@@ -5,8 +5,8 @@
 
 namespace {
 
-TEST(Turns, MapRectanglesThereAndBack) {
-    const RECT room{10, 20, 110, 70};
+TEST(Turns, MapsRectanglesInBothDirections) {
+    const RECT area{10, 20, 110, 70};
     const struct {
         std::int32_t rotation;
         SIZE size;
@@ -17,30 +17,30 @@ TEST(Turns, MapRectanglesThereAndBack) {
                 {-90, {50, 100}, {12, 39, 16, 69}}};
     for (const auto& row : rows) {
         settings.orientation = row.rotation;
-        EXPECT_EQ(sizeAsRead(room).cx, row.size.cx) << row.rotation;
-        EXPECT_EQ(sizeAsRead(room).cy, row.size.cy) << row.rotation;
+        EXPECT_EQ(sizeAsRead(area).cx, row.size.cx) << row.rotation;
+        EXPECT_EQ(sizeAsRead(area).cy, row.size.cy) << row.rotation;
         const RECT read{1, 2, 31, 6};
-        EXPECT_EQ(turnedRect(room, read), row.turned) << row.rotation;
-        EXPECT_EQ(rectAsRead(room, row.turned), read) << row.rotation;
+        EXPECT_EQ(turnedRect(area, read), row.turned) << row.rotation;
+        EXPECT_EQ(rectAsRead(area, row.turned), read) << row.rotation;
     }
 }
 
-TEST(Turns, PlacePicturesWithinTheirBounds) {
-    const RECT room{10, 20, 210, 120};
+TEST(Turns, PlacesPicturesWithinTheirBounds) {
+    const RECT area{10, 20, 210, 120};
     const struct {
         POINT centre;
-        SIZE size; // in the frame, which is turned to the right
+        SIZE size; // in frame coordinates, at rotation 90
         RECT placed;
     } rows[] = {
         {{50, 100}, {21, 11}, {99, 65, 120, 76}},
         {{50, 0}, {20, 10}, {160, 65, 180, 75}},    // moved down to the upper bound
-        {{500, 500}, {20, 10}, {50, 95, 70, 105}},  // moved back to the two others
+        {{500, 500}, {20, 10}, {50, 95, 70, 105}},  // moved to the lower right bounds
         {{50, 100}, {150, 10}, {30, 65, 180, 75}},  // higher than the bounds
-        {{50, 100}, {20, 90}, {100, 25, 120, 115}}, // longer than a line
+        {{50, 100}, {20, 90}, {100, 25, 120, 115}}, // wider than the bounds
     };
     settings.orientation = 90;
     for (const auto& row : rows) {
-        EXPECT_EQ(placeTurned({room, row.centre, {5, 30, 85, 160}}, row.size), row.placed) << row.centre.x;
+        EXPECT_EQ(placePicture({area, row.centre, {5, 30, 85, 160}}, row.size), row.placed) << row.centre.x;
     }
 }
 
