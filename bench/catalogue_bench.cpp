@@ -9,6 +9,7 @@
 #include "config/settings.h"
 #include "large_cabinet.h"
 #include "platform/files.h"
+#include "platform/text_file.h"
 #include "support/temporary_folder.h"
 
 #include <benchmark/benchmark.h>

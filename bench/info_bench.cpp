@@ -4,7 +4,7 @@
 #include "catalogue/game_info.h"
 #include "config/settings.h"
 #include "large_cabinet.h"
-#include "platform/files.h"
+#include "platform/text_file.h"
 #include "support/temporary_folder.h"
 
 #include <benchmark/benchmark.h>

@@ -3,8 +3,10 @@
 // the processor time in place of a computed one of 640x480 at 60 pictures a second.
 #include "avi_writer.h"
 #include "platform/clock.h"
-#include "platform/display/display.h"
 #include "platform/media.h"
+#include "platform/messages.h"
+#include "platform/painting.h"
+#include "platform/test_access.h"
 #include "platform/window.h"
 #include "sounds.h"
 
@@ -113,7 +115,7 @@ void soak(HWND parent, const std::vector<std::string>& files, int steps) {
 
 // Pixels of a grid over the movie that tell one picture from the next.
 std::uint64_t lookAtMovie() {
-    const DisplayPixels screen = displayPixels();
+    const ScreenPixels screen = screenPixels();
     std::uint64_t sum = 0;
     for (int y = 20; y < 480; y += 8) {
         for (int x = 20; x < 640; x += 8) {

@@ -4,7 +4,8 @@
 #include "config/settings.h"
 #include "overlays/menu_model.h"
 #include "overlays/options_menu.h"
-#include "platform/display/display.h"
+#include "platform/messages.h"
+#include "platform/test_access.h"
 #include "platform/window.h"
 #include "support/temporary_folder.h"
 
@@ -71,7 +72,7 @@ int main(int argc, char** argv) {
     setenv("SDL_VIDEODRIVER", "dummy", 1);
     const TemporaryFolder folder;
     makeFonts(folder);
-    displaySetSize(1280, 1024);
+    setScreenSize(1280, 1024);
     iniPath = "missing.ini";
     loadSettings();
     WNDCLASSA windowClass{};

@@ -3,7 +3,7 @@
 #include "catalogue/game_catalogue.h"
 #include "config/settings.h"
 #include "platform/diagnostics.h"
-#include "platform/files.h"
+#include "platform/text_file.h"
 
 #include <algorithm>
 #include <cstdlib>

@@ -8,8 +8,8 @@
 #include "overlays/message_window.h"
 #include "platform/clock.h"
 #include "platform/diagnostics.h"
-#include "platform/files.h"
 #include "platform/screen.h"
+#include "platform/text_file.h"
 
 #include <cstdio>
 #include <optional>

@@ -13,6 +13,8 @@
 #include "input/sounds.h"
 #include "overlays/message_window.h"
 #include "platform/keys.h"
+#include "platform/messages.h"
+#include "platform/painting.h"
 #include "platform/sound.h"
 #include "platform/window.h"
 #include "render/composition.h"

@@ -4,7 +4,7 @@
 #include "app/window_state.h"
 #include "core/commands.h"
 #include "platform/clock.h"
-#include "platform/window.h"
+#include "platform/messages.h"
 
 int runMainLoop() {
     TickClock clock(mainWindow);

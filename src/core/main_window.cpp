@@ -3,7 +3,11 @@
 #include "app/window_state.h"
 #include "catalogue/selection.h"
 #include "config/settings.h"
+#include "platform/device_contexts.h"
 #include "platform/drawing.h"
+#include "platform/drawing_objects.h"
+#include "platform/messages.h"
+#include "platform/painting.h"
 #include "platform/screen.h"
 #include "platform/window.h"
 

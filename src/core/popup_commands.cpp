@@ -9,7 +9,7 @@
 #include "overlays/message_window.h"
 #include "overlays/options_menu.h"
 #include "platform/clock.h"
-#include "platform/window.h"
+#include "platform/painting.h"
 #include "render/composition.h"
 
 #include <algorithm>

@@ -8,9 +8,10 @@
 #include "overlays/message_window.h"
 #include "platform/clock.h"
 #include "platform/media.h"
+#include "platform/messages.h"
+#include "platform/painting.h"
 #include "platform/screen.h"
 #include "platform/sound.h"
-#include "platform/window.h"
 #include "render/attract_movie.h"
 
 #include <string>

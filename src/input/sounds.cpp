@@ -4,6 +4,7 @@
 #include "app/media_window.h"
 #include "config/settings.h"
 #include "platform/media.h"
+#include "platform/messages.h"
 #include "platform/sound.h"
 #include "platform/window.h"
 

@@ -6,6 +6,7 @@
 #include "platform/clock.h"
 #include "platform/files.h"
 #include "platform/keys.h"
+#include "platform/message_box.h"
 #include "platform/module.h"
 #include "platform/window.h"
 

@@ -7,8 +7,11 @@
 #include "input/mapped_controls.h"
 #include "overlays/popup_window.h"
 #include "overlays/word_wrap.h"
+#include "platform/device_contexts.h"
 #include "platform/diagnostics.h"
-#include "platform/drawing.h"
+#include "platform/messages.h"
+#include "platform/painting.h"
+#include "platform/window.h"
 #include "render/primitives.h"
 
 #include <algorithm>

@@ -7,7 +7,11 @@
 #include "input/mapped_controls.h"
 #include "overlays/popup_window.h"
 #include "platform/clock.h"
-#include "platform/drawing.h"
+#include "platform/device_contexts.h"
+#include "platform/message_box.h"
+#include "platform/messages.h"
+#include "platform/painting.h"
+#include "platform/window.h"
 #include "render/primitives.h"
 
 #include <algorithm>

@@ -1,7 +1,14 @@
 #include "overlays/popup_window.h"
 
 #include "app/window_state.h"
+#include "platform/clock.h"
+#include "platform/device_contexts.h"
 #include "platform/drawing.h"
+#include "platform/drawing_objects.h"
+#include "platform/message_box.h"
+#include "platform/messages.h"
+#include "platform/painting.h"
+#include "platform/window.h"
 
 ATOM registerPopupClass(LPCSTR className, LPCSTR menuName, WNDPROC procedure) {
     WNDCLASSA windowClass{};

@@ -1,6 +1,6 @@
-// Files and folders: search, raw files for redirected streams, text files and binary ones. Called by the
-// catalogue, the process runner and the PNG reader. In a path `\` and `/` both separate; otherwise a file
-// name keeps its bytes and case.
+// Files and folders: search, raw files for redirected streams, binary files. Called by the catalogue, the
+// process runner and the PNG reader. In a path `\` and `/` both separate; otherwise a file name keeps its
+// bytes and case. Text files are opened by text_file.h, ini files read by profile.h.
 #pragma once
 
 #include "platform/types.h"
@@ -44,12 +44,6 @@ HANDLE CreateFileA(LPCSTR path, DWORD access, DWORD shareMode, SECURITY_ATTRIBUT
 
 // Closes a file, process or thread handle. FALSE when there is no such handle.
 BOOL CloseHandle(HANDLE handle);
-
-// Opens a text file for reading: each line end, CR LF or LF, is read as one new-line; a file that starts with
-// a UTF-8 byte order mark, or whose first byte beyond ASCII begins a character of UTF-8, is converted to code
-// page 1252, without the mark. For fgets, feof and fclose only. Null when it cannot be opened or is no plain
-// file.
-FILE* openTextFile(LPCSTR path);
 
 // Opens a plain file for reading its bytes, without ever waiting; for fclose and whatever reads a stream.
 // Null when it cannot be opened or is a directory, a pipe or a device.

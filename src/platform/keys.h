@@ -3,17 +3,8 @@
 // display; key messages for windows are made from the same events.
 #pragma once
 
+#include "platform/key_codes.h"
 #include "platform/types.h"
-
-constexpr int VK_SHIFT = 16;
-constexpr int VK_CONTROL = 17;
-constexpr int VK_MENU = 18;
-constexpr int VK_ESCAPE = 27;
-constexpr int VK_SPACE = 32;
-constexpr int VK_LEFT = 37;
-constexpr int VK_UP = 38;
-constexpr int VK_RIGHT = 39;
-constexpr int VK_DOWN = 40;
 
 constexpr DWORD KEYEVENTF_KEYUP = 0x0002;
 

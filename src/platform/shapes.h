@@ -1,9 +1,9 @@
 // Pens, hollow brushes and the outlines that they draw. Called by the
 // image browser for the ring around the selected tile. Pens and brushes
-// are objects of drawing.h: selected, replaced and deleted as those.
+// are selected by device_contexts.h and deleted by drawing_objects.h.
 #pragma once
 
-#include "platform/drawing.h"
+#include "platform/types.h"
 
 constexpr int PS_SOLID = 0;
 constexpr UINT BS_SOLID = 0;

@@ -3,7 +3,7 @@
 // that reduces and enlarges stands in resample.h.
 #pragma once
 
-#include "platform/drawing.h"
+#include "platform/types.h"
 
 constexpr DWORD BI_RGB = 0;
 constexpr UINT DIB_RGB_COLORS = 0;

@@ -3,25 +3,8 @@
 // becomes glyphs here only; one line at a time, without shaping.
 #pragma once
 
+#include "platform/logical_font.h"
 #include "platform/types.h"
-
-struct LOGFONTA {
-    LONG lfHeight;      // negative: the em height in pixels; positive: the cell height; 0: a default size
-    LONG lfWidth;       // not used
-    LONG lfEscapement;  // tenths of a degree, counter-clockwise; rounded to a quarter turn
-    LONG lfOrientation; // not used: glyphs always follow the escapement
-    LONG lfWeight;      // 0 for any, 400 regular, 700 bold, 800 extra bold
-    BYTE lfItalic;
-    BYTE lfUnderline;
-    BYTE lfStrikeOut;
-    BYTE lfCharSet;
-    BYTE lfOutPrecision;
-    BYTE lfClipPrecision;
-    BYTE lfQuality;
-    BYTE lfPitchAndFamily;
-    char lfFaceName[32];
-};
-static_assert(sizeof(LOGFONTA) == 60);
 
 // The documented record; tmHeight, tmAscent, tmDescent, tmInternalLeading, tmExternalLeading and tmWeight are
 // filled, the rest is 0.

@@ -1,7 +1,7 @@
-// Window classes, windows, messages, focus and painting: a small compositor. Platform windows are software
-// surfaces with a z-order, composed onto the one display window. Called by the main window, its loop and the
-// overlay windows. Sent messages arrive before the sending call returns; posted ones through the queue.
-// Everything here belongs to the one thread of the program.
+// Window classes and windows: their making and end, place, size and order. Platform windows are software
+// surfaces, composed onto the one display window. Called by the main window and the overlay windows. Sent
+// messages arrive before the sending call returns. Everything here belongs to the one thread of the program.
+// Messages stand in messages.h, what is drawn into a window in painting.h.
 #pragma once
 
 #include "platform/types.h"
@@ -21,39 +21,6 @@ struct WNDCLASSA {
     LPCSTR lpszClassName;
 };
 
-struct MSG {
-    HWND hwnd;
-    UINT message;
-    WPARAM wParam;
-    LPARAM lParam;
-    DWORD time; // milliseconds of the performance counter
-    POINT pt;   // always (0, 0): the front end has no pointer
-};
-
-struct PAINTSTRUCT {
-    HDC hdc;
-    BOOL fErase;
-    RECT rcPaint;
-    BOOL fRestore;
-    BOOL fIncUpdate;
-    BYTE rgbReserved[32];
-};
-
-constexpr UINT WM_NULL = 0x0000;
-constexpr UINT WM_CREATE = 0x0001;
-constexpr UINT WM_DESTROY = 0x0002;
-constexpr UINT WM_SIZE = 0x0005;
-constexpr UINT WM_SETFOCUS = 0x0007;
-constexpr UINT WM_KILLFOCUS = 0x0008;
-constexpr UINT WM_PAINT = 0x000F;
-constexpr UINT WM_CLOSE = 0x0010;
-constexpr UINT WM_QUIT = 0x0012;
-constexpr UINT WM_ERASEBKGND = 0x0014;
-constexpr UINT WM_ENDSESSION = 0x0016;
-constexpr UINT WM_NCCREATE = 0x0081;
-constexpr UINT WM_KEYDOWN = 0x0100;
-constexpr UINT WM_KEYUP = 0x0101;
-
 constexpr UINT CS_VREDRAW = 0x0001;
 constexpr UINT CS_HREDRAW = 0x0002;
 
@@ -67,14 +34,6 @@ constexpr int SW_HIDE = 0;
 constexpr int SW_MAXIMIZE = 3;
 constexpr int SW_SHOW = 5;
 constexpr int SW_SHOWDEFAULT = 10;
-
-constexpr WPARAM SIZE_RESTORED = 0;
-constexpr WPARAM SIZE_MAXIMIZED = 2;
-
-constexpr UINT PM_NOREMOVE = 0;
-
-constexpr UINT MB_OK = 0;
-constexpr int IDOK = 1;
 
 inline const LPCSTR IDI_APPLICATION = reinterpret_cast<LPCSTR>(static_cast<std::uintptr_t>(32512));
 inline const LPCSTR IDC_ARROW = reinterpret_cast<LPCSTR>(static_cast<std::uintptr_t>(32512));
@@ -137,63 +96,3 @@ BOOL GetClientRect(HWND window, RECT* rect);
 
 // The outer rectangle in screen pixels. FALSE and no change when there is no such window.
 BOOL GetWindowRect(HWND window, RECT* rect);
-
-// --- Messages ---
-
-// Answers a message as the platform does for a window that does not care: WM_CLOSE destroys the window,
-// WM_PAINT validates it, WM_ERASEBKGND fills it with the class's brush, WM_NCCREATE gives TRUE; anything else
-// gives 0.
-LRESULT DefWindowProcA(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
-
-// Looks for the next message without taking it (PM_NOREMOVE is the one flag served): TRUE and the message
-// when one waits. The order is posted messages, a quit, input, then WM_PAINT for an invalid window, which
-// goes before the repeats of a held key. The repeats that wait are one message, with their number in the low
-// word of lParam. While the program is asked to end from outside (a signal, a close by the window system, a
-// lost display), WM_CLOSE for the main window goes before all of them; that window has been sent
-// WM_ENDSESSION, once and wherever the thread was waiting. The display's events are drained and what has
-// changed on the screen is shown. A loop that does nothing but poll is paced like one that calls Sleep(1);
-// one that takes messages, reads controls or asks about a window's client area in between is not held up.
-// window must be null and both filters 0.
-BOOL PeekMessageA(MSG* message, HWND window, UINT filterMin, UINT filterMax, UINT flags);
-
-// Takes the next message, waiting for one when there is none. 0 for WM_QUIT, else 1.
-BOOL GetMessageA(MSG* message, HWND window, UINT filterMin, UINT filterMax);
-
-// No window of this layer takes characters: always FALSE, and no message is made.
-BOOL TranslateMessage(const MSG* message);
-
-// Calls the window procedure of the message's window and gives its result; 0 when the window is gone.
-LRESULT DispatchMessageA(const MSG* message);
-
-// Calls the window procedure at once and gives its result; 0 without effect for a window that does not exist.
-LRESULT SendMessageA(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
-
-// Makes WM_QUIT with the given wParam wait behind the posted messages. It is delivered once.
-void PostQuitMessage(int exitCode);
-
-// --- Painting ---
-
-// Marks the whole window for a paint (a null rect; parts are not kept). With erase the background is filled
-// first.
-BOOL InvalidateRect(HWND window, const RECT* rect, BOOL erase);
-
-// Sends WM_PAINT now when the window is visible and invalid, else does nothing.
-BOOL UpdateWindow(HWND window);
-
-// Validates the window, sends WM_ERASEBKGND when an erase is due, and gives a device context for the client
-// area, which lives to EndPaint. EndPaint shows the new picture on the display at once.
-HDC BeginPaint(HWND window, PAINTSTRUCT* paint);
-BOOL EndPaint(HWND window, const PAINTSTRUCT* paint);
-
-// A device context for the client area, held until ReleaseDC (1 on success) or the end of the window. What is
-// drawn into it shows with the next paint, message look-up or wait.
-HDC GetDC(HWND window);
-int ReleaseDC(HWND window, HDC dc);
-
-// --- Message box ---
-
-// Shows a text in a modal box above everything and returns IDOK when it is left with Enter, Escape, Space, a
-// mouse button or a joystick button, or when the program is asked to close. The text also goes to standard
-// error. On a display that nobody can see or answer (no real screen) it returns at once. owner and title may
-// be null; only MB_OK is served. Messages are not dispatched meanwhile.
-int MessageBoxA(HWND owner, LPCSTR text, LPCSTR title, UINT type);

@@ -5,6 +5,7 @@
 #include "catalogue/visible_games.h"
 #include "config/settings.h"
 #include "platform/drawing.h"
+#include "platform/drawing_objects.h"
 #include "platform/window.h"
 #include "render/attract_movie.h"
 #include "render/image_browser.h"

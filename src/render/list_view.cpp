@@ -3,7 +3,7 @@
 #include "catalogue/selection.h"
 #include "catalogue/visible_games.h"
 #include "config/settings.h"
-#include "platform/drawing.h"
+#include "platform/device_contexts.h"
 #include "render/attract_movie.h"
 #include "render/page.h"
 #include "render/pictures.h"

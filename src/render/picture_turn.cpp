@@ -1,6 +1,9 @@
 #include "render/picture_turn.h"
 
 #include "config/settings.h"
+#include "platform/device_contexts.h"
+#include "platform/drawing.h"
+#include "platform/drawing_objects.h"
 #include "platform/memory.h"
 #include "render/primitives.h"
 

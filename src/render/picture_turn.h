@@ -2,7 +2,6 @@
 // large to be turned in full size. Called by pictures.cpp, which stretches the result onto the frame.
 #pragma once
 
-#include "platform/drawing.h"
 #include "png/png_dib.h"
 
 // Does nothing at rotation 0. Otherwise sets `pixels` to a separate block, which the caller frees with

@@ -2,6 +2,7 @@
 
 #include "app/game_files.h"
 #include "config/settings.h"
+#include "platform/drawing.h"
 #include "platform/memory.h"
 #include "png/png_dib.h"
 #include "render/picture_turn.h"

@@ -3,7 +3,10 @@
 #include "app/error_box.h"
 #include "app/window_state.h"
 #include "config/settings.h"
+#include "platform/device_contexts.h"
 #include "platform/drawing.h"
+#include "platform/drawing_objects.h"
+#include "platform/message_box.h"
 #include "platform/text.h"
 #include "platform/window.h"
 

@@ -2,7 +2,7 @@
 
 #include "catalogue/visible_games.h"
 #include "config/settings.h"
-#include "platform/drawing.h"
+#include "platform/device_contexts.h"
 #include "render/primitives.h"
 #include "render/turns.h"
 

@@ -1,7 +1,7 @@
 #include "catalogue/game_info.h"
 
 #include "config/settings.h"
-#include "platform/files.h"
+#include "platform/text_file.h"
 #include "support/game_list.h"
 #include "support/temporary_folder.h"
 

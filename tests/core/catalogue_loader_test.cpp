@@ -4,8 +4,9 @@
 #include "catalogue/game_catalogue.h"
 #include "config/settings.h"
 #include "overlays/message_window.h"
-#include "platform/clock/virtual_clock.h"
-#include "platform/display/display.h"
+#include "platform/messages.h"
+#include "platform/test_access.h"
+#include "platform/virtual_clock.h"
 #include "platform/window.h"
 #include "support/game_list.h"
 #include "support/sdl_events.h"
@@ -18,7 +19,7 @@ namespace {
 class CatalogueLoaderTest : public ::testing::Test {
 protected:
     CatalogueLoaderTest() {
-        displaySetSize(640, 480);
+        setScreenSize(640, 480);
         static char face[] = "Arial";
         settings.fontFace = face;
         settings.fontSize = 12;

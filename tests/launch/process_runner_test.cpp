@@ -1,8 +1,8 @@
 #include "launch/process_runner.h"
 
-#include "platform/clock/virtual_clock.h"
 #include "platform/keys.h"
 #include "platform/screen.h"
+#include "platform/virtual_clock.h"
 #include "support/sdl_events.h"
 #include "support/temporary_folder.h"
 

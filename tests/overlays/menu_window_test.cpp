@@ -1,6 +1,10 @@
 #include "overlays/menu_window.h"
 
-#include "platform/drawing.h"
+#include "platform/device_contexts.h"
+#include "platform/drawing_objects.h"
+#include "platform/messages.h"
+#include "platform/test_access.h"
+#include "platform/window.h"
 #include "render/primitives.h"
 #include "support/popup_fixture.h"
 
@@ -38,7 +42,7 @@ protected:
 
     // The rectangle of the menu, found by the colour of its background.
     static RECT menuRect() {
-        const DisplayPixels screen = displayPixels();
+        const ScreenPixels screen = screenPixels();
         RECT rect{screen.width, screen.height, 0, 0};
         for (int y = 0; y < screen.height; ++y) {
             for (int x = 0; x < screen.width; ++x) {

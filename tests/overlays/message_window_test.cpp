@@ -1,8 +1,9 @@
 #include "overlays/message_window.h"
 
 #include "config/settings.h"
-#include "platform/display/display.h"
-#include "platform/drawing.h"
+#include "platform/device_contexts.h"
+#include "platform/messages.h"
+#include "platform/test_access.h"
 #include "platform/window.h"
 #include "render/primitives.h"
 
@@ -26,7 +27,7 @@ struct Extent {
 class MessageWindowTest : public ::testing::Test {
 protected:
     void SetUp() override {
-        displaySetSize(640, 480);
+        setScreenSize(640, 480);
         char empty[] = "missing.ini";
         iniPath = empty;
         loadSettings();
@@ -41,7 +42,7 @@ protected:
     void TearDown() override { hideMessage(); }
 
     static Extent extentOf(bool (*counts)(std::uint32_t)) {
-        const DisplayPixels screen = displayPixels();
+        const ScreenPixels screen = screenPixels();
         Extent extent;
         for (int y = 0; y < screen.height; ++y) {
             for (int x = 0; x < screen.width; ++x) {
@@ -114,7 +115,7 @@ TEST_F(MessageWindowTest, ReplacesTheTextInTheSameBox) {
     showMessage("uuuu"); // as wide as the text before
     const Extent second = inkExtent();
     EXPECT_EQ(first.right - first.left, second.right - second.left);
-    const DisplayPixels screen = displayPixels();
+    const ScreenPixels screen = screenPixels();
     int inkAtTop = 0;
     for (int x = second.left; x < second.right; ++x) {
         inkAtTop += (screen.pixels[second.top * screen.stride + x] & 0xFF) > 0xA0 ? 1 : 0;
@@ -124,7 +125,7 @@ TEST_F(MessageWindowTest, ReplacesTheTextInTheSameBox) {
     hideMessage();
     MSG message{};
     PeekMessageA(&message, nullptr, 0, 0, PM_NOREMOVE);
-    EXPECT_EQ(displayPixels().pixels[240 * 640 + 320], 0U) << "gone from the picture";
+    EXPECT_EQ(screenPixels().pixels[240 * 640 + 320], 0U) << "gone from the picture";
     for (int round = 0; round < 20; ++round) {
         showMessage("");
         EXPECT_EQ(boxExtent().right - boxExtent().left, 30);

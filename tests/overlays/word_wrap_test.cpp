@@ -1,6 +1,7 @@
 #include "overlays/word_wrap.h"
 
-#include "platform/drawing.h"
+#include "platform/device_contexts.h"
+#include "platform/window.h"
 #include "render/primitives.h"
 #include "support/popup_fixture.h"
 

@@ -3,6 +3,7 @@
 #include "app/window_state.h"
 #include "config/settings.h"
 #include "platform/media.h"
+#include "platform/messages.h"
 #include "platform/window.h"
 #include "support/movie_files.h"
 #include "support/temporary_folder.h"

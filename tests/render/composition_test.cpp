@@ -1,5 +1,7 @@
 #include "render/composition.h"
 
+#include "platform/test_access.h"
+#include "platform/window.h"
 #include "render/attract_movie.h"
 #include "render/page.h"
 #include "render/primitives.h"
@@ -53,7 +55,7 @@ TEST_F(CompositionTest, DrawsTheHighlightBarUnderTheSelectedLine) {
     draw();
     int ink = 0;
     for (LONG x = 6; x < 100; ++x) {
-        ink += pixelAt(x, top + line / 2) != pixelOf(barColor) ? 1 : 0;
+        ink += pixelAt(x, top + line / 2) != pixelOfColor(barColor) ? 1 : 0;
     }
     EXPECT_GT(ink, 20) << "no title on the bar";
 }
@@ -152,7 +154,7 @@ TEST_F(CompositionTest, DrawsOnlyTheBackgroundOfAnEmptyView) {
     settings.menuType = menuTypeImageBrowser;
     settings.previewBackgroundColor = 0x123456;
     draw();
-    EXPECT_EQ(pixelAt(1, 1), pixelOf(0x123456));
+    EXPECT_EQ(pixelAt(1, 1), pixelOfColor(0x123456));
 }
 
 TEST_F(CompositionTest, DrawsGamesWithMissingAndVeryLongTexts) {
@@ -171,7 +173,7 @@ TEST_F(CompositionTest, DrawsGamesWithMissingAndVeryLongTexts) {
                           : rotation == 90  ? POINT{middleX, bar.bottom - 2}
                           : rotation == 180 ? POINT{bar.left + 1, middleY}
                                             : POINT{middleX, bar.top + 1};
-        EXPECT_EQ(pixelAt(end.x, end.y), pixelOf(statusColor)) << "the game text shows after the position";
+        EXPECT_EQ(pixelAt(end.x, end.y), pixelOfColor(statusColor)) << "the game text shows after the position";
     }
 }
 

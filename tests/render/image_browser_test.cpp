@@ -1,5 +1,6 @@
 #include "render/image_browser.h"
 
+#include "platform/test_access.h"
 #include "render/page.h"
 #include "render/primitives.h"
 #include "render/status_bar.h"
@@ -105,7 +106,7 @@ TEST_F(ImageBrowserTest, LaysOutTheTiles) {
         EXPECT_NEAR(ring.top, row.first.top - 20, 1) << row.rotation;
         EXPECT_NEAR(ring.right, row.first.right + 20, 1) << row.rotation;
         EXPECT_NEAR(ring.bottom, row.first.bottom + 20, 1) << row.rotation;
-        EXPECT_NE(pixelAt(ring.left + 4, ring.top + 4), pixelOf(ringColor)) << "corner is not round";
+        EXPECT_NE(pixelAt(ring.left + 4, ring.top + 4), pixelOfColor(ringColor)) << "corner is not round";
     }
     resizeFrame(480, 480);
     settings.orientation = 0;

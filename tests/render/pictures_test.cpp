@@ -1,9 +1,10 @@
 #include "render/pictures.h"
 
 #include "config/settings.h"
-#include "platform/drawing/device_context.h"
-#include "platform/drawing/gdi_objects.h"
+#include "platform/device_contexts.h"
+#include "platform/drawing_objects.h"
 #include "platform/memory.h"
+#include "platform/test_access.h"
 #include "render/picture_turn.h"
 #include "support/png_files.h"
 #include "support/temporary_folder.h"
@@ -54,13 +55,13 @@ protected:
         folder.write(path, pngBytes(form));
     }
 
-    void clear() const { surface().fill({0, 0, 400, 300}, pixelOf(paper)); }
+    void clear() const { std::fill_n(pixelRow(dc, 0), 400 * 300, pixelOfColor(paper)); }
 
     // The bounding rectangle of everything drawn.
     RECT drawn() const {
         RECT extent{400, 300, 0, 0};
         for (int i = 0; i < 400 * 300; ++i) {
-            if (surface().row(0)[i] != pixelOf(paper)) {
+            if (pixelRow(dc, 0)[i] != pixelOfColor(paper)) {
                 extent = {std::min(extent.left, i % 400), std::min(extent.top, i / 400),
                           std::max(extent.right, i % 400 + 1), std::max(extent.bottom, i / 400 + 1)};
             }
@@ -74,8 +75,6 @@ protected:
         EXPECT_EQ(rect.right, wanted.right);
         EXPECT_EQ(rect.bottom, wanted.bottom);
     }
-
-    Surface& surface() const { return *findDeviceContext(dc)->surface; }
 
     TemporaryFolder folder;
     char name[6] = "clone";
@@ -107,7 +106,7 @@ TEST_F(PicturesTest, SearchOrder) {
                       1);
             const bool found = i < files.size() && (!preview || fallback == 1 || i < 2);
             const auto wanted = static_cast<std::uint32_t>(0x010101 * (10 + i));
-            EXPECT_EQ(surface().row(150)[150], found ? wanted : pixelOf(paper)) << i << ' ' << fallback;
+            EXPECT_EQ(pixelRow(dc, 150)[150], found ? wanted : pixelOfColor(paper)) << i << ' ' << fallback;
             std::filesystem::remove(i < files.size() ? files[i] : "");
         }
     }
@@ -119,7 +118,7 @@ TEST_F(PicturesTest, SearchOrder) {
         game.cloneOf = other;
         clear();
         drawMarqueeTile(dc, &game, &place);
-        EXPECT_EQ(surface().row(150)[150], pixelOf(paper)) << other;
+        EXPECT_EQ(pixelRow(dc, 150)[150], pixelOfColor(paper)) << other;
     }
 }
 
@@ -127,7 +126,7 @@ TEST_F(PicturesTest, DrawsNothingForUnusableFiles) {
     folder.write("marquee/clone.png", "no picture");
     std::filesystem::create_directory("title/clone.png");
     const RECT place{100, 100, 200, 200};
-    const std::size_t objects = liveObjectCount();
+    const std::size_t objects = drawingObjectCount();
     for (const int rotation : {0, 90}) {
         settings.orientation = rotation;
         clear();
@@ -136,7 +135,7 @@ TEST_F(PicturesTest, DrawsNothingForUnusableFiles) {
         EXPECT_EQ(drawPreviewPicture(dc, &game, &place, settings.titleDir, 0, {}), 0);
         expectRect(drawn(), {400, 300, 0, 0});
     }
-    EXPECT_EQ(liveObjectCount(), objects);
+    EXPECT_EQ(drawingObjectCount(), objects);
 }
 
 TEST_F(PicturesTest, TurnsEveryPixel) {
@@ -198,7 +197,7 @@ TEST_F(PicturesTest, TurnsLargePicturesLikeOthers) {
     drawMarqueeTile(dc, &game, &tile);
     std::vector<std::uint32_t> upright;
     for (int i = 0; i < width * height; ++i) {
-        upright.push_back(surface().row(i / width)[i % width]);
+        upright.push_back(pixelRow(dc, i / width)[i % width]);
     }
     for (const int rotation : {90, -90, 180}) {
         settings.orientation = rotation;
@@ -213,7 +212,7 @@ TEST_F(PicturesTest, TurnsLargePicturesLikeOthers) {
             const int y = rotation == 180  ? height - 1 - i / width
                           : rotation == 90 ? i % width
                                            : width - 1 - i % width;
-            ASSERT_EQ(surface().row(y)[x], upright[static_cast<std::size_t>(i)]) << rotation << ", " << i;
+            ASSERT_EQ(pixelRow(dc, y)[x], upright[static_cast<std::size_t>(i)]) << rotation << ", " << i;
         }
     }
     settings.orientation = 90;

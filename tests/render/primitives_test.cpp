@@ -1,7 +1,7 @@
 #include "render/primitives.h"
 
 #include "config/settings.h"
-#include "platform/drawing.h"
+#include "platform/device_contexts.h"
 #include "platform/text.h"
 
 #include <gtest/gtest.h>

@@ -1,6 +1,6 @@
 #include "config/settings.h"
-#include "platform/drawing.h"
-#include "platform/window.h"
+#include "platform/drawing_objects.h"
+#include "platform/test_access.h"
 #include "support/front_end.h"
 
 #include <gtest/gtest.h>
@@ -21,8 +21,8 @@ std::string standardErrorOf(const std::function<void()>& action) {
 
 using Pixels = std::vector<std::uint32_t>;
 
-Pixels screenPixels() {
-    const DisplayPixels screen = displayPixels();
+Pixels copyOfScreen() {
+    const ScreenPixels screen = screenPixels();
     return {screen.pixels, screen.pixels + screen.stride * screen.height};
 }
 
@@ -48,11 +48,11 @@ std::vector<Pixels> savedPictures() {
 
 // Whether the picture shows the box with the text, which is shown for a moment to compare.
 bool showsMessage(const Pixels& picture, const char* text) {
-    const Pixels without = screenPixels();
+    const Pixels without = copyOfScreen();
     showMessage(text);
-    const Pixels with = screenPixels();
+    const Pixels with = copyOfScreen();
     hideMessage();
-    displayKeepAlive();
+    keepScreenAlive();
     for (std::size_t pixel = 0; pixel < with.size(); ++pixel) {
         if (with[pixel] != without[pixel] && with[pixel] != picture[pixel]) {
             return false;
@@ -183,7 +183,7 @@ TEST(Lifecycle, ShowsAFrameOfFourThirdsInTheMiddleOfAWideScreen) {
                 {643, 480, 640, 1}};
     for (const auto& row : rows) {
         FrontEnd frontEnd;
-        displaySetSize(row.width, row.height);
+        setScreenSize(row.width, row.height);
         frontEnd.writeGames(5);
         frontEnd.set("Settings", "Backgroundcolor", "0x00FF00");
         frontEnd.at(90, [&] {
@@ -211,7 +211,7 @@ TEST(Lifecycle, DrawsOnScreensOfEverySize) {
     for (const auto& size : sizes) {
         for (const char* orientation : {"Normal", "ROR", "ROL", "Inverted"}) {
             FrontEnd frontEnd;
-            displaySetSize(size[0], size[1]);
+            setScreenSize(size[0], size[1]);
             frontEnd.writeGames(40);
             frontEnd.set("Settings", "Orientation", orientation);
             frontEnd.set("Settings", "Fontsize", "36");

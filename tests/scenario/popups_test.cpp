@@ -1,6 +1,5 @@
 #include "config/settings.h"
 #include "platform/joystick.h"
-#include "platform/window.h"
 #include "support/front_end.h"
 
 #include <gtest/gtest.h>

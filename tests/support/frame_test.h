@@ -6,8 +6,9 @@
 #include "app/window_state.h"
 #include "catalogue/visible_games.h"
 #include "config/settings.h"
-#include "platform/drawing.h"
-#include "platform/drawing/device_context.h"
+#include "platform/device_contexts.h"
+#include "platform/drawing_objects.h"
+#include "platform/test_access.h"
 #include "render/composition.h"
 #include "support/temporary_folder.h"
 
@@ -86,14 +87,14 @@ protected:
 
     void draw() { drawScreen(dc, bitmap); }
 
-    std::uint32_t pixelAt(int x, int y) const { return findDeviceContext(dc)->surface->row(y)[x]; }
+    std::uint32_t pixelAt(int x, int y) const { return pixelRow(dc, y)[x]; }
 
     // The rectangle around all pixels of a colour, empty when there is none.
     RECT extentOf(COLORREF color) const {
         RECT extent{width, height, 0, 0};
         for (int y = 0; y < height; ++y) {
             for (int x = 0; x < width; ++x) {
-                if (pixelAt(x, y) == pixelOf(color)) {
+                if (pixelAt(x, y) == pixelOfColor(color)) {
                     extent = {std::min(extent.left, x), std::min(extent.top, y),
                               std::max(extent.right, x + 1), std::max(extent.bottom, y + 1)};
                 }

@@ -9,11 +9,12 @@
 #include "config/settings.h"
 #include "overlays/message_window.h"
 #include "platform/clock.h"
-#include "platform/clock/virtual_clock.h"
-#include "platform/display/display.h"
 #include "platform/entry.h"
+#include "platform/messages.h"
 #include "platform/module.h"
 #include "platform/profile.h"
+#include "platform/test_access.h"
+#include "platform/virtual_clock.h"
 #include "platform/window.h"
 #include "support/sdl_events.h"
 #include "support/temporary_folder.h"
@@ -26,7 +27,7 @@
 class FrontEnd {
 public:
     FrontEnd() {
-        displaySetSize(640, 480);
+        setScreenSize(640, 480);
         set("Settings", "Roms.dir", "roms");
         set("RomOptions", "DisplayMissingRoms", "1");
     }
@@ -97,7 +98,7 @@ public:
     static std::string selectedName() { return visibleGames[selectedIndex]->name; }
 
     static std::uint32_t pixel(int x, int y) {
-        const DisplayPixels pixels = displayPixels();
+        const ScreenPixels pixels = screenPixels();
         return pixels.pixels[y * pixels.stride + x];
     }
 

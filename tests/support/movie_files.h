@@ -4,7 +4,9 @@
 #pragma once
 
 #include "avi_writer.h"
-#include "platform/display/display.h"
+#include "platform/messages.h"
+#include "platform/painting.h"
+#include "platform/test_access.h"
 #include "platform/window.h"
 #include "sounds.h"
 
@@ -37,7 +39,7 @@ inline std::string numberedMovie(int pictures, int framesPerSecond, double pitch
 
 // A window over a whole screen of 640 by 480, of the class "Frame", for movies to play on.
 inline HWND openFrame() {
-    displaySetSize(640, 480);
+    setScreenSize(640, 480);
     WNDCLASSA windowClass{};
     windowClass.lpfnWndProc = DefWindowProcA;
     windowClass.lpszClassName = "Frame";
@@ -51,7 +53,7 @@ inline HWND openFrame() {
 
 // The number of the picture whose top left corner stands there; -1 when there is none.
 inline int pictureNumberAt(int x, int y) {
-    const DisplayPixels screen = displayPixels();
+    const ScreenPixels screen = screenPixels();
     const auto isWhite = [&](int column) {
         return (screen.pixels[(y + numberedHeight / 2) * screen.stride + x + column * 16 + 8] & 0xFF) > 0xA0;
     };
@@ -69,7 +71,7 @@ inline bool keepAliveUntil(const std::function<bool()>& condition, int milliseco
         if (std::chrono::steady_clock::now() >= end) {
             return false;
         }
-        displayKeepAlive();
+        keepScreenAlive();
         std::this_thread::sleep_for(std::chrono::milliseconds(1));
     }
     return true;

@@ -5,8 +5,9 @@
 
 #include "app/window_state.h"
 #include "config/settings.h"
-#include "platform/clock/virtual_clock.h"
-#include "platform/display/display.h"
+#include "platform/messages.h"
+#include "platform/test_access.h"
+#include "platform/virtual_clock.h"
 #include "platform/window.h"
 #include "support/sdl_events.h"
 #include "support/temporary_folder.h"
@@ -19,7 +20,7 @@
 class PopupTest : public ::testing::Test {
 protected:
     PopupTest() {
-        displaySetSize(640, 480);
+        setScreenSize(640, 480);
         iniPath = "missing.ini";
         loadSettings();
         settings.baseOrientation = 0;

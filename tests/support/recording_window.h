@@ -3,8 +3,9 @@
 // the tests of windows and messages. It draws nothing.
 #pragma once
 
-#include "platform/drawing.h"
+#include "platform/drawing_objects.h"
 #include "platform/joystick.h"
+#include "platform/messages.h"
 #include "platform/window.h"
 
 #include <functional>

@@ -2,14 +2,13 @@
 
 #include "platform/base/end_request.h"
 #include "platform/clock/clock_source.h"
-#include "platform/display/display.h"
+#include "platform/clock/waiting.h"
 
 #include <algorithm>
 
 namespace {
 
-constexpr std::int64_t countsPerSecond = 1'000'000'000;
-constexpr std::int64_t nanosecondsPerMillisecond = 1'000'000;
+constexpr std::int64_t countsPerSecond = nanosecondsPerSecond;
 
 // How long a sleep leaves the display to itself, and no sleep is shorter: a loop that sleeps for a
 // millisecond at a time would wake the processor a thousand times a second, for controls that are polled ten
@@ -35,7 +34,7 @@ void Sleep(DWORD milliseconds) {
     const std::int64_t wanted = milliseconds * nanosecondsPerMillisecond;
     const std::int64_t end = clockNow() + (wanted > 0 ? std::max(wanted, nap) : 0);
     do {
-        clockWait(std::min(end - clockNow(), nap));
-        nap = displayKeepAlive() ? napBetweenPictures : napAtRest;
+        const bool moving = waitAndKeepAlive(std::min(end - clockNow(), nap));
+        nap = moving ? napBetweenPictures : napAtRest;
     } while (clockNow() < end && !endRequested());
 }

@@ -5,6 +5,9 @@
 
 #include <cstdint>
 
+constexpr std::int64_t nanosecondsPerMillisecond = 1'000'000;
+constexpr std::int64_t nanosecondsPerSecond = 1'000'000'000;
+
 // Nanoseconds since some fixed moment, never going back. Negative when the machine has no steady clock.
 std::int64_t clockNow();
 

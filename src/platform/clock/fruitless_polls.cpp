@@ -8,7 +8,7 @@ namespace {
 constexpr int longestRun = 32;
 
 // Nanoseconds between two polls beyond which the loop has done something that no service notes.
-constexpr std::int64_t longestGap = 500'000;
+constexpr std::int64_t longestGap = nanosecondsPerMillisecond / 2;
 
 int run = 0;
 std::int64_t lastPoll = 0; // its end, in nanoseconds

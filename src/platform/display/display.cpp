@@ -2,6 +2,7 @@
 
 #include "platform/base/end_request.h"
 #include "platform/clock/clock_source.h"
+#include "platform/clock/waiting.h"
 #include "platform/display/key_map.h"
 #include "platform/display/key_state.h"
 #include "platform/display/synthesised_keys.h"
@@ -22,10 +23,10 @@ namespace {
 
 // How often the event queue is looked at. The controls are polled ten times a second, so this is never felt,
 // and an idle front end stays far below a hundredth of a processor.
-constexpr std::int64_t pumpInterval = 4'000'000;
+constexpr std::int64_t pumpInterval = 4 * nanosecondsPerMillisecond;
 
 // How often a lost keyboard focus is looked for.
-constexpr std::int64_t focusInterval = 500'000'000;
+constexpr std::int64_t focusInterval = 500 * nanosecondsPerMillisecond;
 
 struct Display {
     bool failed = false; // no display could be had; not tried again
@@ -147,6 +148,7 @@ bool startDisplay() {
     if (display.window) {
         return true;
     }
+    setKeepAlive(displayKeepAlive);
     if (display.failed || display.lost) {
         return false;
     }

@@ -1,6 +1,6 @@
 #include "platform/display/key_state.h"
 
-#include "platform/keys.h"
+#include "platform/key_codes.h"
 
 #include <array>
 #include <cstddef>

@@ -3,10 +3,6 @@
 // display reports, the key operations and the message box ask.
 #pragma once
 
-constexpr int VK_RETURN = 13;
-constexpr int VK_LSHIFT = 160; // to VK_RMENU 165: left and right of shift, control and menu in turn
-constexpr int VK_RMENU = 165;
-
 // A key went down or up; the code names the left or right key where there are two. Codes outside 1 to 254 are
 // ignored.
 void keyChanged(int code, bool down);

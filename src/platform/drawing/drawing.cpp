@@ -1,7 +1,7 @@
 #include "platform/drawing.h"
 
-#include "platform/drawing/device_context.h"
-#include "platform/drawing/gdi_objects.h"
+#include "platform/drawing/context_table.h"
+#include "platform/drawing/object_table.h"
 
 #include <algorithm>
 #include <cstring>
@@ -9,8 +9,6 @@
 #include <utility>
 
 namespace {
-
-constexpr COLORREF invalidColor = 0xFFFFFFFF;
 
 // One axis of a copy: where it starts in the target and the source, and how many pixels it takes.
 struct Span {
@@ -43,10 +41,6 @@ void copyRows(Surface& target, const Surface& source, const Span& across, const 
 
 } // namespace
 
-int GetDeviceCaps(HDC dc, int index) {
-    return findDeviceContext(dc) && index == LOGPIXELSY ? 96 : 0;
-}
-
 int FillRect(HDC dc, const RECT* rect, HBRUSH brush) {
     DeviceContext* context = findDeviceContext(dc);
     const GdiObject* object = findObject(brush);
@@ -73,22 +67,6 @@ BOOL BitBlt(HDC target, int x, int y, int width, int height, HDC source, int sou
         copyRows(to, from, across, down);
     }
     return TRUE;
-}
-
-COLORREF SetTextColor(HDC dc, COLORREF color) {
-    DeviceContext* context = findDeviceContext(dc);
-    return context ? std::exchange(context->textColor, color) : invalidColor;
-}
-
-COLORREF SetBkColor(HDC dc, COLORREF color) {
-    DeviceContext* context = findDeviceContext(dc);
-    return context ? std::exchange(context->backgroundColor, color) : invalidColor;
-}
-
-int SetBkMode(HDC dc, int mode) {
-    DeviceContext* context = findDeviceContext(dc);
-    return context && (mode == TRANSPARENT || mode == OPAQUE) ? std::exchange(context->backgroundMode, mode)
-                                                              : 0;
 }
 
 int MulDiv(int number, int numerator, int denominator) {

@@ -1,9 +1,8 @@
 #include "platform/shapes.h"
 
-#include "platform/drawing/device_context.h"
-#include "platform/drawing/gdi_objects.h"
-
-#include <cairo.h>
+#include "platform/drawing/context_table.h"
+#include "platform/drawing/object_table.h"
+#include "platform/fonts/cairo_owners.h"
 
 #include <algorithm>
 #include <cmath>
@@ -13,13 +12,6 @@ namespace {
 
 // Far beyond every surface, and within what cairo's coordinates hold.
 constexpr int farthest = 100000;
-
-struct DestroyCairo {
-    void operator()(cairo_t* cairo) const { cairo_destroy(cairo); }
-    void operator()(cairo_surface_t* surface) const { cairo_surface_destroy(surface); }
-};
-using CairoSurface = std::unique_ptr<cairo_surface_t, DestroyCairo>;
-using Cairo = std::unique_ptr<cairo_t, DestroyCairo>;
 
 // The line in the middle of the outline, and the radii of its corners.
 struct RoundedPath {
@@ -102,7 +94,7 @@ HPEN CreatePen(int style, int width, COLORREF color) {
 
 HBRUSH CreateBrushIndirect(const LOGBRUSH* description) {
     if (description && description->lbStyle == BS_SOLID) {
-        return CreateSolidBrush(description->lbColor);
+        return addBrush(description->lbColor);
     }
     return description && description->lbStyle == BS_HOLLOW ? addHollowBrush() : nullptr;
 }

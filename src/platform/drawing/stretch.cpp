@@ -1,7 +1,8 @@
 #include "platform/stretch.h"
 
-#include "platform/drawing/device_context.h"
-#include "platform/drawing/gdi_objects.h"
+#include "platform/drawing.h"
+#include "platform/drawing/context_table.h"
+#include "platform/drawing/object_table.h"
 #include "platform/drawing/resample.h"
 
 #include <algorithm>

@@ -48,8 +48,3 @@ struct Surface {
 constexpr std::uint32_t pixelOf(COLORREF color) {
     return ((color & 0xFF) << 16) | (color & 0xFF00) | ((color >> 16) & 0xFF);
 }
-
-// A device context that draws into a surface of somebody else's, which must outlive it and may be resized
-// under it. Ended by deleteSurfaceDC; DeleteDC does not end it.
-HDC createSurfaceDC(Surface* surface);
-bool deleteSurfaceDC(HDC dc);

@@ -1,5 +1,6 @@
+#include "platform/text_file.h"
+
 #include "platform/codepage.h"
-#include "platform/files.h"
 #include "platform/files/file_io.h"
 #include "platform/files/paths.h"
 

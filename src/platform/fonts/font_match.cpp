@@ -1,5 +1,7 @@
 #include "platform/fonts/font_match.h"
 
+#include "platform/fonts/font_pattern.h"
+
 #include <fontconfig/fontconfig.h>
 
 #include <strings.h>
@@ -10,11 +12,6 @@
 #include <utility>
 
 namespace {
-
-struct DestroyPattern {
-    void operator()(FcPattern* pattern) const { FcPatternDestroy(pattern); }
-};
-using Pattern = std::unique_ptr<FcPattern, DestroyPattern>;
 
 // Gives the list of installed fonts back when the program ends, which else counts as leaked.
 struct FontconfigUse {
@@ -31,21 +28,9 @@ const FcChar8* fontconfigText(const std::string& text) {
     return reinterpret_cast<const FcChar8*>(text.c_str());
 }
 
-std::string textOf(FcPattern* pattern, const char* property) {
-    FcChar8* value = nullptr;
-    return FcPatternGetString(pattern, property, 0, &value) == FcResultMatch
-               ? reinterpret_cast<const char*>(value)
-               : "";
-}
-
 int numberOf(FcPattern* pattern, const char* property, int otherwise) {
     int value = 0;
     return FcPatternGetInteger(pattern, property, 0, &value) == FcResultMatch ? value : otherwise;
-}
-
-bool flagOf(FcPattern* pattern, const char* property) {
-    FcBool value = FcFalse;
-    return FcPatternGetBool(pattern, property, 0, &value) == FcResultMatch && value == FcTrue;
 }
 
 // 1 to 1000. A variable font has a range here, its named instances have a number each.
@@ -141,7 +126,7 @@ FontChoice choiceOf(FcPattern* face, const FontRequest& request) {
 
 // The best face for the request by fontconfig's rules; of the given width unless that is -1.
 std::optional<FontChoice> match(const FontRequest& request, int width) {
-    const Pattern wanted(FcPatternCreate());
+    const FontPattern wanted(FcPatternCreate());
     if (!request.name.empty()) {
         FcPatternAddString(wanted.get(), FC_FAMILY, fontconfigText(request.name));
     }
@@ -158,7 +143,7 @@ std::optional<FontChoice> match(const FontRequest& request, int width) {
     FcConfigSubstitute(nullptr, wanted.get(), FcMatchPattern);
     FcDefaultSubstitute(wanted.get());
     FcResult result = FcResultMatch;
-    const Pattern found(FcFontMatch(nullptr, wanted.get(), &result));
+    const FontPattern found(FcFontMatch(nullptr, wanted.get(), &result));
     if (!found || textOf(found.get(), FC_FILE).empty()) {
         return std::nullopt;
     }

@@ -2,6 +2,7 @@
 
 #include "platform/codepage.h"
 #include "platform/fonts/font_match.h"
+#include "platform/fonts/font_pattern.h"
 
 #include <cairo-ft.h>
 #include <fontconfig/fontconfig.h>
@@ -33,13 +34,6 @@ constexpr double slantSlope = 0.2;
 // Pixels of em height for each pixel by which strokes are widened.
 constexpr int emPerPixelOfBoldness = 24;
 
-struct DestroyOptions {
-    void operator()(cairo_font_options_t* options) const { cairo_font_options_destroy(options); }
-};
-struct DestroyPattern {
-    void operator()(FcPattern* pattern) const { FcPatternDestroy(pattern); }
-};
-
 // What a face is asked for, as it stands in the description.
 struct FaceKey {
     std::string name; // code page 1252
@@ -58,8 +52,8 @@ struct KeptFace {
 };
 
 const cairo_font_options_t* renderingOptions() {
-    static const std::unique_ptr<cairo_font_options_t, DestroyOptions> options = [] {
-        std::unique_ptr<cairo_font_options_t, DestroyOptions> made(cairo_font_options_create());
+    static const CairoFontOptions options = [] {
+        CairoFontOptions made(cairo_font_options_create());
         cairo_font_options_set_antialias(made.get(), CAIRO_ANTIALIAS_GRAY);
         cairo_font_options_set_hint_style(made.get(), CAIRO_HINT_STYLE_SLIGHT);
         cairo_font_options_set_hint_metrics(made.get(), CAIRO_HINT_METRICS_ON);
@@ -79,7 +73,7 @@ std::string utf8Of(const std::string& text) {
 }
 
 cairo_font_face_t* openFile(const FontChoice& choice) {
-    const std::unique_ptr<FcPattern, DestroyPattern> pattern(FcPatternCreate());
+    const FontPattern pattern(FcPatternCreate());
     FcPatternAddString(pattern.get(), FC_FILE, reinterpret_cast<const FcChar8*>(choice.file.c_str()));
     FcPatternAddInteger(pattern.get(), FC_INDEX, choice.index);
     if (!choice.variations.empty()) {
@@ -150,7 +144,7 @@ std::shared_ptr<const FontFace> openChoice(const FontChoice& choice) {
     cairo_matrix_t identity;
     cairo_matrix_init_scale(&size, defaultHeight, defaultHeight);
     cairo_matrix_init_identity(&identity);
-    const std::unique_ptr<cairo_scaled_font_t, DestroyScaledFont> scaled(
+    const CairoScaledFont scaled(
         cairo_scaled_font_create(face->handle.get(), &size, &identity, renderingOptions()));
     if (cairo_scaled_font_status(scaled.get()) != CAIRO_STATUS_SUCCESS) {
         return nullptr;

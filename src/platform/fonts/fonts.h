@@ -4,24 +4,16 @@
 // of text.cpp.
 #pragma once
 
-#include "platform/text.h"
-
-#include <cairo.h>
+#include "platform/fonts/cairo_owners.h"
+#include "platform/logical_font.h"
 
 #include <array>
 #include <cstdint>
 #include <memory>
 
-struct DestroyFontFace {
-    void operator()(cairo_font_face_t* face) const { cairo_font_face_destroy(face); }
-};
-struct DestroyScaledFont {
-    void operator()(cairo_scaled_font_t* font) const { cairo_scaled_font_destroy(font); }
-};
-
 // A face at no size. Lengths are in units of the em, `unitsPerEm` of them; up is positive.
 struct FontFace {
-    std::unique_ptr<cairo_font_face_t, DestroyFontFace> handle;
+    CairoFontFace handle;
     int unitsPerEm = 0;
     int ascent = 0;
     int descent = 0; // below the baseline, positive
@@ -41,7 +33,7 @@ struct FontFace {
 
 struct FontObject {
     std::shared_ptr<const FontFace> face;
-    std::unique_ptr<cairo_scaled_font_t, DestroyScaledFont> scaled;
+    CairoScaledFont scaled;
     int emHeight = 0; // pixels
     int boldness = 0; // pixels by which strokes are widened, and glyphs set apart, to make the face bold
     // The step of one pixel along the text on the screen, a quarter turn's.

@@ -3,7 +3,10 @@
 #include "platform/files/file_io.h"
 #include "platform/files/paths.h"
 #include "platform/media/media_player.h"
-#include "platform/window/window_internal.h"
+#include "platform/messages.h"
+#include "platform/window.h"
+#include "platform/window/compositor.h"
+#include "platform/window/window_record.h"
 
 #include <algorithm>
 #include <chrono>

@@ -1,6 +1,7 @@
 #include "platform/process.h"
 
 #include "platform/base/end_request.h"
+#include "platform/clock/waiting.h"
 #include "platform/display/display.h"
 #include "platform/files/paths.h"
 #include "platform/files/system_object.h"
@@ -139,7 +140,7 @@ DWORD WaitForSingleObject(HANDLE process, DWORD) {
     }
     ChildEnd end(child->number);
     const auto waitAWhile = [&] {
-        displayKeepAlive();
+        keepAlive();
         end.poll(child->hasEnded());
         pollfd ending = {child->hasEnded() ? -1 : child->ending.number(), POLLIN, 0};
         poll(&ending, 1, keepAliveInterval);

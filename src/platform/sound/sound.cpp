@@ -2,7 +2,7 @@
 
 #include "platform/base/end_request.h"
 #include "platform/clock/clock_source.h"
-#include "platform/display/display.h"
+#include "platform/clock/waiting.h"
 #include "platform/files/paths.h"
 #include "platform/sound/sound_device.h"
 
@@ -23,7 +23,7 @@ using namespace std::chrono_literals;
 constexpr auto longestStart = 2000ms;
 constexpr auto longestRelease = 1000ms; // closing lets what is buffered be heard, a third of a second
 
-constexpr std::int64_t waitStep = 5'000'000; // nanoseconds
+constexpr std::int64_t waitStep = 5 * nanosecondsPerMillisecond;
 
 enum class Order { play, stop, release, quit };
 
@@ -140,7 +140,7 @@ std::int64_t waitForStart(std::uint64_t number) {
     while (shared.served != number && std::chrono::steady_clock::now() < limit && !endRequested()) {
         if (!shared.changed.wait_for(lock, 5ms, [&] { return shared.served == number; })) {
             lock.unlock();
-            displayKeepAlive();
+            keepAlive();
             lock.lock();
         }
     }
@@ -164,8 +164,7 @@ BOOL PlaySoundA(LPCSTR path, HMODULE, DWORD flags) {
     const std::int64_t length = waitForStart(number);
     const std::int64_t end = clockNow() + length;
     while (clockNow() < end && !endRequested()) {
-        clockWait(waitStep < end - clockNow() ? waitStep : end - clockNow());
-        displayKeepAlive();
+        waitAndKeepAlive(waitStep < end - clockNow() ? waitStep : end - clockNow());
     }
     if (endRequested()) {
         post(Order::stop, "");

@@ -1,6 +1,7 @@
 #include "platform/sound/sound_device.h"
 
 #include "platform/base/alsa_messages.h"
+#include "platform/clock/clock_source.h"
 #include "platform/sound/wave_sound.h"
 
 #include <SDL.h>
@@ -62,7 +63,6 @@ bool SoundDevice::open() {
 }
 
 std::int64_t SoundDevice::length() const {
-    constexpr std::int64_t nanosecondsPerSecond = 1'000'000'000;
     const auto frames = static_cast<std::int64_t>(samples_.size() / sizeof(std::int16_t)) / channels_;
     return frames > 0 ? (frames + 2 * bufferFrames) * nanosecondsPerSecond / frequency_ : 0;
 }

@@ -2,6 +2,7 @@
 
 #include "platform/codepage.h"
 #include "platform/fonts/font_match.h"
+#include "platform/fonts/font_pattern.h"
 
 #include <fontconfig/fontconfig.h>
 #include <ft2build.h>
@@ -20,17 +21,6 @@
 namespace {
 
 constexpr const char* standardFaces[] = {"Arial", "Courier New", "Times New Roman"};
-
-bool flagOf(FcPattern* font, const char* property) {
-    FcBool value = FcFalse;
-    return FcPatternGetBool(font, property, 0, &value) == FcResultMatch && value == FcTrue;
-}
-
-std::string textOf(FcPattern* font, const char* property) {
-    FcChar8* text = nullptr;
-    FcPatternGetString(font, property, 0, &text);
-    return text ? reinterpret_cast<const char*>(text) : "";
-}
 
 // Type 1 faces are left out: they are the twins of OpenType ones under other names.
 bool isTrueTypeOrOpenType(FcPattern* font) {

@@ -1,10 +1,8 @@
 #include "platform/text.h"
 
-#include "platform/drawing/device_context.h"
-#include "platform/drawing/gdi_objects.h"
+#include "platform/drawing/context_table.h"
+#include "platform/drawing/object_table.h"
 #include "platform/fonts/fonts.h"
-
-#include <cairo.h>
 
 #include <algorithm>
 #include <array>
@@ -17,13 +15,6 @@ namespace {
 // Larger letters are drawn as outlines, so that their pictures are not kept: each would take a hundred
 // kilobytes.
 constexpr int largestKeptEmHeight = 128;
-
-struct DestroySurface {
-    void operator()(cairo_surface_t* surface) const { cairo_surface_destroy(surface); }
-};
-struct DestroyCairo {
-    void operator()(cairo_t* cairo) const { cairo_destroy(cairo); }
-};
 
 std::int64_t widthOf(const FontObject& font, LPCSTR text, int length) {
     std::int64_t width = 0;
@@ -121,8 +112,8 @@ private:
     Surface& surface_;
     const FontObject& font_;
     const Placement& placement_;
-    std::unique_ptr<cairo_surface_t, DestroySurface> image_;
-    std::unique_ptr<cairo_t, DestroyCairo> cairo_;
+    CairoSurface image_;
+    Cairo cairo_;
     std::array<cairo_glyph_t, 200> glyphs_;
     std::size_t count_ = 0;
 };

@@ -1,5 +1,7 @@
+#include "platform/window/compositor.h"
+
 #include "platform/display/display.h"
-#include "platform/window/window_internal.h"
+#include "platform/window/window_record.h"
 
 #include <algorithm>
 #include <cstring>
@@ -111,30 +113,7 @@ void presentPart(const RECT& part) {
     }
 }
 
-// WM_ENDSESSION at once, since what holds the program up may outlast the patience of whoever asked.
-void announceEnd() {
-    static HWND announced = nullptr;
-    const HWND main = mainWindowOfProgram();
-    if (main && main != announced) {
-        announced = main;
-        sendMessage(main, WM_ENDSESSION, TRUE, 0);
-    }
-}
-
 } // namespace
-
-void connectDisplay() {
-    static bool connected = false;
-    if (connected) {
-        return;
-    }
-    connected = true;
-    displaySetListener(
-        {queueKey, queueJoystick, setDisplayFocus, noteScreenChange, announceEnd, refreshScreen});
-    if (!displayIsReal()) {
-        setDisplayFocus(true); // a display without a screen never tells
-    }
-}
 
 void noteScreenChange() {
     screenChanged = true;

@@ -1,4 +1,6 @@
-#include "platform/window/window_internal.h"
+#include "platform/window/focus.h"
+
+#include "platform/messages.h"
 
 namespace {
 

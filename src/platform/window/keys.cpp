@@ -4,7 +4,7 @@
 #include "platform/display/display.h"
 #include "platform/display/key_map.h"
 #include "platform/display/key_state.h"
-#include "platform/window/window_internal.h"
+#include "platform/window/message_queue.h"
 
 SHORT GetAsyncKeyState(int code) {
     noteWorkBetweenPolls();

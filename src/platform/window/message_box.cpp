@@ -1,13 +1,21 @@
+#include "platform/message_box.h"
+
 #include "platform/base/end_request.h"
 #include "platform/clock/clock_source.h"
+#include "platform/clock/waiting.h"
+#include "platform/device_contexts.h"
 #include "platform/diagnostics.h"
 #include "platform/display/display.h"
 #include "platform/display/key_state.h"
 #include "platform/drawing.h"
+#include "platform/drawing_objects.h"
 #include "platform/joystick.h"
-#include "platform/keys.h"
+#include "platform/key_codes.h"
+#include "platform/messages.h"
+#include "platform/painting.h"
 #include "platform/text.h"
-#include "platform/window/window_internal.h"
+#include "platform/window/compositor.h"
+#include "platform/window/window_record.h"
 
 #include <algorithm>
 #include <cstdio>
@@ -23,11 +31,10 @@ constexpr COLORREF titleColor = 0x40C8FF;
 constexpr COLORREF textColor = 0xFFFFFF;
 constexpr COLORREF buttonColor = 0x806040;
 
-constexpr std::int64_t millisecond = 1'000'000;
-constexpr std::int64_t pollInterval = 10 * millisecond;
+constexpr std::int64_t pollInterval = 10 * nanosecondsPerMillisecond;
 
 // How long the key that left the box may stay down before it counts as a new press for the front end.
-constexpr std::int64_t longestRelease = 1000 * millisecond;
+constexpr std::int64_t longestRelease = nanosecondsPerSecond;
 
 constexpr int answerKeys[] = {VK_RETURN, VK_ESCAPE, VK_SPACE};
 
@@ -134,8 +141,7 @@ void waitForAnswer() {
     displayMousePressed();
     UINT held = joystickButtons();
     for (;;) {
-        clockWait(pollInterval);
-        displayKeepAlive();
+        waitAndKeepAlive(pollInterval);
         const UINT buttons = joystickButtons();
         const bool buttonPressed = (buttons & ~held) != 0;
         held = buttons;
@@ -147,8 +153,7 @@ void waitForAnswer() {
     }
     const std::int64_t end = clockNow() + longestRelease;
     while (std::any_of(std::begin(answerKeys), std::end(answerKeys), keyIsDown) && clockNow() < end) {
-        clockWait(pollInterval);
-        displayKeepAlive();
+        waitAndKeepAlive(pollInterval);
     }
 }
 

@@ -1,18 +1,20 @@
-#include "platform/drawing/device_context.h"
-#include "platform/window/window_internal.h"
+#include "platform/painting.h"
 
-#include <algorithm>
+#include "platform/drawing/context_table.h"
+#include "platform/messages.h"
+#include "platform/window/compositor.h"
+#include "platform/window/window_record.h"
 
-namespace {
+#include <vector>
 
-void eraseBackground(Window& window, HDC dc) {
-    const RECT client{0, 0, window.client.width, window.client.height};
-    if (window.background) {
-        FillRect(dc, &client, window.background);
+BOOL InvalidateRect(HWND handle, const RECT*, BOOL erase) {
+    Window* window = findWindow(handle);
+    if (!window) {
+        return FALSE;
     }
+    invalidateWindow(*window, erase != FALSE);
+    return TRUE;
 }
-
-} // namespace
 
 BOOL UpdateWindow(HWND handle) {
     const Window* window = findWindow(handle);
@@ -72,29 +74,4 @@ int ReleaseDC(HWND handle, HDC dc) {
         return 0;
     }
     return deleteSurfaceDC(dc) ? 1 : 0;
-}
-
-LRESULT DefWindowProcA(HWND handle, UINT message, WPARAM wParam, LPARAM) {
-    Window* window = findWindow(handle);
-    if (!window) {
-        return 0;
-    }
-    switch (message) {
-    case WM_NCCREATE:
-        return TRUE;
-    case WM_CLOSE:
-        DestroyWindow(handle);
-        return 0;
-    case WM_ERASEBKGND:
-        eraseBackground(*window, reinterpret_cast<HDC>(wParam));
-        return window->background ? 1 : 0;
-    case WM_PAINT: {
-        PAINTSTRUCT paint{};
-        BeginPaint(handle, &paint);
-        EndPaint(handle, &paint);
-        return 0;
-    }
-    default:
-        return 0;
-    }
 }

@@ -1,37 +1,33 @@
 #include "platform/window.h"
 
 #include "platform/base/end_request.h"
-#include "platform/base/handle_table.h"
 #include "platform/clock/fruitless_polls.h"
 #include "platform/display/display.h"
-#include "platform/drawing/device_context.h"
-#include "platform/window/window_internal.h"
+#include "platform/drawing/context_table.h"
+#include "platform/messages.h"
+#include "platform/window/compositor.h"
+#include "platform/window/display_events.h"
+#include "platform/window/focus.h"
+#include "platform/window/message_queue.h"
+#include "platform/window/window_record.h"
 
 #include <algorithm>
 #include <memory>
 
 namespace {
 
+struct WindowClass {
+    std::string name;
+    UINT style = 0;
+    WNDPROC procedure = nullptr;
+    HBRUSH background = nullptr;
+};
+
 std::vector<std::unique_ptr<WindowClass>> classes;
-HandleTable<Window> windows(1);
-std::vector<HWND> order;
-
-HWND toHandle(std::uintptr_t value) {
-    return reinterpret_cast<HWND>(value);
-}
-
-std::uintptr_t toValue(HWND handle) {
-    return reinterpret_cast<std::uintptr_t>(handle);
-}
-
 WindowClass* findClass(LPCSTR name) {
     const auto found = std::find_if(classes.begin(), classes.end(),
                                     [&](const auto& entry) { return name && entry->name == name; });
     return found != classes.end() ? found->get() : nullptr;
-}
-
-int frameOf(const Window& window) {
-    return (window.style & WS_THICKFRAME) != 0 ? thickFrame : 0;
 }
 
 LPARAM packSize(int width, int height) {
@@ -63,35 +59,6 @@ void sendSize(HWND handle, WPARAM kind) {
         window->sized = true;
         sendMessage(handle, WM_SIZE, kind, packSize(window->client.width, window->client.height));
     }
-}
-
-bool isChild(const Window& window) {
-    return (window.style & WS_CHILD) != 0;
-}
-
-// Where the client area of a child's parent begins; (0, 0) for a popup.
-POINT originOf(const Window& window) {
-    const Window* parent = isChild(window) ? findWindow(window.owner) : nullptr;
-    return parent ? POINT{parent->outer.left + frameOf(*parent), parent->outer.top + frameOf(*parent)}
-                  : POINT{};
-}
-
-// The place of a new window in the order: a child directly above its parent, any other on top.
-void insertIntoOrder(HWND handle) {
-    const Window& window = *findWindow(handle);
-    const auto parent = std::find(order.begin(), order.end(), window.owner);
-    order.insert(isChild(window) && parent != order.end() ? parent + 1 : order.end(), handle);
-}
-
-void raise(HWND handle) {
-    order.erase(std::remove(order.begin(), order.end(), handle), order.end());
-    order.push_back(handle);
-    // What a window owns lies above it.
-    std::stable_partition(order.begin(), order.end(), [&](HWND other) {
-        const Window* window = findWindow(other);
-        return !window || window->owner != handle;
-    });
-    noteScreenChange();
 }
 
 RECT wholeScreen() {
@@ -129,11 +96,6 @@ RECT grantedRectangle(DWORD style, int x, int y, int width, int height) {
     return (style & WS_THICKFRAME) != 0 ? heldToScreen(asked) : asked;
 }
 
-void invalidate(Window& window, bool erase) {
-    window.invalid = true;
-    window.eraseDue = window.eraseDue || erase;
-}
-
 void hide(Window& window) {
     window.visible = false;
     noteScreenChange();
@@ -153,9 +115,10 @@ void show(HWND handle, bool maximize) {
     window->visible = true;
     if (appears || resized) {
         window->firstPaint = window->firstPaint || appears;
-        invalidate(*window, true);
+        invalidateWindow(*window, true);
     }
-    raise(handle);
+    raiseWindow(handle);
+    noteScreenChange();
     if (resized || !window->sized) {
         sendSize(handle, maximize ? SIZE_MAXIMIZED : SIZE_RESTORED);
     }
@@ -168,8 +131,7 @@ void endWindow(HWND handle) {
         deleteSurfaceDC(dc);
     }
     dropMessagesOf(handle);
-    order.erase(std::remove(order.begin(), order.end(), handle), order.end());
-    windows.remove(toValue(handle));
+    removeWindow(handle);
     noteScreenChange();
 }
 
@@ -186,31 +148,6 @@ std::unique_ptr<Window> makeWindow(const WindowClass& windowClass, DWORD style, 
 
 } // namespace
 
-Window* findWindow(HWND handle) {
-    return windows.find(toValue(handle));
-}
-
-const std::vector<HWND>& windowOrder() {
-    return order;
-}
-
-HWND mainWindowOfProgram() {
-    const auto found =
-        std::find_if(order.begin(), order.end(), [](HWND handle) { return !findWindow(handle)->owner; });
-    return found != order.end() ? *found : nullptr;
-}
-
-RECT placeInParent(const Window& window) {
-    const POINT origin = originOf(window);
-    return {window.outer.left - origin.x, window.outer.top - origin.y, window.outer.right - origin.x,
-            window.outer.bottom - origin.y};
-}
-
-LRESULT sendMessage(HWND handle, UINT message, WPARAM wParam, LPARAM lParam) {
-    const Window* window = findWindow(handle);
-    return window ? window->procedure(handle, message, wParam, lParam) : 0;
-}
-
 ATOM RegisterClassA(const WNDCLASSA* windowClass) {
     if (!windowClass || !windowClass->lpszClassName || !windowClass->lpfnWndProc ||
         findClass(windowClass->lpszClassName)) {
@@ -226,7 +163,7 @@ ATOM RegisterClassA(const WNDCLASSA* windowClass) {
 
 BOOL UnregisterClassA(LPCSTR className, HINSTANCE) {
     const WindowClass* found = findClass(className);
-    const bool used = std::any_of(order.begin(), order.end(), [&](HWND handle) {
+    const bool used = std::any_of(windowOrder().begin(), windowOrder().end(), [&](HWND handle) {
         return found && findWindow(handle)->className == found->name;
     });
     if (!found || used) {
@@ -260,7 +197,7 @@ HCURSOR LoadCursorA(HINSTANCE, LPCSTR name) {
 
 HWND CreateWindowExA(DWORD, LPCSTR className, LPCSTR title, DWORD style, int x, int y, int width, int height,
                      HWND parent, HMENU, HINSTANCE, LPVOID creationData) {
-    if (order.empty()) {
+    if (windowOrder().empty()) {
         forgetEndRequest();
     }
     const WindowClass* windowClass = findClass(className);
@@ -273,14 +210,12 @@ HWND CreateWindowExA(DWORD, LPCSTR className, LPCSTR title, DWORD style, int x, 
     if (title && *title != '\0') {
         displaySetTitle(title);
     }
-    const HWND handle = toHandle(windows.insert(makeWindow(*windowClass, style, parent)));
+    const HWND handle = addWindow(makeWindow(*windowClass, style, parent));
     Window* window = findWindow(handle);
-    window->handle = handle;
     const auto given = [](int value) { return value == CW_USEDEFAULT ? 0 : value; };
     const POINT origin = originOf(*window);
     placeWindow(*window, grantedRectangle(style, origin.x + given(x), origin.y + given(y), given(width),
                                           given(height)));
-    insertIntoOrder(handle);
     const auto data = reinterpret_cast<LPARAM>(creationData);
     if (sendMessage(handle, WM_NCCREATE, 0, data) == FALSE) {
         if (findWindow(handle)) {
@@ -301,7 +236,7 @@ BOOL DestroyWindow(HWND handle) {
     }
     window->destroying = true;
     hide(*window);
-    for (const HWND other : std::vector<HWND>(order)) {
+    for (const HWND other : std::vector<HWND>(windowOrder())) {
         const Window* owned = findWindow(other);
         if (owned && owned->owner == handle) {
             DestroyWindow(other);
@@ -336,7 +271,7 @@ BOOL MoveWindow(HWND handle, int x, int y, int width, int height, BOOL repaint) 
         placeWindow(*window, grantedRectangle(window->style, origin.x + x, origin.y + y, width, height));
     const bool redraws = resized && (window->classStyle & (CS_HREDRAW | CS_VREDRAW)) != 0;
     if (repaint || redraws) {
-        invalidate(*window, true);
+        invalidateWindow(*window, true);
     }
     if (resized) {
         sendSize(handle, SIZE_RESTORED);
@@ -364,14 +299,5 @@ BOOL GetWindowRect(HWND handle, RECT* rect) {
         return FALSE;
     }
     *rect = window->outer;
-    return TRUE;
-}
-
-BOOL InvalidateRect(HWND handle, const RECT*, BOOL erase) {
-    Window* window = findWindow(handle);
-    if (!window) {
-        return FALSE;
-    }
-    invalidate(*window, erase != FALSE);
     return TRUE;
 }

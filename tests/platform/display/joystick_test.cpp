@@ -1,6 +1,8 @@
 #include "platform/joystick.h"
 
 #include "platform/clock.h"
+#include "platform/messages.h"
+#include "platform/window.h"
 #include "support/recording_window.h"
 
 #include <SDL.h>

@@ -1,7 +1,11 @@
+#include "platform/device_contexts.h"
 #include "platform/drawing.h"
+#include "platform/drawing_objects.h"
 
-#include "platform/drawing/gdi_objects.h"
+#include "platform/drawing/context_table.h"
+#include "platform/drawing/object_table.h"
 #include "platform/drawing/surface.h"
+#include "platform/text.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,9 @@
+#include "platform/device_contexts.h"
+#include "platform/drawing_objects.h"
 #include "platform/shapes.h"
 
-#include "platform/drawing/gdi_objects.h"
+#include "platform/drawing/context_table.h"
+#include "platform/drawing/object_table.h"
 #include "platform/drawing/surface.h"
 
 #include <gtest/gtest.h>

@@ -1,5 +1,7 @@
+#include "platform/drawing.h"
 #include "platform/stretch.h"
 
+#include "platform/drawing/context_table.h"
 #include "platform/drawing/surface.h"
 
 #include <gtest/gtest.h>

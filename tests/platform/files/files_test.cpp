@@ -1,4 +1,5 @@
 #include "platform/files.h"
+#include "platform/text_file.h"
 
 #include "platform/base/end_request.h"
 

@@ -1,6 +1,7 @@
 #include "platform/fonts/fonts.h"
 
 #include "platform/fonts/font_match.h"
+#include "platform/text.h"
 
 #include <fontconfig/fontconfig.h>
 #include <gtest/gtest.h>

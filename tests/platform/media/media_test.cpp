@@ -1,5 +1,8 @@
 #include "platform/media.h"
 
+#include "platform/messages.h"
+#include "platform/painting.h"
+#include "platform/test_access.h"
 #include "platform/window.h"
 #include "riff.h"
 #include "support/movie_files.h"
@@ -129,7 +132,7 @@ TEST_F(MediaTest, LiesBetweenItsParentAndThePopupsAndEndsWithTheParent) {
     DestroyWindow(popup);
     EXPECT_TRUE(keepAliveUntil([] { return shown() >= 0; }));
     SendMessageA(movie, WM_CLOSE, 0, 0);
-    displayKeepAlive();
+    keepScreenAlive();
     EXPECT_EQ(shown(), -1);
     const HWND other = play(folder.pathOf("a.avi"));
     EXPECT_TRUE(keepAliveUntil([] { return shown() >= 0; }));
@@ -174,10 +177,10 @@ TEST_F(MediaTest, KnowsSizesFromOnePixelToTwoThousand) {
         EXPECT_EQ(found.right, size.cx);
         EXPECT_EQ(found.bottom, size.cy);
         SetWindowPos(movie, nullptr, 0, 0, 64, 64, 0);
-        const auto middle = [] { return displayPixels().pixels[32 * displayPixels().stride + 32] & 0xFF; };
+        const auto middle = [] { return screenPixels().pixels[32 * screenPixels().stride + 32] & 0xFF; };
         EXPECT_TRUE(keepAliveUntil([&] { return middle() > 0xF0; })) << size.cx;
         SendMessageA(movie, WM_CLOSE, 0, 0);
-        displayKeepAlive();
+        keepScreenAlive();
         EXPECT_EQ(middle(), 0U);
     }
 }

@@ -1,6 +1,6 @@
 #include "platform/sound.h"
 
-#include "platform/clock/virtual_clock.h"
+#include "platform/virtual_clock.h"
 #include "sounds.h"
 #include "support/heard.h"
 #include "support/temporary_folder.h"

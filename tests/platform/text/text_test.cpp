@@ -1,7 +1,9 @@
 #include "platform/text.h"
 
-#include "platform/drawing.h"
+#include "platform/device_contexts.h"
+#include "platform/drawing/context_table.h"
 #include "platform/drawing/surface.h"
+#include "platform/drawing_objects.h"
 
 #include <gtest/gtest.h>
 

@@ -1,3 +1,7 @@
+#include "platform/drawing.h"
+#include "platform/drawing_objects.h"
+#include "platform/messages.h"
+#include "platform/painting.h"
 #include "platform/window.h"
 
 #include "platform/display/display.h"

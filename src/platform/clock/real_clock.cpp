@@ -3,12 +3,6 @@
 #include <cerrno>
 #include <ctime>
 
-namespace {
-
-constexpr std::int64_t nanosecondsPerSecond = 1'000'000'000;
-
-} // namespace
-
 std::int64_t clockNow() {
     timespec now{};
     if (clock_gettime(CLOCK_MONOTONIC, &now) != 0) {

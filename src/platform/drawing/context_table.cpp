@@ -1,7 +1,7 @@
-#include "platform/drawing/device_context.h"
+#include "platform/drawing/context_table.h"
 
 #include "platform/base/handle_table.h"
-#include "platform/drawing/gdi_objects.h"
+#include "platform/drawing/object_table.h"
 
 namespace {
 
@@ -19,7 +19,8 @@ std::uintptr_t numberOf(HDC dc) {
     return reinterpret_cast<std::uintptr_t>(dc);
 }
 
-// Adds a context that draws into the bitmap, or into the surface when the bitmap is null.
+} // namespace
+
 HDC addContext(HGDIOBJ bitmap, Surface* surface) {
     if (contexts().size() >= largestContextCount) {
         return nullptr;
@@ -42,14 +43,6 @@ void removeContext(HDC dc) {
         letGoObject(object);
     }
 }
-
-// Whether the context may take the bitmap: a bitmap that others draw into at the same time is shared by
-// nobody, but the stock bitmap that every new context holds is.
-bool mayTakeBitmap(const DeviceContext& context, HGDIOBJ handle, const GdiObject& bitmap) {
-    return context.bitmap && (bitmap.stock || bitmap.selections == 0 || context.bitmap == handle);
-}
-
-} // namespace
 
 DeviceContext* findDeviceContext(HDC dc) {
     return contexts().find(numberOf(dc));
@@ -74,43 +67,4 @@ bool deleteSurfaceDC(HDC dc) {
     }
     removeContext(dc);
     return true;
-}
-
-HDC CreateCompatibleDC(HDC) {
-    HGDIOBJ bitmap = stockObject(Stock::Bitmap);
-    return addContext(bitmap, std::get_if<Surface>(&findObject(bitmap)->content));
-}
-
-BOOL DeleteDC(HDC dc) {
-    const DeviceContext* context = findDeviceContext(dc);
-    if (!context || !context->bitmap) {
-        return FALSE;
-    }
-    removeContext(dc);
-    return TRUE;
-}
-
-HGDIOBJ SelectObject(HDC dc, HGDIOBJ handle) {
-    DeviceContext* context = findDeviceContext(dc);
-    GdiObject* object = findObject(handle);
-    if (!context || !object) {
-        return nullptr;
-    }
-    HGDIOBJ* place = &context->font;
-    if (Surface* surface = std::get_if<Surface>(&object->content)) {
-        if (!mayTakeBitmap(*context, handle, *object)) {
-            return nullptr;
-        }
-        context->surface = surface;
-        place = &context->bitmap;
-    } else if (std::holds_alternative<COLORREF>(object->content) ||
-               std::holds_alternative<HollowBrush>(object->content)) {
-        place = &context->brush;
-    } else if (std::holds_alternative<Pen>(object->content)) {
-        place = &context->pen;
-    }
-    holdObject(handle);
-    HGDIOBJ former = std::exchange(*place, handle);
-    letGoObject(former);
-    return former;
 }

@@ -4,7 +4,6 @@
 // nothing of contexts or of drawing.
 #pragma once
 
-#include "platform/drawing.h"
 #include "platform/drawing/surface.h"
 #include "platform/fonts/fonts.h"
 
@@ -37,11 +36,17 @@ HGDIOBJ stockObject(Stock which);
 GdiObject* findObject(HGDIOBJ handle);
 GdiObject* findSelected(HGDIOBJ handle);
 
+// As DeleteObject. False when there is no such object.
+bool deleteObject(HGDIOBJ handle);
+
 // Counts a selection in and out. Letting go of the last selection of a deleted object ends it.
 void holdObject(HGDIOBJ handle);
 void letGoObject(HGDIOBJ handle);
 
-// Makes a pen or a hollow brush, owned by the handle; null when there are too many objects.
+// Makes an object, owned by the handle; null when there are too many objects, and for a bitmap without
+// memory.
+HBITMAP addBitmap(int width, int height);
+HBRUSH addBrush(COLORREF color);
 HPEN addPen(const Pen& pen);
 HBRUSH addHollowBrush();
 

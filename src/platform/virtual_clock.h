@@ -1,4 +1,4 @@
-// Control of virtual time, in builds that link clock_source_virtual.cpp:
+// Control of virtual time, in builds that link virtual_clock.cpp:
 // what happens when, and how late it is. Called by tests only; the
 // program never sees that its time is not real.
 #pragma once

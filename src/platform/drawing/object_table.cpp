@@ -1,9 +1,8 @@
-#include "platform/drawing/gdi_objects.h"
+#include "platform/drawing/object_table.h"
 
 #include "platform/base/handle_table.h"
 
 #include <array>
-#include <cstring>
 
 namespace {
 
@@ -98,51 +97,27 @@ HBRUSH addHollowBrush() {
     return reinterpret_cast<HBRUSH>(add(objectOf(HollowBrush{})));
 }
 
-HBITMAP CreateCompatibleBitmap(HDC, int width, int height) {
-    if (width == 0 || height == 0) {
-        width = 1;
-        height = 1;
-    }
+HBITMAP addBitmap(int width, int height) {
     std::unique_ptr<GdiObject> bitmap = bitmapOf(width, height);
     return bitmap ? reinterpret_cast<HBITMAP>(add(std::move(bitmap))) : nullptr;
 }
 
-HBRUSH CreateSolidBrush(COLORREF color) {
+HBRUSH addBrush(COLORREF color) {
     return reinterpret_cast<HBRUSH>(add(objectOf(color)));
 }
 
-HGDIOBJ GetStockObject(int index) {
-    return index == BLACK_BRUSH ? stockObject(Stock::BlackBrush) : nullptr;
-}
-
-BOOL DeleteObject(HGDIOBJ handle) {
+bool deleteObject(HGDIOBJ handle) {
     GdiObject* object = findObject(handle);
     if (!object) {
-        return FALSE;
+        return false;
     }
     if (object->stock) {
-        return TRUE;
+        return true;
     }
     if (object->selections > 0) {
         object->deleted = true;
     } else {
         objects().remove(numberOf(handle));
     }
-    return TRUE;
-}
-
-int GetObjectA(HGDIOBJ handle, int size, LPVOID result) {
-    const GdiObject* object = findObject(handle);
-    const Surface* surface = object ? std::get_if<Surface>(&object->content) : nullptr;
-    if (!surface || !result || size < static_cast<int>(sizeof(BITMAP))) {
-        return 0;
-    }
-    BITMAP description{};
-    description.bmWidth = surface->width;
-    description.bmHeight = surface->height;
-    description.bmWidthBytes = surface->width * static_cast<LONG>(sizeof(std::uint32_t));
-    description.bmPlanes = 1;
-    description.bmBitsPixel = 32;
-    std::memcpy(result, &description, sizeof(description));
-    return static_cast<int>(sizeof(description));
+    return true;
 }

@@ -1,13 +1,11 @@
-#include "platform/clock/clock_source.h"
+#include "platform/virtual_clock.h"
 
-#include "platform/clock/virtual_clock.h"
+#include "platform/clock/clock_source.h"
 
 #include <map>
 #include <utility>
 
 namespace {
-
-constexpr std::int64_t nanosecondsPerMillisecond = 1'000'000;
 
 std::int64_t currentTime = 0;
 std::multimap<std::int64_t, std::function<void()>> actions;
