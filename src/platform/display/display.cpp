@@ -1,3 +1,6 @@
+// In order: start of SDL's video and of the window, loss of the display, events and the free keyboard focus,
+// then the functions of the header: size and pixels, presenting, keeping alive, giving up and taking back,
+// switches, end.
 #include "platform/display/display.h"
 
 #include "platform/base/end_request.h"

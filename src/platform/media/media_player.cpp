@@ -1,3 +1,5 @@
+// In order: the options of a core, start and end, opening and stopping, playing and pausing, the events of
+// the library, the pictures.
 #include "platform/media/media_player.h"
 
 #include "platform/base/alsa_messages.h"

@@ -1,3 +1,4 @@
+// In order: places and sizes, showing and hiding, the end of a window, then the operations: classes, windows.
 #include "platform/window.h"
 
 #include "platform/base/end_request.h"
