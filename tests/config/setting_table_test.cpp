@@ -1,4 +1,4 @@
-// The table must be sound in itself, since nothing checks it at run time.
+// Consistency of the settings table, which is not checked at run time.
 #include "config/setting_table.h"
 
 #include <gtest/gtest.h>
@@ -8,7 +8,7 @@
 #include <set>
 #include <string>
 
-TEST(SettingTable, keysFieldsAndSavePlacesOccurOnce) {
+TEST(SettingTable, KeysFieldsAndSaveOrdersAreUnique) {
     std::set<std::string> keys;
     std::set<int> saveOrders;
     for (const SettingRow& row : settingTable) {
@@ -24,7 +24,7 @@ TEST(SettingTable, keysFieldsAndSavePlacesOccurOnce) {
     EXPECT_EQ(*saveOrders.rbegin(), savedSettingCount);
 }
 
-TEST(SettingTable, kindsFitTheirFieldsAndDefaults) {
+TEST(SettingTable, KindsMatchFieldsAndDefaults) {
     for (const SettingRow& row : settingTable) {
         SCOPED_TRACE(row.key);
         const bool isText = row.kind == SettingKind::text || row.kind == SettingKind::optionalText;

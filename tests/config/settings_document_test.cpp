@@ -6,7 +6,7 @@
 #include <fstream>
 #include <iterator>
 
-TEST(SettingsDocument, isWhatTheManualHolds) {
+TEST(SettingsDocument, MatchesTheManual) {
     const auto manual = std::filesystem::path(__FILE__).parent_path() / "../../docs/settings.md";
     std::ifstream file(manual);
     const std::string text{std::istreambuf_iterator<char>(file), {}};

@@ -33,8 +33,8 @@ protected:
     std::string path = folder.pathOf("front.ini");
 };
 
-// What the last load has put into the fields, in the order of the table.
-std::vector<std::string> loadedValues() {
+// Returns the current values of all fields, in table order.
+std::vector<std::string> currentValues() {
     std::vector<std::string> values;
     for (const SettingRow& row : settingTable) {
         std::visit(
@@ -50,8 +50,8 @@ std::vector<std::string> loadedValues() {
     return values;
 }
 
-// A file with every key.
-std::string fileOf(const std::function<std::string(const SettingRow&)>& valueOf) {
+// Returns an ini file with every key.
+std::string iniFile(const std::function<std::string(const SettingRow&)>& valueOf) {
     std::map<std::string, std::string> sections;
     for (const SettingRow& row : settingTable) {
         sections[row.section] += row.key + ("=" + valueOf(row)) + "\n";
@@ -63,8 +63,8 @@ std::string fileOf(const std::function<std::string(const SettingRow&)>& valueOf)
     return file;
 }
 
-// A value that is no default.
-std::string otherThanDefault(const SettingRow& row) {
+// Returns a value other than the default.
+std::string nonDefaultValue(const SettingRow& row) {
     if (row.kind == SettingKind::choice) {
         return row.words.front().word == std::string(row.defaultText) ? row.words.back().word
                                                                       : row.words.front().word;
@@ -85,13 +85,13 @@ std::vector<std::string> keysOf(const std::string& ini) {
     return keys;
 }
 
-TEST_F(SettingsTest, everyKeyIsReadAndDefaultsApplyWithoutAUsableFile) {
+TEST_F(SettingsTest, ReadsEveryKeyAndUsesDefaultsWithoutAUsableFile) {
     load();
-    const std::vector<std::string> defaults = loadedValues();
-    loadText(fileOf([](const SettingRow& row) { return row.defaultText ? row.defaultText : ""; }));
-    EXPECT_EQ(loadedValues(), defaults);
-    loadText(fileOf(otherThanDefault));
-    const std::vector<std::string> others = loadedValues();
+    const std::vector<std::string> defaults = currentValues();
+    loadText(iniFile([](const SettingRow& row) { return row.defaultText ? row.defaultText : ""; }));
+    EXPECT_EQ(currentValues(), defaults);
+    loadText(iniFile(nonDefaultValue));
+    const std::vector<std::string> others = currentValues();
     for (std::size_t row = 0; row < settingTable.size(); ++row) {
         EXPECT_NE(others[row], defaults[row]) << settingTable[row].key;
     }
@@ -99,17 +99,17 @@ TEST_F(SettingsTest, everyKeyIsReadAndDefaultsApplyWithoutAUsableFile) {
          {std::string(), std::string("[[[=\n]=\n=1\n\r\r"), std::string(100000, '\0'),
           std::string("[Settings]\n") + std::string(70000, '\xff')}) {
         loadText(junk);
-        EXPECT_EQ(loadedValues(), defaults);
+        EXPECT_EQ(currentValues(), defaults);
     }
     std::filesystem::remove(path);
     std::filesystem::create_directory(path);
     load();
-    EXPECT_EQ(loadedValues(), defaults);
+    EXPECT_EQ(currentValues(), defaults);
     saveSettings(nullptr);
     EXPECT_TRUE(std::filesystem::is_directory(path));
 }
 
-TEST_F(SettingsTest, flagsAreFalseOnlyForTheDigitZero) {
+TEST_F(SettingsTest, FlagsAreFalseOnlyForTheDigitZero) {
     const std::pair<const char*, int> cases[] = {{"0", 0}, {"1", 1},  {"no", 1},
                                                  {"", 1},  {"00", 1}, {"-0", 1}};
     for (const auto& [value, expected] : cases) {
@@ -119,7 +119,7 @@ TEST_F(SettingsTest, flagsAreFalseOnlyForTheDigitZero) {
     }
 }
 
-TEST_F(SettingsTest, numbersColoursAndCodesAreTakenAsTheyStand) {
+TEST_F(SettingsTest, NumbersColoursAndCodesAreNotRangeChecked) {
     loadText("[Settings]\r\nScrollBorderPct = "
              "-7\r\nFontcolor=FF\r\nBackgroundcolor=0xff8000\r\nHighlightForecolor=red\r\n"
              "HighlightBackcolor=\r\n[RomOptions]\r\nMaxCoins=65535\r\nMinCoins=x\r\n[keymappings]"
@@ -138,7 +138,7 @@ TEST_F(SettingsTest, numbersColoursAndCodesAreTakenAsTheyStand) {
     EXPECT_EQ(settings.joySelectUp, 203);
 }
 
-TEST_F(SettingsTest, choicesMatchWholeWordsInTheirOwnSpelling) {
+TEST_F(SettingsTest, ChoicesMatchWholeWordsCaseSensitively) {
     struct Case {
         const char* key;
         std::int32_t Settings::*field;
@@ -165,7 +165,7 @@ TEST_F(SettingsTest, choicesMatchWholeWordsInTheirOwnSpelling) {
     EXPECT_EQ(settings.sortBy, sortByManufacturer);
 }
 
-TEST_F(SettingsTest, textsAreCutAt254CharactersAndSavedCut) {
+TEST_F(SettingsTest, TextsAreTruncatedTo254Characters) {
     const std::string longText(10000, 'a');
     loadText("[Settings]\nFontface=" + longText + "\n[Sounds]\nStartup=" + longText +
              "\nSelect=\nError=beep.wav\n");
@@ -177,7 +177,7 @@ TEST_F(SettingsTest, textsAreCutAt254CharactersAndSavedCut) {
     EXPECT_NE(folder.read("front.ini").find("Fontface=" + longText.substr(0, 254) + "\n"), std::string::npos);
 }
 
-TEST_F(SettingsTest, savesTheMenuKeysInOrderAndTheSelectionIfThereIsOne) {
+TEST_F(SettingsTest, SavesTheMenuKeysInOrderAndTheSelectionIfAny) {
     load();
     saveSettings(nullptr);
     std::vector<std::string> expected = {
@@ -196,13 +196,13 @@ TEST_F(SettingsTest, savesTheMenuKeysInOrderAndTheSelectionIfThereIsOne) {
     EXPECT_STREQ(settings.selectedGame, "pong2");
 }
 
-TEST_F(SettingsTest, aSavedFileReadsBackToTheSameStateAndKeepsItsOtherLines) {
+TEST_F(SettingsTest, ASavedFileLoadsToTheSameStateAndKeepsOtherLines) {
     const std::string others =
         "; mine\r\n[Mameoptions]\r\npong2=-nosound\r\n\r\n[Settings]\r\nUnknown=5\r\nSortBy=Name\r\n";
     loadText(others +
              "PreviewPictures=Marquees\r\nMenuType=ImageBrowser\r\nOrientation=ROL\r\nFontsize=31\r\n"
              "[RomOptions]\r\nMaxCoins=65535\r\nDisplayClones=0\r\nSortBy=Year\r\n");
-    settings.orientation = 90; // turned for player 2
+    settings.orientation = 90; // rotated for player 2
     settings.sortBy = sortByManufacturer;
     settings.useMameInfoDat = 0;
     settings.displayRaster = 0;

@@ -35,7 +35,7 @@ protected:
         std::filesystem::permissions(folder.pathOf(name), std::filesystem::perms::all);
     }
 
-    // Leaves each message box with a key, a second after the one before.
+    // Closes each message box with a key press, one per second.
     static void dismissBoxes(int count) {
         for (int box = 1; box <= count; ++box) {
             virtualClockAt(virtualClockMilliseconds() + 1000 * box, [] { pressKey(SDL_SCANCODE_RETURN); });
@@ -48,7 +48,7 @@ protected:
     std::string emulator = folder.pathOf("emulator");
 };
 
-TEST_F(CatalogueLoaderTest, readsAListThatIsThereAndRunsNothing) {
+TEST_F(CatalogueLoaderTest, ReadsAnExistingListWithoutRunningAProgram) {
     for (const auto& [list, names] : {std::pair{"game (\r\nname a\r\n)\r\ngame (\r\nname b\r\n)", "a b "},
                                       {"\xEF\xBB\xBFgame (\nname a\n)\n", "a "},
                                       {"", ""}}) {
@@ -60,9 +60,9 @@ TEST_F(CatalogueLoaderTest, readsAListThatIsThereAndRunsNothing) {
     EXPECT_FALSE(folder.has("listinfo.xml"));
 }
 
-// The converter beside the test program goes before the stand-in, which makes the same of the emulator's
-// answer.
-TEST_F(CatalogueLoaderTest, hasAMissingListMade) {
+// The converter in the folder of the test program takes precedence over the script, which writes the same
+// list.
+TEST_F(CatalogueLoaderTest, GeneratesAMissingList) {
     const std::string xml = R"(<mame><machine name="alpha"><description>Alpha</description>)"
                             R"(<manufacturer>M</manufacturer></machine></mame>)";
     writeProgram("emulator", "[ \"$*\" = -listxml ] && echo '" + xml + "'\n");
@@ -73,10 +73,10 @@ TEST_F(CatalogueLoaderTest, hasAMissingListMade) {
 
     writeProgram("emulator", "echo changed\n");
     EXPECT_EQ(loadGameList(), 1);
-    EXPECT_EQ(namesOf(allGames, gameCount), "alpha ") << "a list that is there is trusted";
+    EXPECT_EQ(namesOf(allGames, gameCount), "alpha ") << "an existing list is not regenerated";
 }
 
-TEST_F(CatalogueLoaderTest, anEmulatorThatGivesNoListLeavesAnEmptyOneAndSaysSo) {
+TEST_F(CatalogueLoaderTest, ReportsAnEmptyListWhenTheEmulatorWritesNone) {
     const struct {
         const char* script;
         int boxes;
@@ -87,7 +87,7 @@ TEST_F(CatalogueLoaderTest, anEmulatorThatGivesNoListLeavesAnEmptyOneAndSaysSo) 
     for (const auto& [script, boxes, reason] : emulators) {
         std::filesystem::remove("listinfo.dat");
         std::filesystem::remove("emulator");
-        if (script != nullptr) {
+        if (script) {
             writeProgram("emulator", script);
         }
         writeProgram("xml2info", "cat > /dev/null\n");
@@ -100,7 +100,7 @@ TEST_F(CatalogueLoaderTest, anEmulatorThatGivesNoListLeavesAnEmptyOneAndSaysSo) 
     }
 }
 
-TEST_F(CatalogueLoaderTest, tellsForSevenAndAHalfSecondsThatThereIsNoList) {
+TEST_F(CatalogueLoaderTest, ShowsForSevenAndAHalfSecondsThatThereIsNoList) {
     writeProgram("emulator", "echo list\n");
     std::filesystem::create_directory("listinfo.dat");
     dismissBoxes(1);
@@ -110,7 +110,7 @@ TEST_F(CatalogueLoaderTest, tellsForSevenAndAHalfSecondsThatThereIsNoList) {
     EXPECT_EQ(gameCount, 0);
 }
 
-TEST_F(CatalogueLoaderTest, aRequestToEndLeavesNoListThatWouldBeTrusted) {
+TEST_F(CatalogueLoaderTest, LeavesNoListAfterAShutdownRequest) {
     WNDCLASSA windowClass{};
     windowClass.lpfnWndProc = DefWindowProcA;
     windowClass.lpszClassName = "Main";
@@ -119,7 +119,7 @@ TEST_F(CatalogueLoaderTest, aRequestToEndLeavesNoListThatWouldBeTrusted) {
     writeProgram("emulator", "kill -TERM $PPID; sleep 20");
     EXPECT_EQ(loadGameList(), 0);
     EXPECT_FALSE(folder.has("listinfo.dat"));
-    EXPECT_LT(virtualClockMilliseconds(), 1000) << "nothing is shown for long on the way out";
+    EXPECT_LT(virtualClockMilliseconds(), 1000) << "no message delays the shutdown";
 }
 
 } // namespace

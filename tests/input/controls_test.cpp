@@ -26,7 +26,7 @@ protected:
         Sleep(10);
     }
 
-    static SDL_Joystick* plugIn() {
+    static SDL_Joystick* connectJoystick() {
         JOYINFO unplugged{};
         joyGetPos(0, &unplugged);
         return SDL_JoystickOpen(SDL_JoystickAttachVirtual(SDL_JOYSTICK_TYPE_GAMECONTROLLER, 2, 12, 0));
@@ -41,7 +41,7 @@ TEST_F(ControlsTest, ATapCountsOnceAndOnlyWithTheFocus) {
     tap(SDL_SCANCODE_UP);
     EXPECT_EQ(keyPressed(VK_UP), 0);
     appActive = 1;
-    EXPECT_EQ(keyPressed(VK_UP), 1) << "nothing was read, so the press is still there";
+    EXPECT_EQ(keyPressed(VK_UP), 1) << "the press is kept while the focus is elsewhere";
     EXPECT_EQ(keyPressed(0), 0);
 }
 
@@ -55,8 +55,8 @@ TEST_F(ControlsTest, AFlushForgetsPressesButNotHeldKeys) {
 }
 
 TEST_F(ControlsTest, AButtonCountsWhenItIsTheOnlyOne) {
-    SDL_Joystick* pad = plugIn();
-    EXPECT_EQ(joyPressed(1), 0) << "not before the probe";
+    SDL_Joystick* pad = connectJoystick();
+    EXPECT_EQ(joyPressed(1), 0) << "initJoystick has not been called yet";
     initJoystick();
     for (int button = 0; button < 12; ++button) {
         SDL_JoystickSetVirtualButton(pad, button, 1);
@@ -76,7 +76,7 @@ TEST_F(ControlsTest, AButtonCountsWhenItIsTheOnlyOne) {
 }
 
 TEST_F(ControlsTest, AnAxisCountsFromAFifthOfItsMaximum) {
-    SDL_Joystick* pad = plugIn();
+    SDL_Joystick* pad = connectJoystick();
     initJoystick();
     const struct {
         int position; // 0 to 65535
@@ -95,12 +95,12 @@ TEST_F(ControlsTest, AnAxisCountsFromAFifthOfItsMaximum) {
     }
 }
 
-TEST_F(ControlsTest, TellsOfAJoystickThatIsGoneOnlyWhenItWasThere) {
+TEST_F(ControlsTest, ReportsADisconnectedJoystickOnlyAfterItWasDetected) {
     initJoystick();
     testing::internal::CaptureStdout();
     EXPECT_EQ(joyPressed(1), 0);
     EXPECT_EQ(testing::internal::GetCapturedStdout(), "");
-    plugIn();
+    connectJoystick();
     initJoystick();
     SDL_JoystickDetachVirtual(0);
     testing::internal::CaptureStdout();

@@ -10,14 +10,14 @@
 
 namespace {
 
-// Of the front end, which is the test program here.
+// The folder of the running executable, here the test program.
 std::string ownFolder() {
     std::string path = std::filesystem::read_symlink("/proc/self/exe").parent_path();
     std::ranges::replace(path, '/', '\\');
     return path;
 }
 
-TEST(EmulatorFolder, IsThatOfAProgramWithADriveOrAnAbsolutePath) {
+TEST(EmulatorFolder, IsTheProgramsFolderForADriveOrAnAbsolutePath) {
     const TemporaryFolder folder;
     const std::string base = folder.pathOf("");
     std::filesystem::create_directories("my games/bin");

@@ -29,18 +29,18 @@ protected:
     TemporaryFolder folder;
 };
 
-TEST_F(ProcessRunnerTest, FetchesTheExitCodeOfAGameOnly) {
+TEST_F(ProcessRunnerTest, ReturnsTheExitCodeOfGamesOnly) {
     DWORD exitCode = 77;
     EXPECT_EQ(attached("sh -c \"exit 5\"", &exitCode, 0), 1);
     EXPECT_EQ(exitCode, 77U);
-    EXPECT_EQ(virtualClockMilliseconds(), 0) << "no wait without a game";
+    EXPECT_EQ(virtualClockMilliseconds(), 0) << "no delay unless a game is run";
     EXPECT_EQ(attached("sh -c \"exit 5\"", &exitCode, 1), 1);
     EXPECT_EQ(exitCode, 5U);
-    EXPECT_EQ(virtualClockMilliseconds(), 1000) << "also when the game has ended by then";
+    EXPECT_EQ(virtualClockMilliseconds(), 1000) << "even if the game has already ended";
     EXPECT_EQ(attached("sh -c \"exit 5\"", nullptr, 1), 1);
 }
 
-TEST_F(ProcessRunnerTest, ForgetsPressesAfterARunAndAfterAFailedStart) {
+TEST_F(ProcessRunnerTest, DiscardsPressesAfterARunAndAfterAFailedStart) {
     for (const char* program : {"true", "/no/such/program"}) {
         pressKey(SDL_SCANCODE_UP);
         releaseKey(SDL_SCANCODE_UP);
@@ -54,7 +54,7 @@ TEST_F(ProcessRunnerTest, ForgetsPressesAfterARunAndAfterAFailedStart) {
     }
 }
 
-TEST_F(ProcessRunnerTest, SaysWhatCouldNotBeStartedOrOpened) {
+TEST_F(ProcessRunnerTest, ReportsWhatCouldNotBeStartedOrOpened) {
     DWORD exitCode = 77;
     EXPECT_EQ(errorsOf([&] { EXPECT_EQ(attached("/no/such thing", &exitCode, 1), 0); }),
               "Error: Failed to execute [/no/such thing]!\n");
@@ -69,7 +69,7 @@ TEST_F(ProcessRunnerTest, SaysWhatCouldNotBeStartedOrOpened) {
     EXPECT_EQ(
         errorsOf([&] { EXPECT_EQ(runFilter(command, "/", "/no/such/input", path("output").c_str()), 0); }),
         "Error: Failed to open file [/no/such/input]!\n");
-    EXPECT_TRUE(std::filesystem::exists(path("output"))) << "the output file is made first";
+    EXPECT_TRUE(std::filesystem::exists(path("output"))) << "the output file is created first";
     EXPECT_EQ(std::filesystem::file_size(path("output")), 0U);
 }
 
@@ -81,7 +81,7 @@ TEST_F(ProcessRunnerTest, RedirectsOutputErrorsAndInput) {
     EXPECT_EQ(runFilter(filter.data(), "/", path("first").c_str(), path("second").c_str()), 1);
     EXPECT_EQ(folder.read("second"), "OUT\nerr\n/usr\n");
     EXPECT_EQ(runFilter(filter.data(), "/", path("first").c_str(), path("second").c_str()), 1);
-    EXPECT_EQ(folder.read("second"), "OUT\nerr\n/usr\n") << "an output file is made anew";
+    EXPECT_EQ(folder.read("second"), "OUT\nerr\n/usr\n") << "an existing output file is truncated";
 }
 
 } // namespace

@@ -29,7 +29,7 @@ protected:
         }
     }
 
-    // Which lines were stepped, told by their value.
+    // The indices of the lines whose choice was changed.
     std::vector<int> changed() const {
         std::vector<int> lines;
         for (int line = 0; line < count; ++line) {
@@ -40,7 +40,7 @@ protected:
         return lines;
     }
 
-    // The rectangle of the menu, found by the colour of its background.
+    // The bounding rectangle of the menu, found by its background colour.
     static RECT menuRect() {
         const ScreenPixels screen = screenPixels();
         RECT rect{screen.width, screen.height, 0, 0};
@@ -59,7 +59,7 @@ protected:
     std::int32_t count = 0;
 };
 
-TEST_F(MenuWindowTest, WalksAndStepsBothWaysRoundForBothPlayers) {
+TEST_F(MenuWindowTest, MovesAndStepsInBothDirectionsForBothPlayers) {
     makeItems(3);
     std::int64_t time = 50;
     for (const SDL_Scancode key :
@@ -71,17 +71,17 @@ TEST_F(MenuWindowTest, WalksAndStepsBothWaysRoundForBothPlayers) {
     tap(time, SDL_SCANCODE_W);
     const std::int64_t start = virtualClockMilliseconds();
     EXPECT_EQ(runMenu(items, count), 1);
-    EXPECT_LT(virtualClockMilliseconds() - start, time + 200) << "a tap closes at once";
+    EXPECT_LT(virtualClockMilliseconds() - start, time + 200) << "one key press closes the menu";
     EXPECT_EQ(changed(), (std::vector<int>{0, 2}));
 
     tap(50, SDL_SCANCODE_RIGHT);
     at(200, [] { pressKey(SDL_SCANCODE_ESCAPE); });
     at(700, [] { releaseKey(SDL_SCANCODE_ESCAPE); });
     EXPECT_EQ(runMenu(items, count), 1);
-    EXPECT_EQ(changed(), std::vector<int>{2}) << "the values stay, the selection starts anew";
+    EXPECT_EQ(changed(), std::vector<int>{2}) << "the choices are kept, the selection is reset";
 }
 
-TEST_F(MenuWindowTest, FitsItsTextsAndStaysCentredAtEveryRotation) {
+TEST_F(MenuWindowTest, FitsItsTextsAndIsCentredAtEveryRotation) {
     makeItems(10);
     settings.backgroundColor = 0x563412;
     settings.invertPlayer2Screen = 1;
@@ -125,7 +125,7 @@ TEST_F(MenuWindowTest, ScrollsAListThatIsLongerThanTheScreen) {
     EXPECT_EQ(changed(), (std::vector<int>{19, 199}));
 }
 
-TEST_F(MenuWindowTest, ALineCanOpenAMenuOfItsOwn) {
+TEST_F(MenuWindowTest, ALineCanOpenASubMenu) {
     makeItems(2);
     items[1]->subItems = static_cast<MenuItem**>(std::calloc(1, sizeof(MenuItem*)));
     items[1]->subItems[0] = newCountItem("Inner", 3);
@@ -145,11 +145,11 @@ TEST_F(MenuWindowTest, ALineCanOpenAMenuOfItsOwn) {
     tap(50, SDL_SCANCODE_DOWN);
     tap(350, SDL_SCANCODE_RIGHT);
     at(650, [] { pushEvent(SDL_QUIT); });
-    EXPECT_EQ(runMenu(items, count), 1) << "the end of the main window ends both menus";
+    EXPECT_EQ(runMenu(items, count), 1) << "closing the main window closes both menus";
     EXPECT_FALSE(GetClientRect(mainWindow, nullptr));
 }
 
-TEST_F(MenuWindowTest, EndsOnAQuitAndHarmlesslyWithoutAnyLine) {
+TEST_F(MenuWindowTest, EndsOnQuitAndWorksWithoutLines) {
     PostQuitMessage(7);
     EXPECT_EQ(runMenu(nullptr, 0), 1);
     for (const SDL_Scancode key : {SDL_SCANCODE_UP, SDL_SCANCODE_RIGHT, SDL_SCANCODE_LEFT}) {

@@ -16,7 +16,7 @@ namespace {
 constexpr std::uint32_t boxColor = 0x102030;
 constexpr std::uint32_t inkColor = 0xFFFFFF;
 
-// Pixels of the screen that are not black: the extent of the box with its frame.
+// A bounding rectangle on the screen, in pixels.
 struct Extent {
     int left = 10000;
     int top = 10000;
@@ -61,7 +61,7 @@ protected:
     }
     static Extent inkExtent() {
         return extentOf([](std::uint32_t pixel) {
-            return (pixel & 0xFF) > 0xA0 && pixel != 0xC8C8C8; // the line of the frame
+            return (pixel & 0xFF) > 0xA0 && pixel != 0xC8C8C8; // the colour of the frame
         });
     }
 
@@ -90,7 +90,7 @@ TEST_F(MessageWindowTest, IsCentredAndAsLargeAsItsTextAtEveryRotation) {
     }
 }
 
-TEST_F(MessageWindowTest, LeavesTheEndsOfTheScreenFreeUnderALongText) {
+TEST_F(MessageWindowTest, KeepsAMarginToTheScreenEdgesWithALongText) {
     const std::string text(500, 'W');
     for (const std::int32_t rotation : {0, 90, 180, -90}) {
         settings.orientation = rotation;
@@ -107,12 +107,12 @@ TEST_F(MessageWindowTest, LeavesTheEndsOfTheScreenFreeUnderALongText) {
     }
 }
 
-TEST_F(MessageWindowTest, ReplacesTheTextInTheSameBox) {
+TEST_F(MessageWindowTest, ReplacesTheText) {
     showMessage("A text that is rather long");
     showMessage("nnnn");
     const Extent first = inkExtent();
-    EXPECT_LT(boxExtent().right - boxExtent().left, 150) << "no trace of the former text";
-    showMessage("uuuu"); // as wide as the text before
+    EXPECT_LT(boxExtent().right - boxExtent().left, 150) << "the previous text is erased";
+    showMessage("uuuu"); // as wide as the previous text
     const Extent second = inkExtent();
     EXPECT_EQ(first.right - first.left, second.right - second.left);
     const ScreenPixels screen = screenPixels();
@@ -120,12 +120,12 @@ TEST_F(MessageWindowTest, ReplacesTheTextInTheSameBox) {
     for (int x = second.left; x < second.right; ++x) {
         inkAtTop += (screen.pixels[second.top * screen.stride + x] & 0xFF) > 0xA0 ? 1 : 0;
     }
-    EXPECT_LT(inkAtTop, (second.right - second.left) * 2 / 5) << "an n is closed at its top, a u is not";
+    EXPECT_LT(inkAtTop, (second.right - second.left) * 2 / 5) << "n is closed at the top, u is open";
     hideMessage();
     hideMessage();
     MSG message{};
     PeekMessageA(&message, nullptr, 0, 0, PM_NOREMOVE);
-    EXPECT_EQ(screenPixels().pixels[240 * 640 + 320], 0U) << "gone from the picture";
+    EXPECT_EQ(screenPixels().pixels[240 * 640 + 320], 0U) << "the box is removed from the screen";
     for (int round = 0; round < 20; ++round) {
         showMessage("");
         EXPECT_EQ(boxExtent().right - boxExtent().left, 30);
@@ -133,7 +133,7 @@ TEST_F(MessageWindowTest, ReplacesTheTextInTheSameBox) {
     }
 }
 
-TEST_F(MessageWindowTest, TellsWhenNoWindowCanBeMade) {
+TEST_F(MessageWindowTest, ReportsAWindowThatCannotBeCreated) {
     WNDCLASSA taken{};
     taken.lpszClassName = "MessageWndClass";
     taken.lpfnWndProc = DefWindowProcA;

@@ -18,27 +18,27 @@ protected:
     WordWrapTest() { selectFont(dc, settings.fontFace, 18, 0, 0); }
     ~WordWrapTest() override { DeleteDC(dc); }
 
-    // Wraps a line in a window as wide as a text, with a bar behind each piece.
+    // Wraps a line to the width of another text. Returns the wrapped lines, each followed by a bar.
     std::string wrap(const std::string& line, const std::string& width) {
         const LONG limit = textWidth(dc, width.c_str());
         MoveWindow(mainWindow, 0, 0, isQuarterTurn(settings.orientation) ? 20 : limit + 12,
                    isQuarterTurn(settings.orientation) ? limit + 12 : 20, FALSE);
         const char* lines[] = {line.c_str()};
         std::int32_t count = -1;
-        char** pieces = wordWrapText(mainWindow, dc, lines, 1, &count);
+        char** wrapped = wordWrapText(mainWindow, dc, lines, 1, &count);
         std::string result;
-        for (std::int32_t piece = 0; piece < count; ++piece) {
-            result += std::string(pieces[piece]) + "|";
-            std::free(pieces[piece]);
+        for (std::int32_t index = 0; index < count; ++index) {
+            result += std::string(wrapped[index]) + "|";
+            std::free(wrapped[index]);
         }
-        std::free(static_cast<void*>(pieces));
+        std::free(static_cast<void*>(wrapped));
         return result;
     }
 
     HDC dc = CreateCompatibleDC(nullptr);
 };
 
-TEST_F(WordWrapTest, CutsAtWhiteSpaceAndWideWordsAtTheEdge) {
+TEST_F(WordWrapTest, BreaksAtWhiteSpaceAndInsideWideWords) {
     const struct {
         const char* line;
         const char* width;
@@ -67,12 +67,13 @@ TEST_F(WordWrapTest, CutsAtWhiteSpaceAndWideWordsAtTheEdge) {
     }
 }
 
-TEST_F(WordWrapTest, TellsWhenItCannotMeasure) {
+TEST_F(WordWrapTest, ReportsATextThatCannotBeMeasured) {
     const char* lines[] = {"text", ""};
     std::int32_t count = -1;
     testing::internal::CaptureStdout();
     EXPECT_EQ(wordWrapText(mainWindow, nullptr, lines, 2, &count), nullptr);
-    EXPECT_EQ(__fpending(stdout), 0U) << "what waits for the end of the process can hold it up";
+    EXPECT_EQ(__fpending(stdout), 0U)
+        << "the message must not stay in the stdio buffer, where it could block the exit";
     EXPECT_EQ(testing::internal::GetCapturedStdout(), "GetTextExtentPoint32 failed in wordWrapText()!");
     EXPECT_EQ(count, 0);
 }

@@ -19,7 +19,7 @@
 
 namespace {
 
-// A file that is read, and what came out.
+// The result of decoding a file.
 struct Decoded {
     explicit Decoded(const std::string& path) {
         params.size = pngDibParamsSize;
@@ -32,7 +32,7 @@ struct Decoded {
 
     int stride() const { return (header().biBitCount * header().biWidth + 31) / 32 * 4; }
 
-    // The pixel of a line of the picture, counted from the top: an index, or 0x00RRGGBB.
+    // Returns a pixel, with y counted from the top: a palette index, or 0x00RRGGBB.
     unsigned pixel(int x, int y) const {
         const int bits = header().biBitCount;
         const BYTE* row = params.pixels + (header().biHeight - 1 - y) * stride();
@@ -46,14 +46,14 @@ struct Decoded {
     int result = -1;
 };
 
-struct Wanted {
+struct ExpectedForm {
     int colorType;
     int depth;
     int bits;
     unsigned paletteCount;
 };
 
-constexpr Wanted allForms[] = {
+constexpr ExpectedForm allForms[] = {
     {PNG_COLOR_TYPE_GRAY, 1, 1, 2},          {PNG_COLOR_TYPE_GRAY, 2, 4, 4},
     {PNG_COLOR_TYPE_GRAY, 4, 4, 16},         {PNG_COLOR_TYPE_GRAY, 8, 8, 256},
     {PNG_COLOR_TYPE_GRAY, 16, 8, 256},       {PNG_COLOR_TYPE_GRAY_ALPHA, 8, 8, 256},
@@ -64,7 +64,7 @@ constexpr Wanted allForms[] = {
     {PNG_COLOR_TYPE_PALETTE, 8, 8, 256},
 };
 
-unsigned wantedPixel(const PngForm& form, int bits, int x, int y) {
+unsigned expectedPixel(const PngForm& form, int bits, int x, int y) {
     const auto top = [&](int channel) { return sampleAt(form, x, y, channel) >> (form.depth == 16 ? 8 : 0); };
     return bits == 24 ? top(0) << 16 | top(1) << 8 | top(2) : top(0);
 }
@@ -75,15 +75,15 @@ void expectPalette(const Decoded& picture, const PngForm& form) {
         const int last = static_cast<int>(picture.params.paletteCount) - 1;
         const auto gray = static_cast<png_byte>(i * 255 / last);
         const bool fromFile = form.colorType == PNG_COLOR_TYPE_PALETTE;
-        const png_color wanted = fromFile ? paletteColor(i) : png_color{gray, gray, gray};
-        EXPECT_EQ(color.rgbRed, wanted.red) << i;
-        EXPECT_EQ(color.rgbGreen, wanted.green) << i;
-        EXPECT_EQ(color.rgbBlue, wanted.blue) << i;
+        const png_color expected = fromFile ? paletteColor(i) : png_color{gray, gray, gray};
+        EXPECT_EQ(color.rgbRed, expected.red) << i;
+        EXPECT_EQ(color.rgbGreen, expected.green) << i;
+        EXPECT_EQ(color.rgbBlue, expected.blue) << i;
         EXPECT_EQ(color.rgbReserved, 0) << i;
     }
 }
 
-// Bits behind the last pixel of each row are zero.
+// Checks that the padding bits of each row are zero.
 void expectCleanRowEnds(const Decoded& picture) {
     const int used = picture.header().biWidth * picture.header().biBitCount;
     for (int y = 0; y < picture.header().biHeight; ++y) {
@@ -99,8 +99,8 @@ void expectCleanRowEnds(const Decoded& picture) {
 TEST(PngDib, EveryColorTypeDepthAndInterlacing) {
     const TemporaryFolder folder;
     for (int i = 0; i < 2 * static_cast<int>(std::size(allForms)) * 3; ++i) {
-        const Wanted& wanted = allForms[i / 6];
-        PngForm form{wanted.colorType, wanted.depth, i % 2 == 1};
+        const ExpectedForm& expected = allForms[i / 6];
+        PngForm form{expected.colorType, expected.depth, i % 2 == 1};
         form.width = std::array{11, 1, 64}[static_cast<std::size_t>(i / 2 % 3)];
         SCOPED_TRACE(::testing::Message() << "type " << form.colorType << " depth " << form.depth << " width "
                                           << form.width << " interlaced " << form.interlaced);
@@ -108,16 +108,16 @@ TEST(PngDib, EveryColorTypeDepthAndInterlacing) {
         ASSERT_EQ(picture.result, pngDibSuccess);
         const PngDibParams& params = picture.params;
         const BITMAPINFOHEADER& header = picture.header();
-        ASSERT_EQ(header.biBitCount, wanted.bits);
-        ASSERT_EQ(params.paletteCount, wanted.paletteCount);
-        EXPECT_EQ(header.biClrUsed, wanted.paletteCount);
+        ASSERT_EQ(header.biBitCount, expected.bits);
+        ASSERT_EQ(params.paletteCount, expected.paletteCount);
+        EXPECT_EQ(header.biClrUsed, expected.paletteCount);
         EXPECT_EQ(header.biSize, 40U);
         EXPECT_EQ(header.biPlanes, 1);
         EXPECT_EQ(header.biWidth, form.width);
         EXPECT_EQ(header.biHeight, form.height);
         EXPECT_EQ(header.biSizeImage, static_cast<DWORD>(picture.stride() * form.height));
         EXPECT_EQ(params.headerSize, 40U);
-        EXPECT_EQ(params.pixelOffset, 40 + 4 * wanted.paletteCount);
+        EXPECT_EQ(params.pixelOffset, 40 + 4 * expected.paletteCount);
         EXPECT_EQ(params.dibSize, params.pixelOffset + header.biSizeImage);
         EXPECT_EQ(params.pixels, static_cast<BYTE*>(params.dib) + params.pixelOffset);
         expectPalette(picture, form);
@@ -125,12 +125,12 @@ TEST(PngDib, EveryColorTypeDepthAndInterlacing) {
         for (int at = 0; at < form.width * form.height; ++at) {
             const int x = at % form.width;
             const int y = at / form.width;
-            ASSERT_EQ(picture.pixel(x, y), wantedPixel(form, wanted.bits, x, y)) << x << ' ' << y;
+            ASSERT_EQ(picture.pixel(x, y), expectedPixel(form, expected.bits, x, y)) << x << ' ' << y;
         }
     }
 }
 
-TEST(PngDib, ResolutionOnlyInMetres) {
+TEST(PngDib, ResolutionOnlyInPixelsPerMetre) {
     const TemporaryFolder folder;
     for (const int unit : {-1, PNG_RESOLUTION_UNKNOWN, PNG_RESOLUTION_METER}) {
         PngForm form;
@@ -142,14 +142,14 @@ TEST(PngDib, ResolutionOnlyInMetres) {
     }
 }
 
-TEST(PngDib, TheSizeFieldIsLookedAtFirst) {
+TEST(PngDib, TheSizeFieldIsCheckedFirst) {
     PngDibParams params{};
     EXPECT_EQ(pngToDib(&params), pngDibWrongSize);
     params.size = sizeof(void*) == 4 ? 44 : sizeof(params);
     EXPECT_EQ(pngToDib(&params), pngDibWrongSize);
 }
 
-TEST(PngDib, WhatIsNoPicture) {
+TEST(PngDib, FilesThatAreNotPngPictures) {
     const TemporaryFolder folder;
     mkfifo(folder.pathOf("pipe.png").c_str(), 0600);
     std::filesystem::create_directory(folder.pathOf("folder.png"));
@@ -161,7 +161,7 @@ TEST(PngDib, WhatIsNoPicture) {
     EXPECT_EQ(Decoded(folder.write("photo.png", "\xFF\xD8\xFF\xE0\x10JFIF")).result, pngDibDamaged);
 }
 
-TEST(PngDib, CutOffOrDamagedAtEveryByte) {
+TEST(PngDib, TruncatedOrDamagedAtEveryByte) {
     const TemporaryFolder folder;
     const std::size_t openFiles = std::distance(std::filesystem::directory_iterator("/proc/self/fd"), {});
     const PngForm forms[] = {{PNG_COLOR_TYPE_PALETTE, 2, true, 5, 3},
@@ -175,7 +175,7 @@ TEST(PngDib, CutOffOrDamagedAtEveryByte) {
             for (const int change : {0x01, 0x80, 0xFF}) {
                 damaged[at] = static_cast<char>(whole[at] ^ change);
                 const Decoded picture(folder.write("a.png", damaged));
-                // Damage that the checks of the format forgive must still leave a picture that is all there.
+                // Damage that no checksum detects must still result in a complete picture.
                 if (picture.result == pngDibSuccess) {
                     EXPECT_EQ(picture.header().biBitCount, bits);
                     EXPECT_EQ(picture.params.dibSize,
@@ -187,7 +187,7 @@ TEST(PngDib, CutOffOrDamagedAtEveryByte) {
     EXPECT_EQ(std::distance(std::filesystem::directory_iterator("/proc/self/fd"), {}), openFiles);
 }
 
-TEST(PngDib, SizesThatAFileOnlyDeclares) {
+TEST(PngDib, DeclaredSizesBeyondTheContent) {
     const TemporaryFolder folder;
     struct Case {
         int colorType;
@@ -197,15 +197,16 @@ TEST(PngDib, SizesThatAFileOnlyDeclares) {
         int result;
     };
     const Case cases[] = {
-        {PNG_COLOR_TYPE_RGB, 8, 30000, 30000, pngDibOutOfMemory},  // beyond 31 bits
-        {PNG_COLOR_TYPE_RGB, 8, 50000, 50000, pngDibOutOfMemory},  // beyond 32 bits
-        {PNG_COLOR_TYPE_GRAY, 8, 30000, 30000, pngDibOutOfMemory}, // beyond what a machine can spare
-        {PNG_COLOR_TYPE_GRAY, 1, 30000, 30000, pngDibOutOfMemory}, // small, but too slow to draw
-        {PNG_COLOR_TYPE_GRAY, 1, 10000, 10000, pngDibDamaged},     // cut off
-        {PNG_COLOR_TYPE_RGB_ALPHA, 16, 6000, 8000, pngDibDamaged}, // the largest flyer, cut off
+        {PNG_COLOR_TYPE_RGB, 8, 30000, 30000, pngDibOutOfMemory},  // size exceeds 31 bits
+        {PNG_COLOR_TYPE_RGB, 8, 50000, 50000, pngDibOutOfMemory},  // size exceeds 32 bits
+        {PNG_COLOR_TYPE_GRAY, 8, 30000, 30000, pngDibOutOfMemory}, // exceeds the memory limit
+        {PNG_COLOR_TYPE_GRAY, 1, 30000, 30000,
+         pngDibOutOfMemory},                                   // fits in memory, but exceeds the pixel limit
+        {PNG_COLOR_TYPE_GRAY, 1, 10000, 10000, pngDibDamaged}, // truncated
+        {PNG_COLOR_TYPE_RGB_ALPHA, 16, 6000, 8000, pngDibDamaged}, // the largest flyer, truncated
         {PNG_COLOR_TYPE_RGB, 8, 6400, 8000, pngDibOutOfMemory},
-        {PNG_COLOR_TYPE_RGB, 16, 1000000, 49, pngDibOutOfMemory}, // with the rows of the reader
-        {PNG_COLOR_TYPE_RGB, 8, 0x7FFFFFFF, 1, pngDibDamaged},    // beyond what libpng takes
+        {PNG_COLOR_TYPE_RGB, 16, 1000000, 49, pngDibOutOfMemory}, // including libpng's rows
+        {PNG_COLOR_TYPE_RGB, 8, 0x7FFFFFFF, 1, pngDibDamaged},    // exceeds libpng's limit
     };
     for (const Case& declared : cases) {
         std::string bytes = pngBytes({declared.colorType, declared.depth});
@@ -221,8 +222,8 @@ TEST(PngDib, SizesThatAFileOnlyDeclares) {
     EXPECT_EQ(Decoded(folder.write("a.png", pngBytes(tall))).result, pngDibSuccess);
 }
 
-// Texts of five megabytes each in a file of a few kilobytes.
-TEST(PngDib, TextsOfAPictureCostNoMemory) {
+// Compressed text chunks of five megabytes each in a small file.
+TEST(PngDib, TextChunksUseNoMemory) {
     const TemporaryFolder folder;
     const std::string text(5'000'000, 'a');
     std::string chunk(compressBound(text.size()), '\0');
@@ -244,5 +245,5 @@ TEST(PngDib, TextsOfAPictureCostNoMemory) {
     getrusage(RUSAGE_SELF, &before);
     EXPECT_EQ(Decoded(folder.write("a.png", picture)).result, pngDibSuccess);
     getrusage(RUSAGE_SELF, &after);
-    EXPECT_LT(after.ru_maxrss - before.ru_maxrss, 50'000); // kilobytes; all texts are 200,000
+    EXPECT_LT(after.ru_maxrss - before.ru_maxrss, 50'000); // in kilobytes; the texts take 200,000
 }
