@@ -14,14 +14,14 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr int ScreenWidth = 1280;
-constexpr int ScreenHeight = 1024;
-constexpr std::uint32_t Bar = 0xBC1454; // the highlight of the cabinet's settings
+constexpr int screenWidth = 1280;
+constexpr int screenHeight = 1024;
+constexpr std::uint32_t barColour = 0xBC1454; // the highlight colour in the cabinet's settings
 
 bool shown(const DemoGame& game) {
     bool playable = game.kind == DemoKind::Game || game.kind == DemoKind::Mechanical;
     const DemoGame* original = findDemoGame(game.cloneOf);
-    return playable && (original != nullptr ? original->romPresent : game.romPresent);
+    return playable && (original ? original->romPresent : game.romPresent);
 }
 
 } // namespace
@@ -29,8 +29,9 @@ bool shown(const DemoGame& game) {
 std::string settingIn(const std::string& ini, const std::string& key) {
     std::istringstream lines(ini);
     for (std::string line; std::getline(lines, line);) {
-        if (line.starts_with(key + "="))
+        if (line.starts_with(key + "=")) {
             return line.substr(key.size() + 1);
+        }
     }
     return "";
 }
@@ -38,19 +39,21 @@ std::string settingIn(const std::string& ini, const std::string& key) {
 std::vector<std::string> shownGames() {
     std::vector<const DemoGame*> games;
     for (const DemoGame& game : demoGames()) {
-        if (shown(game))
+        if (shown(game)) {
             games.push_back(&game);
+        }
     }
     std::ranges::sort(games, {}, [](const DemoGame* game) { return game->description; });
     std::vector<std::string> names;
-    for (const DemoGame* game : games)
+    for (const DemoGame* game : games) {
         names.emplace_back(game->name);
+    }
     return names;
 }
 
 void CabinetTest::SetUp() {
     std::string pattern = testing::TempDir() + "cabinet-XXXXXX";
-    ASSERT_NE(mkdtemp(pattern.data()), nullptr);
+    ASSERT_TRUE(mkdtemp(pattern.data()));
     folder = pattern;
     std::string problem;
     ASSERT_TRUE(layOutCabinet(folder, problem)) << problem;
@@ -59,16 +62,16 @@ void CabinetTest::SetUp() {
 
 void CabinetTest::startScreen() {
     std::string problem;
-    screen = VirtualScreen::start(ScreenWidth, ScreenHeight, problem);
-    ASSERT_NE(screen, nullptr) << problem;
+    screen = VirtualScreen::start(screenWidth, screenHeight, problem);
+    ASSERT_TRUE(screen) << problem;
 }
 
 void CabinetTest::TearDown() {
-    if (HasFailure() && screen != nullptr) {
+    if (HasFailure() && screen) {
         std::string picture =
             testing::TempDir() + testing::UnitTest::GetInstance()->current_test_info()->name() + ".png";
         screen->capture().writePng(picture);
-        ADD_FAILURE() << "the screen at the end: " << picture << "\noutput: " << output().substr(0, 4000);
+        ADD_FAILURE() << "final screen: " << picture << "\noutput: " << output().substr(0, 4000);
     }
     frontEnd.reset();
     screen.reset();
@@ -95,10 +98,10 @@ void CabinetTest::writeSettings(const std::vector<SettingChange>& changes) const
     writeFile("kestravox.ini", cabinetSettings(changes));
 }
 
-void CabinetTest::makeList() const {
+void CabinetTest::generateList() const {
     std::string line = "'" DEMO_MAME_PATH "' -listxml | '" XML2INFO_PATH "' > '" + path("listinfo.dat") + "'";
     ChildProgram converter({.words = {"/bin/sh", "-c", line}});
-    ASSERT_EQ(converter.waitForExit(LongLimit), 0);
+    ASSERT_EQ(converter.waitForExit(longTimeout), 0);
 }
 
 void CabinetTest::startFrontEnd(const std::vector<std::string>& arguments,
@@ -115,30 +118,32 @@ void CabinetTest::startFrontEnd(const std::vector<std::string>& arguments,
     ASSERT_TRUE(frontEnd->started());
 }
 
-Screenshot CabinetTest::waitForList() {
+Screenshot CabinetTest::waitForGameList() {
     auto listShown = [&](const Screenshot& shot) { return barTop(shot) >= 0 || !frontEnd->running(); };
-    EXPECT_TRUE(screen->waitFor(listShown, LongLimit)) << "the list did not appear";
-    EXPECT_TRUE(screen->waitForFocus(FrontEndTitle, StepLimit)) << "focus: " << screen->focusedTitle();
+    EXPECT_TRUE(screen->waitFor(listShown, longTimeout)) << "the list did not appear";
+    EXPECT_TRUE(screen->waitForFocus(frontEndTitle, stepTimeout)) << "focus: " << screen->focusedTitle();
     Screenshot shot = screen->settled();
     EXPECT_GE(barTop(shot), 0);
     return shot;
 }
 
 bool CabinetTest::waitForFile(const std::string& name) const {
-    for (int waited = 0; waited < StepLimit && readFile(name).empty(); waited += 20)
+    for (int waited = 0; waited < stepTimeout && readFile(name).empty(); waited += 20) {
         std::this_thread::sleep_for(std::chrono::milliseconds(20));
+    }
     return !readFile(name).empty();
 }
 
-std::optional<int> CabinetTest::leave() {
+std::optional<int> CabinetTest::exitByKey() {
     screen->tap("Escape");
-    return frontEnd->waitForExit(StepLimit);
+    return frontEnd->waitForExit(stepTimeout);
 }
 
 std::optional<int> CabinetTest::answerBoxesUntilExit() {
-    for (int waited = 0; waited < LongLimit; waited += 300) {
-        if (std::optional<int> code = frontEnd->waitForExit(300))
+    for (int waited = 0; waited < longTimeout; waited += 300) {
+        if (std::optional<int> code = frontEnd->waitForExit(300)) {
             return code;
+        }
         screen->tap("Return");
     }
     return std::nullopt;
@@ -146,14 +151,15 @@ std::optional<int> CabinetTest::answerBoxesUntilExit() {
 
 bool CabinetTest::startGame(const std::string& title) {
     screen->tap("1");
-    return screen->waitForFocus(title, StepLimit);
+    return screen->waitForFocus(title, stepTimeout);
 }
 
 int CabinetTest::barTop(const Screenshot& shot) {
-    // The bar begins at the left edge, where no letter stands.
+    // The bar starts at the left edge, where there is no text.
     for (int y = 0; y + 8 < shot.height; ++y) {
-        if (shot.countColour({0, y, 4, y + 8}, Bar) == 4 * 8)
+        if (shot.countColour({0, y, 4, y + 8}, barColour) == 4 * 8) {
             return y;
+        }
     }
     return -1;
 }

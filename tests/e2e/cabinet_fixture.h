@@ -1,6 +1,6 @@
-// A demonstration cabinet in a folder of its own, the real front end in it and a virtual screen before it.
-// The fixture of every end-to-end test. It knows what the screen looks like with the cabinet's colours, and
-// nothing of the program's inside.
+// Fixture for the end-to-end tests: a demonstration cabinet in a temporary folder, the real front end, and a
+// virtual screen. Knows how the screen looks with the cabinet's colours, but nothing of the program's
+// internals.
 #pragma once
 
 #include "cabinet.h"
@@ -9,11 +9,11 @@
 #include <gtest/gtest.h>
 #include <optional>
 
-constexpr const char* FrontEndTitle = "KESTRAVOX";
+constexpr const char* frontEndTitle = "KESTRAVOX";
 
-// Limits, in milliseconds, that only a hang can reach.
-constexpr int StepLimit = 10000;
-constexpr int LongLimit = 30000;
+// Timeouts in milliseconds, which only a hang reaches.
+constexpr int stepTimeout = 10000;
+constexpr int longTimeout = 30000;
 
 class CabinetTest : public testing::Test {
 protected:
@@ -21,36 +21,36 @@ protected:
     void TearDown() override;
 
     std::string path(const std::string& name) const { return folder + "/" + name; }
-    // A display in place of the former one.
+    // Starts a virtual screen, replacing the previous one.
     void startScreen();
 
     std::string readFile(const std::string& name) const;
-    // Until the file is there and not empty.
+    // Waits until the file exists and is not empty. Returns false on a timeout.
     bool waitForFile(const std::string& name) const;
     void writeFile(const std::string& name, const std::string& content) const;
-    // An executable script; the shell runs its lines.
+    // Writes an executable shell script.
     void writeScript(const std::string& name, const std::string& lines) const;
     void writeSettings(const std::vector<SettingChange>& changes) const;
 
-    // The list as the stand-in and the converter make it, so that a test need not wait for that.
-    void makeList() const;
+    // Generates the game list in advance, so that the front end starts without doing so.
+    void generateList() const;
 
     void startFrontEnd(const std::vector<std::string>& arguments = {},
                        std::optional<unsigned long> fileSizeLimit = std::nullopt);
-    // Until the list is on the screen and the keyboard is the front end's; gives that picture.
-    Screenshot waitForList();
-    // What the front end and its children have written to their standard streams.
+    // Waits until the list is on the screen and the front end has the focus. Returns a screenshot.
+    Screenshot waitForGameList();
+    // The standard output and standard error of the front end and its child processes.
     std::string output() const { return readFile("output.txt"); }
 
-    // Ends it with the Exit key. Nothing when it hangs.
-    std::optional<int> leave();
-    // Answers message boxes until the program ends.
+    // Ends the front end with the Exit key. Returns its exit code; nothing on a timeout.
+    std::optional<int> exitByKey();
+    // Closes message boxes until the front end ends. Returns its exit code; nothing on a timeout.
     std::optional<int> answerBoxesUntilExit();
 
-    // Starts the selected game, and waits until a window of that title has the keyboard.
+    // Starts the selected game and waits until a window with this title has the focus.
     bool startGame(const std::string& title);
 
-    // Top of the bar behind the selected title, -1 when there is none.
+    // Returns the y coordinate of the top of the highlight bar; -1 when there is none.
     static int barTop(const Screenshot& shot);
 
     std::string folder;
@@ -58,8 +58,8 @@ protected:
     std::unique_ptr<ChildProgram> frontEnd;
 };
 
-// Value of the first line with that key, of any section; empty when it has none.
+// Returns the value of the first line with this key, in any section; empty when there is none.
 std::string settingIn(const std::string& ini, const std::string& key);
 
-// Short names of the games that the cabinet shows, in the order of their titles.
+// Returns the short names of the games that the cabinet shows, sorted by title.
 std::vector<std::string> shownGames();

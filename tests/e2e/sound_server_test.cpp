@@ -1,10 +1,10 @@
-// What a player hears: the real program on a real sound server, whose mix of everything is recorded.
+// Sound output of the real program on a real sound server whose mixed output is recorded.
 #include "e2e/cabinet_fixture.h"
 
 #include "avi_writer.h"
 #include "riff.h"
 #include "sounds.h"
-#include "support/heard.h"
+#include "support/tone_detection.h"
 
 #include <chrono>
 #include <cstdlib>
@@ -13,19 +13,20 @@
 
 namespace {
 
-constexpr int serverRate = 48000;
-constexpr int movieSize = 64; // both ways, all white
+constexpr int serverRate = 48000; // Hz
+constexpr int movieSize = 64;     // width and height in pixels; all white
 
-// What goes on for at least 80 milliseconds, in its order; from the first sound on.
-std::string storyOf(const std::string& letters) {
-    std::string story;
+// Returns the sequence of tones and silences of at least 80 milliseconds, starting with the first sound.
+std::string toneSequence(const std::string& letters) {
+    std::string sequence;
     for (std::size_t start = letters.find_first_not_of('.'); start < letters.size();) {
         const std::size_t end = std::min(letters.find_first_not_of(letters[start], start), letters.size());
-        if (end - start >= 4 && (story.empty() || story.back() != letters[start]))
-            story += letters[start];
+        if (end - start >= 4 && (sequence.empty() || sequence.back() != letters[start])) {
+            sequence += letters[start];
+        }
         start = end;
     }
-    return story;
+    return sequence;
 }
 
 class SoundServerTest : public CabinetTest {
@@ -57,23 +58,25 @@ protected:
     }
 
     bool waitForFile(const std::string& name) const {
-        for (int waited = 0; waited < StepLimit; waited += 20) {
-            if (std::filesystem::exists(path(name)))
+        for (int waited = 0; waited < stepTimeout; waited += 20) {
+            if (std::filesystem::exists(path(name))) {
                 return true;
-            pass(20);
+            }
+            waitFor(20);
         }
         return false;
     }
 
-    static void pass(int milliseconds) {
+    static void waitFor(int milliseconds) {
         std::this_thread::sleep_for(std::chrono::milliseconds(milliseconds));
     }
 
     static Samples tone(double pitch, double seconds, double volume) {
         Samples samples;
-        for (int index = 0; index < static_cast<int>(seconds * SoundRate); ++index)
+        for (int index = 0; index < static_cast<int>(seconds * SoundRate); ++index) {
             samples.push_back(static_cast<std::int16_t>(
                 32000 * volume * std::sin(2 * std::numbers::pi * pitch * index / SoundRate)));
+        }
         return samples;
     }
 
@@ -82,139 +85,142 @@ protected:
     }
 
     void writeMovie(const std::string& name, double pitch, int seconds) const {
-        constexpr int PerSecond = 25;
-        AviWriter writer({movieSize, movieSize, PerSecond, SoundRate});
-        for (int number = 0; number < seconds * PerSecond; ++number) {
+        constexpr int framesPerSecond = 25;
+        AviWriter writer({movieSize, movieSize, framesPerSecond, SoundRate});
+        for (int number = 0; number < seconds * framesPerSecond; ++number) {
             writer.addPicture(std::vector<std::uint32_t>(movieSize * movieSize, 0xFFFFFF));
-            writer.addSound(tone(pitch, 1.0 / PerSecond, 0.5));
+            writer.addSound(tone(pitch, 1.0 / framesPerSecond, 0.5));
         }
         writeFile(name, writer.content());
     }
 
-    // What programs have open on the server for playing.
+    // Returns the playback streams that are open on the server.
     std::string players() const {
         std::filesystem::remove(path("players.txt"));
         ChildProgram list(
             {.words = {"pactl", "list", "short", "sink-inputs"}, .outputPath = path("players.txt")});
-        EXPECT_EQ(list.waitForExit(StepLimit), 0);
+        EXPECT_EQ(list.waitForExit(stepTimeout), 0);
         return readFile("players.txt");
     }
 
-    // The recorder misses what is played before it has found its place.
+    // Waits until the recorder is running; it misses the first sounds.
     void waitForAmbience() const { waitForTone("AAAAAAAAAA"); }
     void waitForTone(const std::string& letters) const {
-        for (int waited = 0; waited < StepLimit && !recorded().ends_with(letters); waited += 100)
-            pass(100);
+        for (int waited = 0; waited < stepTimeout && !recorded().ends_with(letters); waited += 100) {
+            waitFor(100);
+        }
     }
 
     std::string recorded() const {
-        return heard(readFile("heard.raw"), serverRate, {{'S', 1000}, {'X', 2000}, {'A', 400}});
+        return detectTones(readFile("heard.raw"), serverRate, {{'S', 1000}, {'X', 2000}, {'A', 400}});
     }
 
     std::unique_ptr<ChildProgram> server;
     std::unique_ptr<ChildProgram> recorder;
 };
 
-TEST_F(SoundServerTest, EffectsSoundOverTheAmbienceWhichRestsDuringAGame) {
-    makeList();
+TEST_F(SoundServerTest, EffectsPlayOverTheAmbienceWhichPausesDuringAGame) {
+    generateList();
     std::filesystem::create_directory(path("sounds"));
-    // Short, so that it is paused while the end of one round is still to be heard and the next has been read.
+    // Short, so that the pause occurs while the end of one loop is still playing and the next has already
+    // been read.
     writeTone("sounds/ambience.wav", 400, 0.4, 0.1);
     writeTone("sounds/select.wav", 2000, 0.2, 0.8);
     writeTone("sounds/start.wav", 1000, 0.4, 0.8);
     writeFile("kestravox.ini", cabinetSettings({{"SelectedGame", "outorder"}}));
     startRecorder();
     startFrontEnd();
-    waitForList();
+    waitForGameList();
     waitForAmbience();
     screen->tap("Up");
-    pass(800);
+    waitFor(800);
     screen->tap("Down");
-    pass(500);
+    waitFor(500);
     EXPECT_NE(players(), "");
     ASSERT_TRUE(startGame("Out of Order"));
-    pass(1500);
+    waitFor(1500);
     EXPECT_EQ(players(), "");
     screen->tap("Escape");
-    ASSERT_TRUE(screen->waitForFocus(FrontEndTitle, StepLimit));
-    pass(8000); // three seconds of the failure, one of the return
-    EXPECT_EQ(leave(), 0);
-    pass(300);
+    ASSERT_TRUE(screen->waitForFocus(frontEndTitle, stepTimeout));
+    waitFor(8000); // three seconds of the failure message, one after the game
+    EXPECT_EQ(exitByKey(), 0);
+    waitFor(300);
     recorder->signal(SIGTERM);
-    recorder->waitForExit(StepLimit);
+    recorder->waitForExit(stepTimeout);
 
     const std::string letters = recorded();
-    EXPECT_EQ(storyOf(letters), "AXAXAS.A.") << letters;
+    EXPECT_EQ(toneSequence(letters), "AXAXAS.A.") << letters;
     const auto silenceAfterStart = letters.find('A', letters.rfind('S')) - letters.rfind('S');
-    EXPECT_GT(silenceAfterStart * sliceMilliseconds, 4000U) << "the message of the failure and the return";
+    EXPECT_GT(silenceAfterStart * sliceMilliseconds, 4000U)
+        << "silent during the failure message and the pause after the game";
 }
 
-// After a game its last picture stands still, until the next frame starts it anew.
-TEST_F(SoundServerTest, AMovieIsHeardWithoutAGapAndRestsFromAGameOn) {
-    makeList();
+// After a game the movie stays paused until the next frame restarts it.
+TEST_F(SoundServerTest, AMovieLoopsWithoutAGapAndStaysPausedAfterAGame) {
+    generateList();
     std::filesystem::create_directory(path("attracts"));
     writeMovie("attracts/barnacle.avi", 400, 1);
     startRecorder();
     startFrontEnd();
-    waitForList();
+    waitForGameList();
     waitForTone("AAAAAAAAAA");
-    pass(4500);
-    const std::string rounds = recorded();
+    waitFor(4500);
+    const std::string loops = recorded();
     ASSERT_TRUE(startGame("Barnacle Brigade"));
     EXPECT_EQ(players(), "");
     screen->tap("Escape");
-    ASSERT_TRUE(screen->waitForFocus(FrontEndTitle, StepLimit));
-    pass(2000);
+    ASSERT_TRUE(screen->waitForFocus(frontEndTitle, stepTimeout));
+    waitFor(2000);
     EXPECT_EQ(players(), "");
-    const Screenshot resting = screen->capture();
-    EXPECT_GE(resting.countColour({0, 0, resting.width, resting.height}, 0xFFFFFF), movieSize * movieSize);
+    const Screenshot paused = screen->capture();
+    EXPECT_GE(paused.countColour({0, 0, paused.width, paused.height}, 0xFFFFFF), movieSize * movieSize);
     screen->tap("Down");
     screen->tap("Up");
     waitForTone("AAAAAAAAAA");
-    EXPECT_EQ(leave(), 0);
+    EXPECT_EQ(exitByKey(), 0);
 
-    EXPECT_EQ(rounds.find('.', rounds.find('A')), std::string::npos) << "between two rounds: " << rounds;
-    EXPECT_EQ(storyOf(recorded()).substr(0, 3), "A.A") << recorded();
+    EXPECT_EQ(loops.find('.', loops.find('A')), std::string::npos) << "silence between two loops: " << loops;
+    EXPECT_EQ(toneSequence(recorded()).substr(0, 3), "A.A") << recorded();
 }
 
-TEST_F(SoundServerTest, AServerThatStandsStillDoesNotHoldTheProgram) {
-    makeList();
+TEST_F(SoundServerTest, ASuspendedServerDoesNotBlockTheProgram) {
+    generateList();
     std::filesystem::create_directory(path("sounds"));
     writeTone("sounds/ambience.wav", 400, 2, 0.1);
     writeTone("sounds/select.wav", 2000, 0.2, 0.8);
     startRecorder();
     startFrontEnd();
-    waitForList();
+    waitForGameList();
     waitForAmbience();
     screen->tap("Down");
-    pass(200);
+    waitFor(200);
     server->signal(SIGSTOP);
     screen->tap("Up");
-    EXPECT_EQ(leave(), 0);
+    EXPECT_EQ(exitByKey(), 0);
     EXPECT_EQ(output(), "");
 }
 
-TEST_F(SoundServerTest, EffectsAndAmbienceComeBackWithTheServer) {
-    makeList();
+TEST_F(SoundServerTest, EffectsAndAmbienceResumeWhenTheServerRestarts) {
+    generateList();
     std::filesystem::create_directory(path("sounds"));
     writeTone("sounds/ambience.wav", 400, 2, 0.1);
     writeTone("sounds/select.wav", 2000, 0.2, 0.8);
     writeFile("kestravox.ini", cabinetSettings({{"SelectedGame", "outorder"}}));
     startFrontEnd();
-    waitForList();
+    waitForGameList();
     server->signal(SIGTERM);
-    server->waitForExit(StepLimit);
+    server->waitForExit(stepTimeout);
     std::filesystem::remove(path("socket"));
     screen->tap("Up");
-    pass(1000);
+    waitFor(1000);
     startServer();
     startRecorder();
     waitForAmbience();
-    pass(5500); // effects ask for a server every five seconds
+    waitFor(5500); // effects try to reconnect every five seconds
     screen->tap("Down");
-    pass(1000);
-    EXPECT_EQ(leave(), 0);
-    EXPECT_EQ(storyOf(recorded()).substr(0, 3), "AXA") << recorded();
+    waitFor(1000);
+    EXPECT_EQ(exitByKey(), 0);
+    EXPECT_EQ(toneSequence(recorded()).substr(0, 3), "AXA") << recorded();
 }
 
 } // namespace

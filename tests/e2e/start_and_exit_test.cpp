@@ -1,4 +1,4 @@
-// The front end from its first start to its end, in a process of its own.
+// The front end from start to exit, as a separate process.
 #include "e2e/cabinet_fixture.h"
 
 #include "games.h"
@@ -17,51 +17,54 @@ namespace {
 
 int countOf(const std::string& text, const std::string& part) {
     int count = 0;
-    for (std::size_t place = text.find(part); place != std::string::npos; place = text.find(part, place + 1))
+    for (std::size_t place = text.find(part); place != std::string::npos;
+         place = text.find(part, place + 1)) {
         ++count;
+    }
     return count;
 }
 
-// A window of another program, which takes the keyboard focus and ends with the object.
+// A window of another program that takes the keyboard focus. It is destroyed with the object.
 class ForeignWindow {
 public:
     ForeignWindow(const VirtualScreen& screen, int focusAfterwards)
-        : connection(XOpenDisplay(screen.environment().substr(std::string("DISPLAY=").size()).c_str())),
-          window(XCreateSimpleWindow(connection, DefaultRootWindow(connection), 0, 0, 10, 10, 0, 0, 0)) {
-        XStoreName(connection, window, title);
-        XMapWindow(connection, window);
-        XSetInputFocus(connection, window, focusAfterwards, CurrentTime);
-        XSync(connection, False);
+        : connection_(XOpenDisplay(screen.environment().substr(std::string("DISPLAY=").size()).c_str())),
+          window_(XCreateSimpleWindow(connection_, DefaultRootWindow(connection_), 0, 0, 10, 10, 0, 0, 0)) {
+        XStoreName(connection_, window_, title);
+        XMapWindow(connection_, window_);
+        XSetInputFocus(connection_, window_, focusAfterwards, CurrentTime);
+        XSync(connection_, False);
     }
     ~ForeignWindow() {
-        if (isManager)
-            XDeleteProperty(connection, DefaultRootWindow(connection), managerProperty());
-        XCloseDisplay(connection);
+        if (isManager_) {
+            XDeleteProperty(connection_, DefaultRootWindow(connection_), managerProperty());
+        }
+        XCloseDisplay(connection_);
     }
     ForeignWindow(const ForeignWindow&) = delete;
     ForeignWindow& operator=(const ForeignWindow&) = delete;
 
-    // Does nothing else of what a window manager does.
+    // Sets the property that identifies a window_ manager.
     void claimToBeWindowManager() {
-        isManager = true;
-        XChangeProperty(connection, DefaultRootWindow(connection), managerProperty(), XA_WINDOW, 32,
-                        PropModeReplace, reinterpret_cast<unsigned char*>(&window), 1);
-        XSync(connection, False);
+        isManager_ = true;
+        XChangeProperty(connection_, DefaultRootWindow(connection_), managerProperty(), XA_WINDOW, 32,
+                        PropModeReplace, reinterpret_cast<unsigned char*>(&window_), 1);
+        XSync(connection_, False);
     }
 
     static constexpr const char* title = "Foreign";
 
 private:
-    Atom managerProperty() const { return XInternAtom(connection, "_NET_SUPPORTING_WM_CHECK", False); }
+    Atom managerProperty() const { return XInternAtom(connection_, "_NET_SUPPORTING_WM_CHECK", False); }
 
-    Display* connection;
-    Window window;
-    bool isManager = false;
+    Display* connection_;
+    Window window_;
+    bool isManager_ = false;
 };
 
-TEST_F(CabinetTest, TheFirstStartMakesTheListAndTheKeysMoveTheSelection) {
+TEST_F(CabinetTest, TheFirstStartGeneratesTheListAndKeysMoveTheSelection) {
     startFrontEnd();
-    Screenshot first = waitForList();
+    Screenshot first = waitForGameList();
     std::string list = readFile("listinfo.dat");
     auto hidden = std::ranges::count_if(demoGames(), [](const DemoGame& game) {
         return game.kind != DemoKind::Game && game.kind != DemoKind::Mechanical;
@@ -71,116 +74,118 @@ TEST_F(CabinetTest, TheFirstStartMakesTheListAndTheKeysMoveTheSelection) {
 
     ASSERT_TRUE(screen->tap("Down"));
     ASSERT_TRUE(
-        screen->waitFor([&](const Screenshot& shot) { return barTop(shot) > barTop(first); }, StepLimit));
+        screen->waitFor([&](const Screenshot& shot) { return barTop(shot) > barTop(first); }, stepTimeout));
     Screenshot second = screen->settled();
-    // Two lines of the list and the foot of the screen change, the place of the marquee above stays as it
-    // was.
+    // Two lines of the list and the status bar change; the marquee above does not.
     EXPECT_EQ(second.countDifferences(first, {0, 0, second.width, barTop(first)}), 0);
     EXPECT_GT(second.countDifferences(first, {0, second.height - 40, second.width, second.height}), 0);
 
     ASSERT_TRUE(screen->tap("Up"));
-    EXPECT_TRUE(screen->waitFor([&](const Screenshot& shot) { return shot == first; }, StepLimit));
-    screen->tap("x"); // a hundred forward: the last game
+    EXPECT_TRUE(screen->waitFor([&](const Screenshot& shot) { return shot == first; }, stepTimeout));
+    screen->tap("x"); // a hundred forward, to the last game
     screen->settled();
-    EXPECT_EQ(leave(), 0);
+    EXPECT_EQ(exitByKey(), 0);
     EXPECT_EQ(settingIn(readFile("kestravox.ini"), "SelectedGame"), shownGames().back());
 }
 
-TEST_F(CabinetTest, ATerminationSavesTheSettingsAndKeepsEveryOtherLine) {
-    makeList();
+TEST_F(CabinetTest, ATerminationSavesTheSettingsAndKeepsOtherLines) {
+    generateList();
     writeSettings({{"Orientation", "Inverted"}});
     std::string before = readFile("kestravox.ini");
     startFrontEnd();
-    screen->waitForFocus(FrontEndTitle, StepLimit);
+    screen->waitForFocus(frontEndTitle, stepTimeout);
     Screenshot shot = screen->settled();
     screen->tap("Down");
-    ASSERT_TRUE(screen->waitFor([&](const Screenshot& later) { return later != shot; }, StepLimit));
+    ASSERT_TRUE(screen->waitFor([&](const Screenshot& later) { return later != shot; }, stepTimeout));
     frontEnd->signal(SIGTERM);
-    EXPECT_EQ(frontEnd->waitForExit(StepLimit), 0);
+    EXPECT_EQ(frontEnd->waitForExit(stepTimeout), 0);
     std::string after = readFile("kestravox.ini");
     std::vector<std::string> games = shownGames();
     EXPECT_EQ(settingIn(after, "SelectedGame"),
               *(std::ranges::find(games, settingIn(before, "SelectedGame")) + 1));
     EXPECT_EQ(settingIn(after, "Orientation"), "Inverted");
     for (const char* kept :
-         {"; crimson bar\n", "Roms.dir=roms\n", "SortBy=Name\n", "outorder=-seconds 2 -exitcode 3\n"})
+         {"; crimson bar\n", "Roms.dir=roms\n", "SortBy=Name\n", "outorder=-seconds 2 -exitcode 3\n"}) {
         EXPECT_EQ(countOf(after, kept), countOf(before, kept)) << kept;
+    }
 }
 
-TEST_F(CabinetTest, WithoutUsableSettingsItStartsWithItsDefaults) {
-    makeList();
+TEST_F(CabinetTest, StartsWithDefaultsWithoutUsableSettings) {
+    generateList();
     std::filesystem::create_directory(path("folder.ini"));
     writeFile("junk.ini",
               std::string("\0\xFF[Settings\nFontsize", 20) + std::string(100000, 'A') + "=\n\x01");
     for (const char* ini : {"missing.ini", "folder.ini", "junk.ini"}) {
         SCOPED_TRACE(ini);
         startFrontEnd({ini});
-        // No ROM folder is configured, so nothing is to be seen but the white background.
-        EXPECT_TRUE(
-            screen->waitFor([](const Screenshot& shot) { return shot.at(640, 512) == 0xFFFFFF; }, StepLimit));
-        ASSERT_TRUE(screen->waitForFocus(FrontEndTitle, StepLimit));
-        EXPECT_EQ(leave(), 0);
+        // No ROM folder is configured, so only the white background is visible.
+        EXPECT_TRUE(screen->waitFor([](const Screenshot& shot) { return shot.at(640, 512) == 0xFFFFFF; },
+                                    stepTimeout));
+        ASSERT_TRUE(screen->waitForFocus(frontEndTitle, stepTimeout));
+        EXPECT_EQ(exitByKey(), 0);
     }
     EXPECT_EQ(settingIn(readFile("missing.ini"), "MenuType"), "ListView");
     EXPECT_TRUE(std::filesystem::is_directory(path("folder.ini")));
     EXPECT_NE(readFile("junk.ini").find(std::string(100000, 'A')), std::string::npos);
 }
 
-TEST_F(CabinetTest, TheKeyboardComesBackFromAWindowThatHasGoneAndIsLeftToAnyOther) {
-    makeList();
+TEST_F(CabinetTest, TakesTheFocusBackFromADestroyedWindowOnly) {
+    generateList();
     writeScript("emulator", "sleep 3");
     writeSettings({{"Mame.exe", path("emulator")}});
     startFrontEnd();
-    waitForList();
-    constexpr int lookAgain = 1300; // more than two of the front end's own looks
+    waitForGameList();
+    constexpr int pollTime = 1300; // in milliseconds; more than two polls of the front end
     for (int focusAfterwards : {RevertToNone, RevertToPointerRoot, RevertToParent}) {
         {
             ForeignWindow window(*screen, focusAfterwards);
-            EXPECT_FALSE(screen->waitForFocus(FrontEndTitle, lookAgain)) << "a living window lost the focus";
+            EXPECT_FALSE(screen->waitForFocus(frontEndTitle, pollTime))
+                << "the focus was taken from an existing window";
             EXPECT_EQ(screen->focusedTitle(), ForeignWindow::title);
         }
-        ASSERT_TRUE(screen->waitForFocus(FrontEndTitle, StepLimit)) << focusAfterwards;
+        ASSERT_TRUE(screen->waitForFocus(frontEndTitle, stepTimeout)) << focusAfterwards;
         Screenshot shot = screen->settled();
         screen->tap("Down");
-        EXPECT_TRUE(screen->waitFor([&](const Screenshot& later) { return later != shot; }, StepLimit));
+        EXPECT_TRUE(screen->waitFor([&](const Screenshot& later) { return later != shot; }, stepTimeout));
     }
     {
         ForeignWindow manager(*screen, RevertToNone);
         manager.claimToBeWindowManager();
         { ForeignWindow window(*screen, RevertToNone); }
-        EXPECT_FALSE(screen->waitForFocus(FrontEndTitle, lookAgain)) << "a window manager's business";
+        EXPECT_FALSE(screen->waitForFocus(frontEndTitle, pollTime))
+            << "restoring the focus is left to the window manager";
     }
-    ASSERT_TRUE(screen->waitForFocus(FrontEndTitle, StepLimit));
+    ASSERT_TRUE(screen->waitForFocus(frontEndTitle, stepTimeout));
     Screenshot list = screen->settled();
     screen->tap("1");
     screen->settled();
     { ForeignWindow window(*screen, RevertToNone); }
-    EXPECT_FALSE(screen->waitForFocus(FrontEndTitle, lookAgain)) << "the keyboard is the game's";
-    EXPECT_TRUE(screen->waitForFocus(FrontEndTitle, StepLimit));
-    EXPECT_TRUE(screen->waitFor([&](const Screenshot& shot) { return shot == list; }, StepLimit));
-    EXPECT_EQ(leave(), 0);
+    EXPECT_FALSE(screen->waitForFocus(frontEndTitle, pollTime)) << "the game keeps the focus";
+    EXPECT_TRUE(screen->waitForFocus(frontEndTitle, stepTimeout));
+    EXPECT_TRUE(screen->waitFor([&](const Screenshot& shot) { return shot == list; }, stepTimeout));
+    EXPECT_EQ(exitByKey(), 0);
 }
 
-TEST_F(CabinetTest, AFullDiskCostsNeitherTheSettingsNorTheProgram) {
+TEST_F(CabinetTest, AFullDiskLosesNeitherTheSettingsNorTheProgram) {
     writeSettings({});
     std::string before = readFile("kestravox.ini");
-    startFrontEnd({}, 512); // no file can grow beyond that, the list not either
+    startFrontEnd({}, 512); // limit for every file in bytes, also for the list
     EXPECT_EQ(answerBoxesUntilExit(), 1);
     EXPECT_EQ(readFile("kestravox.ini"), before);
 
-    makeList();
+    generateList();
     startFrontEnd({}, 512);
-    waitForList();
+    waitForGameList();
     screen->tap("Down");
     screen->settled();
-    EXPECT_EQ(leave(), 0);
+    EXPECT_EQ(exitByKey(), 0);
     EXPECT_EQ(readFile("kestravox.ini"), before);
 }
 
-// The information file and the configuration of the fonts are odd, so that both the program and a library
-// have something to print.
-TEST_F(CabinetTest, StreamsThatNobodyReadsHoldNothingUp) {
-    makeList();
+// The information file and the font configuration are invalid, so that both the program and a library print
+// messages.
+TEST_F(CabinetTest, FullStandardStreamsDoNotBlock) {
+    generateList();
     writeFile("mameinfo.dat", "$end\n");
     writeFile("fonts.conf", "<fontconfig><unknown/><include>/etc/fonts/fonts.conf</include></fontconfig>\n");
     setenv("FONTCONFIG_FILE", path("fonts.conf").c_str(), 1);
@@ -189,8 +194,8 @@ TEST_F(CabinetTest, StreamsThatNobodyReadsHoldNothingUp) {
     while (write(output, "full", 4) > 0) {
     }
     startFrontEnd();
-    waitForList();
-    EXPECT_EQ(leave(), 0);
+    waitForGameList();
+    EXPECT_EQ(exitByKey(), 0);
     close(output);
     std::filesystem::remove(path("output.txt"));
 }

@@ -9,7 +9,7 @@
 
 namespace {
 
-TEST(Commands, MovesByOneByPagesAndByHundredsUpToTheEdges) {
+TEST(Commands, MovesByOnePageOrHundredWithinTheList) {
     FrontEnd frontEnd;
     frontEnd.writeGames(350);
     const struct {
@@ -41,7 +41,7 @@ TEST(Commands, PagesByTwiceTheHeightLessTheStatusBar) {
     frontEnd.at(240, [] { afterDown = selectedIndex; });
     frontEnd.tap(250, SDL_SCANCODE_LEFT);
     frontEnd.at(340, [] { EXPECT_EQ(selectedIndex, 0); });
-    frontEnd.tap(350, SDL_SCANCODE_G); // player 2's
+    frontEnd.tap(350, SDL_SCANCODE_G); // of player 2
     frontEnd.at(440, [] { EXPECT_EQ(selectedIndex, afterDown); });
     frontEnd.tap(450, SDL_SCANCODE_D);
     frontEnd.at(540, [] { EXPECT_EQ(selectedIndex, 0); });
@@ -89,7 +89,7 @@ TEST(Commands, CyclesSortOrderAndPictures) {
     frontEnd.run(1300);
     EXPECT_EQ(sorts, (std::vector<int>{2, 0, 1, 2, 0}));
     EXPECT_EQ(pictures, (std::vector<int>{0, 1, 2, 3, 0}));
-    EXPECT_EQ(frontEnd.get("RomOptions", "SortBy"), "Year") << "the order of a run is not kept";
+    EXPECT_EQ(frontEnd.get("RomOptions", "SortBy"), "Year") << "the sort order is not saved";
     EXPECT_EQ(frontEnd.get("Settings", "PreviewPictures"), "Cabinets");
 }
 
@@ -108,7 +108,7 @@ TEST(Commands, PicksGamesAtRandomFromTheWholeList) {
     EXPECT_GT(*seen.rbegin() - *seen.begin(), 100);
 }
 
-TEST(Commands, TurnTheScreenToThePlayerWhoTouchedThem) {
+TEST(Commands, RotateTheScreenToThePlayerWhoUsedThem) {
     const struct {
         const char* configured;
         int base;
@@ -125,20 +125,21 @@ TEST(Commands, TurnTheScreenToThePlayerWhoTouchedThem) {
         expectRotation(90, row.base);
         frontEnd.tap(150, SDL_SCANCODE_F);
         expectRotation(290, row.flipped);
-        frontEnd.tap(350, SDL_SCANCODE_X); // the fixed commands count for neither player
+        frontEnd.tap(350, SDL_SCANCODE_X); // fixed commands belong to neither player
         expectRotation(490, row.flipped);
         frontEnd.tap(550, SDL_SCANCODE_R);
         frontEnd.tap(550, SDL_SCANCODE_UP);
         expectRotation(690, row.base);
-        frontEnd.tap(750, SDL_SCANCODE_Q); // player 2's other keys count too
+        frontEnd.tap(750, SDL_SCANCODE_Q); // so do the other keys of player 2
         expectRotation(890, row.flipped);
         frontEnd.tap(950, SDL_SCANCODE_W);
         EXPECT_EQ(frontEnd.runToEnd(), 0);
-        EXPECT_EQ(frontEnd.get("Settings", "Orientation"), row.configured) << "a flip is not saved";
+        EXPECT_EQ(frontEnd.get("Settings", "Orientation"), row.configured)
+            << "the rotation for player 2 is not saved";
     }
 }
 
-TEST(Commands, ARefusedMoveOfPlayerTwoTurnsWithoutDrawing) {
+TEST(Commands, AnImpossibleMoveOfPlayerTwoRotatesWithoutRedrawing) {
     FrontEnd frontEnd;
     frontEnd.writeGames(3);
     frontEnd.set("Settings", "InvertPlayer2Screen", "1");
@@ -146,15 +147,15 @@ TEST(Commands, ARefusedMoveOfPlayerTwoTurnsWithoutDrawing) {
     frontEnd.tap(150, SDL_SCANCODE_R);
     frontEnd.at(290, [] {
         EXPECT_EQ(settings.orientation, 180);
-        EXPECT_EQ(FrontEnd::pixel(320, 478), 0xFF0000U) << "the bar of the former picture, at the bottom";
+        EXPECT_EQ(FrontEnd::pixel(320, 478), 0xFF0000U) << "the status bar is still at the bottom";
         EXPECT_EQ(FrontEnd::pixel(320, 1), 0xFFFFFFU);
     });
     frontEnd.tap(350, SDL_SCANCODE_F);
-    frontEnd.at(490, [] { EXPECT_EQ(FrontEnd::pixel(320, 1), 0xFF0000U) << "the next picture is turned"; });
+    frontEnd.at(490, [] { EXPECT_EQ(FrontEnd::pixel(320, 1), 0xFF0000U) << "the next frame is rotated"; });
     frontEnd.run(600);
 }
 
-TEST(Commands, AnEmptyViewTouchesNoRecord) {
+TEST(Commands, WorkWithoutAVisibleGame) {
     FrontEnd frontEnd;
     frontEnd.writeGames(5);
     frontEnd.set("RomOptions", "DisplayMissingRoms", "0");
@@ -166,7 +167,7 @@ TEST(Commands, AnEmptyViewTouchesNoRecord) {
         frontEnd.tap(time, key);
         time += 200;
     }
-    frontEnd.tap(time, SDL_SCANCODE_ESCAPE); // leaves the menu
+    frontEnd.tap(time, SDL_SCANCODE_ESCAPE); // closes the menu
     time += 800;
     frontEnd.at(time, [] {
         EXPECT_EQ(visibleCount, 0);
@@ -174,15 +175,15 @@ TEST(Commands, AnEmptyViewTouchesNoRecord) {
         EXPECT_EQ(FrontEnd::pixel(320, 478), 0xFFFFFFU) << "no status bar without a game";
     });
     EXPECT_EQ(frontEnd.run(time + 100), 0);
-    EXPECT_EQ(frontEnd.get("System", "SelectedGame"), "g003") << "the saved selection survives";
+    EXPECT_EQ(frontEnd.get("System", "SelectedGame"), "g003") << "the saved selection is kept";
     EXPECT_EQ(frontEnd.get("RomOptions", "MaxCoins"), "8");
 }
 
-TEST(Commands, OneJoystickButtonIsTwoCommands) {
+TEST(Commands, OneJoystickButtonTriggersTwoCommands) {
     FrontEnd frontEnd;
     frontEnd.writeGames(300);
     JOYINFO unplugged{};
-    ASSERT_EQ(joyGetPos(0, &unplugged), JOYERR_UNPLUGGED); // starts the joysticks as the front end does
+    ASSERT_EQ(joyGetPos(0, &unplugged), JOYERR_UNPLUGGED); // initialises the joysticks like the front end
     const int index = SDL_JoystickAttachVirtual(SDL_JOYSTICK_TYPE_GAMECONTROLLER, 2, 12, 1);
     static SDL_Joystick* pad = nullptr;
     pad = SDL_JoystickOpen(index);
@@ -193,12 +194,12 @@ TEST(Commands, OneJoystickButtonIsTwoCommands) {
             EXPECT_EQ(selectedIndex, expected);
         });
     };
-    button(150, 2, 101); // one down and a hundred down
+    button(150, 2, 101); // one forward and a hundred forward
     frontEnd.set("JoystickMappings", "SelectUp", "203");
     frontEnd.at(350, [] { SDL_JoystickSetVirtualHat(pad, 0, SDL_HAT_UP); });
     frontEnd.at(440, [] {
         SDL_JoystickSetVirtualHat(pad, 0, SDL_HAT_CENTERED);
-        EXPECT_EQ(selectedIndex, 100) << "the D-pad is a stick";
+        EXPECT_EQ(selectedIndex, 100) << "the D-pad is read as an axis";
     });
     frontEnd.at(750, [] { SDL_JoystickSetVirtualButton(pad, 7, 1); }); // exit
     EXPECT_EQ(frontEnd.runToEnd(), 0);

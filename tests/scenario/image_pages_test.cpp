@@ -10,8 +10,9 @@ namespace {
 
 constexpr std::uint32_t background = 0xFFFFFF;
 
-// The image browser over art of even grays: each game's marquee, and for g000 each kind of picture.
-class Pictures : public ::testing::Test {
+// The image browser with pictures of uniform gray: a marquee for each game, and every kind of picture for
+// g000.
+class ImagePagesTest : public ::testing::Test {
 protected:
     void SetUp() override {
         frontEnd.writeGames(20);
@@ -48,8 +49,8 @@ protected:
 
     static std::uint32_t gray(int level) { return static_cast<std::uint32_t>(level) * 0x010101U; }
 
-    // What stands in the middle of a tile of an upright page.
-    static std::uint32_t tile(int position) {
+    // The pixel in the middle of a tile, without rotation.
+    static std::uint32_t tilePixel(int position) {
         const int pitch = settings.previewModeHeight + settings.previewModeSpacer;
         return FrontEnd::pixel(160, settings.previewModeSpacer + position * pitch +
                                         settings.previewModeHeight / 2);
@@ -58,7 +59,7 @@ protected:
     static int tilesOfPage() {
         int tiles = 0;
         for (; topIndex + tiles < visibleCount && tiles < 5; ++tiles) {
-            if (tile(tiles) != gray(marqueeOf(topIndex + tiles))) {
+            if (tilePixel(tiles) != gray(marqueeOf(topIndex + tiles))) {
                 break;
             }
         }
@@ -68,7 +69,7 @@ protected:
     FrontEnd frontEnd;
 };
 
-TEST_F(Pictures, APageOfTilesIsReadWhenItIsEntered) {
+TEST_F(ImagePagesTest, ReadsAPageOfTilesWhenItIsEntered) {
     static int page = 0;
     frontEnd.at(140, [] { page = tilesOfPage(); });
     frontEnd.at(145, [this] {
@@ -78,23 +79,23 @@ TEST_F(Pictures, APageOfTilesIsReadWhenItIsEntered) {
     frontEnd.tap(150, SDL_SCANCODE_DOWN);
     frontEnd.at(240, [] {
         EXPECT_EQ(selectedIndex, 1);
-        EXPECT_EQ(tilesOfPage(), page) << "the page stands without its files";
+        EXPECT_EQ(tilesOfPage(), page) << "the page does not read its files again";
     });
     frontEnd.tap(250, SDL_SCANCODE_RIGHT);
     frontEnd.tap(350, SDL_SCANCODE_RIGHT);
     frontEnd.at(440, [] {
         EXPECT_GT(topIndex, 0);
-        EXPECT_EQ(tile(0), background) << "the next page found no files";
+        EXPECT_EQ(tilePixel(0), background) << "the files of the next page are missing";
     });
     frontEnd.run(600);
 }
 
-TEST_F(Pictures, TheCycleShowsOneKindAfterTheOtherBelowTheCabinet) {
+TEST_F(ImagePagesTest, CyclesTheKindsOfPicturesBelowTheCabinet) {
     const int grays[] = {10, 11, 12, 13, 10};
     std::int64_t time = 140;
     for (const int expected : grays) {
         frontEnd.at(time, [expected] {
-            EXPECT_EQ(FrontEnd::pixel(490, 120), gray(10)) << "always the cabinet";
+            EXPECT_EQ(FrontEnd::pixel(490, 120), gray(10)) << "the upper picture is always the cabinet";
             EXPECT_EQ(FrontEnd::pixel(490, 340), gray(expected));
         });
         frontEnd.tap(time + 10, SDL_SCANCODE_LSHIFT);
@@ -103,12 +104,12 @@ TEST_F(Pictures, TheCycleShowsOneKindAfterTheOtherBelowTheCabinet) {
     frontEnd.run(time + 200);
 }
 
-TEST_F(Pictures, APlayerTwoMoveTurnsTheWholePage) {
+TEST_F(ImagePagesTest, AMoveOfPlayerTwoRotatesTheWholePage) {
     frontEnd.set("Settings", "InvertPlayer2Screen", "1");
     frontEnd.tap(150, SDL_SCANCODE_F);
     frontEnd.at(290, [] {
         ASSERT_EQ(settings.orientation, 180);
-        // Upside down the first tile is the lowest, on the right.
+        // Upside down, the first tile is at the bottom right.
         const int first = 480 - settings.previewModeSpacer - settings.previewModeHeight / 2;
         EXPECT_EQ(FrontEnd::pixel(480, first), gray(marqueeOf(0)));
         EXPECT_EQ(FrontEnd::pixel(80, first), background) << "g001 has no pictures";
@@ -116,24 +117,24 @@ TEST_F(Pictures, APlayerTwoMoveTurnsTheWholePage) {
     frontEnd.tap(350, SDL_SCANCODE_UP);
     frontEnd.at(490, [] {
         EXPECT_EQ(settings.orientation, 0);
-        EXPECT_EQ(tile(0), gray(marqueeOf(0)));
+        EXPECT_EQ(tilePixel(0), gray(marqueeOf(0)));
         EXPECT_EQ(FrontEnd::pixel(490, 120), gray(10));
     });
     frontEnd.run(600);
 }
 
-TEST_F(Pictures, ASortMakesThePageAnew) {
+TEST_F(ImagePagesTest, ASortRebuildsThePage) {
     std::string list;
     for (int game = 0; game < 20; ++game) {
         const std::string name = "g" + std::to_string(1000 + game).substr(1);
-        std::string block = FrontEnd::block(name);
-        list += block.replace(block.find("1985"), 4, std::to_string(1999 - game));
+        std::string entry = FrontEnd::listEntry(name);
+        list += entry.replace(entry.find("1985"), 4, std::to_string(1999 - game));
     }
     frontEnd.folder().write("listinfo.dat", list);
     frontEnd.tap(150, SDL_SCANCODE_Z);
     frontEnd.at(290, [] {
         ASSERT_EQ(settings.sortBy, sortByYear);
-        EXPECT_EQ(tile(0), gray(marqueeOf(19 - topIndex))) << "the oldest game is the last of the list";
+        EXPECT_EQ(tilePixel(0), gray(marqueeOf(19 - topIndex))) << "the oldest game is the last of the list";
     });
     frontEnd.run(400);
 }

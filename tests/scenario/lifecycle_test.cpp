@@ -26,7 +26,7 @@ Pixels copyOfScreen() {
     return {screen.pixels, screen.pixels + screen.stride * screen.height};
 }
 
-// The pictures that the display has saved, in order.
+// Returns the frames that SDL has saved, in order.
 std::vector<Pixels> savedPictures() {
     std::set<std::string> names;
     for (const auto& entry : std::filesystem::directory_iterator(".")) {
@@ -46,7 +46,7 @@ std::vector<Pixels> savedPictures() {
     return pictures;
 }
 
-// Whether the picture shows the box with the text, which is shown for a moment to compare.
+// Whether the picture contains the message box with this text. Shows the message briefly to compare.
 bool showsMessage(const Pixels& picture, const char* text) {
     const Pixels without = copyOfScreen();
     showMessage(text);
@@ -61,7 +61,7 @@ bool showsMessage(const Pixels& picture, const char* text) {
     return with != without;
 }
 
-TEST(Lifecycle, TheFirstStartTellsWhatItDoesInOrder) {
+TEST(Lifecycle, TheFirstStartShowsItsMessagesInOrder) {
     FrontEnd frontEnd;
     frontEnd.set("Settings", "Mame.exe",
                  frontEnd.folder().write("emulator", "#!/bin/sh\necho '<mame><machine name=\"alpha\">"
@@ -73,18 +73,18 @@ TEST(Lifecycle, TheFirstStartTellsWhatItDoesInOrder) {
     setenv("SDL_VIDEO_DUMMY_SAVE_FRAMES", "1", 1);
     frontEnd.at(90, [] {
         unsetenv("SDL_VIDEO_DUMMY_SAVE_FRAMES");
-        std::vector<std::string> told;
+        std::vector<std::string> shown;
         for (const Pixels& picture : savedPictures()) {
             for (const char* text : {"Loading Game Information...", "Regenerating game information (1/2)...",
                                      "Regenerating game information (2/2)...", "Filtering And Sorting..."}) {
-                if (showsMessage(picture, text) && (told.empty() || told.back() != text)) {
-                    told.emplace_back(text);
+                if (showsMessage(picture, text) && (shown.empty() || shown.back() != text)) {
+                    shown.emplace_back(text);
                 }
             }
         }
-        EXPECT_EQ(told, (std::vector<std::string>{
-                            "Loading Game Information...", "Regenerating game information (1/2)...",
-                            "Regenerating game information (2/2)...", "Filtering And Sorting..."}));
+        EXPECT_EQ(shown, (std::vector<std::string>{
+                             "Loading Game Information...", "Regenerating game information (1/2)...",
+                             "Regenerating game information (2/2)...", "Filtering And Sorting..."}));
     });
     EXPECT_EQ(frontEnd.run(150), 0);
 }
@@ -95,17 +95,17 @@ TEST(Lifecycle, StartsOnTheSavedGameAndSavesTheSelection) {
     frontEnd.set("System", "SelectedGame", "g030");
     frontEnd.at(90, [] {
         EXPECT_EQ(FrontEnd::selectedName(), "g030");
-        EXPECT_EQ(SDL_ShowCursor(SDL_QUERY), SDL_DISABLE) << "no mouse cursor over the list";
+        EXPECT_EQ(SDL_ShowCursor(SDL_QUERY), SDL_DISABLE) << "the mouse cursor is hidden";
     });
     frontEnd.tap(150, SDL_SCANCODE_DOWN);
     EXPECT_EQ(frontEnd.run(250), 0);
     EXPECT_EQ(SDL_ShowCursor(SDL_QUERY), SDL_ENABLE);
     EXPECT_EQ(frontEnd.get("System", "SelectedGame"), "g031");
-    EXPECT_EQ(frontEnd.get("Settings", "Roms.dir"), "roms") << "what is not saved stays";
+    EXPECT_EQ(frontEnd.get("Settings", "Roms.dir"), "roms") << "other keys are kept";
     EXPECT_EQ(frontEnd.get("Settings", "StatusBarFontFace"), "Arial");
 }
 
-TEST(Lifecycle, EndsWellWhenAskedFromOutside) {
+TEST(Lifecycle, EndsCleanlyOnSignalsAndWindowClose) {
     for (const auto request :
          {+[] { std::raise(SIGTERM); }, +[] { pushWindowEvent(SDL_WINDOWEVENT_CLOSE); }}) {
         FrontEnd frontEnd;
@@ -117,10 +117,10 @@ TEST(Lifecycle, EndsWellWhenAskedFromOutside) {
     }
 }
 
-TEST(Lifecycle, TellsWhyItCannotStartAndLeavesTheSettingsAlone) {
+TEST(Lifecycle, ReportsWhyItCannotStartAndKeepsTheSettings) {
     const struct {
         const char* list;
-        const char* words;
+        const char* message;
     } rows[] = {{"", "Error: No games found!\nError: Initialization failed\n"},
                 {"\n \n\t\n", "Error: No games found!\nError: Initialization failed\n"}};
     for (const auto& row : rows) {
@@ -128,19 +128,19 @@ TEST(Lifecycle, TellsWhyItCannotStartAndLeavesTheSettingsAlone) {
         frontEnd.folder().write("listinfo.dat", row.list);
         const auto before = std::filesystem::last_write_time("kestravox.ini");
         int exitCode = 0;
-        EXPECT_EQ(standardErrorOf([&] { exitCode = frontEnd.runToEnd(); }), row.words);
+        EXPECT_EQ(standardErrorOf([&] { exitCode = frontEnd.runToEnd(); }), row.message);
         EXPECT_EQ(exitCode, 1);
         EXPECT_EQ(std::filesystem::last_write_time("kestravox.ini"), before);
     }
 }
 
-TEST(Lifecycle, PaysBackEveryTickOfAStall) {
+TEST(Lifecycle, ExecutesEveryTickDelayedByAStall) {
     FrontEnd frontEnd;
     frontEnd.writeGames(500);
     frontEnd.at(150, [] { pressKey(SDL_SCANCODE_DOWN); });
     frontEnd.at(155, [] { virtualClockAdvance(6000); });
     frontEnd.at(6250, [] {
-        EXPECT_EQ(selectedIndex, 61) << "sixty ticks of the stall, at once, and the one that was due";
+        EXPECT_EQ(selectedIndex, 61) << "sixty delayed ticks at once, and the one that is due";
         releaseKey(SDL_SCANCODE_DOWN);
     });
     frontEnd.run(6350);
@@ -168,11 +168,11 @@ TEST(Lifecycle, SurvivesUnusableSettingsFiles) {
     frontEnd.writeGames(3);
     std::filesystem::remove("kestravox.ini");
     std::filesystem::create_directory("kestravox.ini");
-    EXPECT_EQ(frontEnd.run(150), 0) << "a folder in the file's place";
+    EXPECT_EQ(frontEnd.run(150), 0) << "a folder with the name of the file";
     EXPECT_TRUE(std::filesystem::is_directory("kestravox.ini"));
 }
 
-TEST(Lifecycle, ShowsAFrameOfFourThirdsInTheMiddleOfAWideScreen) {
+TEST(Lifecycle, CentresA4To3FrameOnAWideScreen) {
     const struct {
         int width;
         int height;
@@ -197,7 +197,7 @@ TEST(Lifecycle, ShowsAFrameOfFourThirdsInTheMiddleOfAWideScreen) {
                 const bool inFrame = FrontEnd::pixel(x, 1) == 0x00FF00;
                 first = inFrame && first < 0 ? x : first;
                 count += inFrame ? 1 : 0;
-                EXPECT_TRUE(inFrame || FrontEnd::pixel(x, 1) == 0) << "black beside the frame";
+                EXPECT_TRUE(inFrame || FrontEnd::pixel(x, 1) == 0) << "the area beside the frame is black";
             }
             EXPECT_EQ(first, row.offset);
             EXPECT_EQ(count, row.frame);

@@ -9,7 +9,7 @@
 
 namespace {
 
-// The keys that the menu saves, with what the file holds.
+// The keys that the menu saves, with their values in the file.
 std::map<std::string, std::string> savedState(const FrontEnd& frontEnd) {
     std::map<std::string, std::string> state;
     for (const char* key : {"MenuType", "Fontface", "Fontsize", "StatusBarFontFace", "StatusBarFontSize",
@@ -24,7 +24,7 @@ std::map<std::string, std::string> savedState(const FrontEnd& frontEnd) {
     return state;
 }
 
-// Opens the menu at 150 ms, steps every line once if asked to, and leaves it and the program.
+// Opens the menu at 150 ms, steps every line once if `change` is set, closes the menu and ends the program.
 std::map<std::string, std::string> visitMenu(FrontEnd& frontEnd, bool change) {
     frontEnd.restart();
     frontEnd.tap(150, SDL_SCANCODE_2);
@@ -39,7 +39,7 @@ std::map<std::string, std::string> visitMenu(FrontEnd& frontEnd, bool change) {
     return savedState(frontEnd);
 }
 
-TEST(Popups, EveryLineOfTheMenuIsKeptAcrossAStart) {
+TEST(Popups, EveryLineOfTheMenuIsSavedAndLoaded) {
     FrontEnd frontEnd;
     frontEnd.writeGames(5);
     const auto first = visitMenu(frontEnd, false);
@@ -55,7 +55,7 @@ TEST(Popups, EveryLineOfTheMenuIsKeptAcrossAStart) {
     EXPECT_EQ(visitMenu(frontEnd, false), changed);
 }
 
-TEST(Popups, TheMenuHidesGamesAndKeepsTheSelectionWhereItCan) {
+TEST(Popups, TheMenuHidesGamesAndKeepsTheSelectionIfPossible) {
     FrontEnd frontEnd;
     frontEnd.writeGames(6);
     frontEnd.addRom("g002");
@@ -74,7 +74,7 @@ TEST(Popups, TheMenuHidesGamesAndKeepsTheSelectionWhereItCan) {
     EXPECT_EQ(frontEnd.run(2200), 0);
 }
 
-TEST(Popups, AStopOfTheMachineEndsPopupAndProgramAndKeepsTheAnswers) {
+TEST(Popups, AShutdownEndsPopupAndProgramAndSavesTheChoices) {
     for (const SDL_Scancode popup : {SDL_SCANCODE_2, SDL_SCANCODE_LCTRL}) {
         FrontEnd frontEnd;
         frontEnd.writeGames(3);
@@ -89,7 +89,7 @@ TEST(Popups, AStopOfTheMachineEndsPopupAndProgramAndKeepsTheAnswers) {
     }
 }
 
-TEST(Popups, ExitAndMenuInOneTickEndTheProgram) {
+TEST(Popups, ExitAndMenuInTheSameTickEndTheProgram) {
     FrontEnd frontEnd;
     frontEnd.writeGames(3);
     frontEnd.tap(150, SDL_SCANCODE_2);
@@ -98,8 +98,8 @@ TEST(Popups, ExitAndMenuInOneTickEndTheProgram) {
     EXPECT_LT(frontEnd.elapsed(), 1500);
 }
 
-// A press that is made while another program has the keyboard waits until it is back.
-TEST(Popups, WithoutTheFocusNoWindowReadsItsKeys) {
+// A key press made while another program has the focus takes effect when the focus returns.
+TEST(Popups, NoWindowReadsKeysWithoutTheFocus) {
     for (const SDL_Scancode popup : {SDL_SCANCODE_UNKNOWN, SDL_SCANCODE_2, SDL_SCANCODE_LCTRL}) {
         FrontEnd frontEnd;
         frontEnd.writeGames(3);
@@ -109,7 +109,7 @@ TEST(Popups, WithoutTheFocusNoWindowReadsItsKeys) {
         frontEnd.tap(450, SDL_SCANCODE_ESCAPE);
         frontEnd.at(2150, [] { pushWindowEvent(SDL_WINDOWEVENT_FOCUS_GAINED); });
         if (popup != SDL_SCANCODE_UNKNOWN) {
-            frontEnd.tap(2350, SDL_SCANCODE_ESCAPE); // forgotten in the pause after the popup
+            frontEnd.tap(2350, SDL_SCANCODE_ESCAPE); // discarded in the pause after the popup
             frontEnd.tap(4050, SDL_SCANCODE_ESCAPE);
         }
         EXPECT_EQ(frontEnd.runToEnd(), 0);
@@ -117,16 +117,16 @@ TEST(Popups, WithoutTheFocusNoWindowReadsItsKeys) {
     }
 }
 
-// After a popup or a game, presses made in the pause are forgotten; after a mere message they act.
-TEST(Popups, CommandsPauseForTheirTimeAndForgetPressesAfterPopupsAndGames) {
+// Presses made in the pause after a popup or a game are discarded; those made during a message take effect.
+TEST(Popups, CommandsPauseAndDiscardPressesAfterPopupsAndGames) {
     const struct {
         const char* what;
         const char* game;
         SDL_Scancode command; // at 150
-        bool leavesPopup;     // at 350
+        bool closesPopup;     // at 350
         int allowMenu;
         std::int64_t pauseEnds;
-        bool forgets;
+        bool discards;
     } rows[] = {
         {"missing game", "g000", SDL_SCANCODE_1, false, 1, 200 + 1500, false},
         {"no information", "g000", SDL_SCANCODE_LCTRL, false, 1, 200 + 1500, false},
@@ -148,30 +148,30 @@ TEST(Popups, CommandsPauseForTheirTimeAndForgetPressesAfterPopupsAndGames) {
         std::filesystem::permissions("emulator", std::filesystem::perms::all);
         frontEnd.set("System", "SelectedGame", row.game);
         frontEnd.tap(150, row.command);
-        if (row.leavesPopup) {
+        if (row.closesPopup) {
             frontEnd.tap(350, SDL_SCANCODE_ESCAPE);
         }
         const int before = row.game[3] - '0';
         const auto expectSelected = [&](std::int64_t time, int game) {
             frontEnd.at(time, [=] { EXPECT_EQ(selectedIndex, game) << row.what << " at " << time; });
         };
-        for (const int earlier : {150, 60}) { // one move, when they act at all
+        for (const int earlier : {150, 60}) { // one move, unless they are discarded
             frontEnd.tap(row.pauseEnds - earlier, SDL_SCANCODE_DOWN);
         }
         expectSelected(row.pauseEnds - 5, before);
-        expectSelected(row.pauseEnds + 95, before + !row.forgets);
+        expectSelected(row.pauseEnds + 95, before + !row.discards);
         frontEnd.tap(row.pauseEnds + 20, SDL_SCANCODE_DOWN);
         EXPECT_EQ(frontEnd.run(row.pauseEnds + 300), 0);
-        EXPECT_EQ(frontEnd.get("System", "SelectedGame"), "g00" + std::to_string(before + 1 + !row.forgets))
+        EXPECT_EQ(frontEnd.get("System", "SelectedGame"), "g00" + std::to_string(before + 1 + !row.discards))
             << row.what;
     }
 }
 
-// How long the command of the GameInfo key holds the tick up, told by what the Down key behind it does.
-TEST(Popups, InformationIsTheGamesOwnOrThatOfItsVisibleParent) {
+TEST(Popups, ShowsTheInformationOfTheGameOrItsVisibleParent) {
     FrontEnd frontEnd;
-    frontEnd.folder().write("listinfo.dat", FrontEnd::block("a") + FrontEnd::block("b", "\tcloneof a\n") +
-                                                FrontEnd::block("c", "\tcloneof zzz\n"));
+    frontEnd.folder().write("listinfo.dat", FrontEnd::listEntry("a") +
+                                                FrontEnd::listEntry("b", "\tcloneof a\n") +
+                                                FrontEnd::listEntry("c", "\tcloneof zzz\n"));
     frontEnd.folder().write("mameinfo.dat", "$info=a\r\n$mame\r\nText\r\n\r\nMore\r\n\r\n$end\r\n");
     const struct {
         const char* game;
@@ -182,15 +182,16 @@ TEST(Popups, InformationIsTheGamesOwnOrThatOfItsVisibleParent) {
         frontEnd.set("System", "SelectedGame", row.game);
         frontEnd.set("Settings", "InvertPlayer2Screen", "1");
         frontEnd.tap(150, SDL_SCANCODE_LCTRL);
-        frontEnd.tap(350, SDL_SCANCODE_F); // player 2 scrolls, and the text turns
+        frontEnd.tap(350, SDL_SCANCODE_F); // player 2 scrolls, so the text is rotated
         frontEnd.at(490, [row] { EXPECT_EQ(settings.orientation, row.hasText ? 180 : 0) << row.game; });
         frontEnd.tap(550, SDL_SCANCODE_Q);
-        frontEnd.at(1400, [row] { EXPECT_EQ(FrontEnd::selectedName(), row.game) << "the list stood still"; });
+        frontEnd.at(
+            1400, [row] { EXPECT_EQ(FrontEnd::selectedName(), row.game) << "the selection has not moved"; });
         EXPECT_EQ(frontEnd.run(2200), 0);
     }
 }
 
-// The one joystick of a cabinet: browse, read, change an option, start a game, leave.
+// Moves, shows the information, changes an option, starts a game and exits, all with one joystick.
 TEST(Popups, AJoystickAloneReachesEverything) {
     FrontEnd frontEnd;
     frontEnd.writeGames(3);
@@ -206,7 +207,7 @@ TEST(Popups, AJoystickAloneReachesEverything) {
         frontEnd.set("JoystickMappings", key, code);
     }
     JOYINFO unplugged{};
-    ASSERT_EQ(joyGetPos(0, &unplugged), JOYERR_UNPLUGGED); // starts the joysticks as the front end does
+    ASSERT_EQ(joyGetPos(0, &unplugged), JOYERR_UNPLUGGED); // initialises the joysticks like the front end
     static SDL_Joystick* pad = nullptr;
     pad = SDL_JoystickOpen(SDL_JoystickAttachVirtual(SDL_JOYSTICK_TYPE_GAMECONTROLLER, 2, 12, 1));
     const auto push = [&](std::int64_t time, int axis, Sint16 position) {
@@ -218,13 +219,13 @@ TEST(Popups, AJoystickAloneReachesEverything) {
         frontEnd.at(time + 90, [=] { SDL_JoystickSetVirtualButton(pad, number, 0); });
     };
     push(150, 1, 32767);
-    press(350, 6);        // information
-    press(750, 6);        // and away
-    press(1850, 8);       // menu
-    push(2050, 0, 32767); // the first line
-    press(2250, 9);       // away: the front end itself goes on
+    press(350, 6);        // open the information
+    press(750, 6);        // close it
+    press(1850, 8);       // open the menu
+    push(2050, 0, 32767); // change the first line
+    press(2250, 9);       // close the menu; the program continues
     frontEnd.at(3200, [] { EXPECT_EQ(settings.menuType, menuTypeImageBrowser); });
-    press(4050, 0); // the game
+    press(4050, 0); // start the game
     press(7050, 9);
     EXPECT_EQ(frontEnd.runToEnd(), 0);
     EXPECT_EQ(frontEnd.folder().read("played"), "g001\n");

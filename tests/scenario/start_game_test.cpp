@@ -7,13 +7,13 @@
 
 namespace {
 
-// A cabinet of three games whose emulator is a script that writes down how it was called.
-class StartGame : public ::testing::Test {
+// Three games and an emulator script that records its arguments.
+class StartGameTest : public ::testing::Test {
 protected:
     void SetUp() override {
-        frontEnd.folder().write("listinfo.dat", FrontEnd::block("alpha") +
-                                                    FrontEnd::block("beta", "\tcloneof alpha\n") +
-                                                    FrontEnd::block("gamma"));
+        frontEnd.folder().write("listinfo.dat", FrontEnd::listEntry("alpha") +
+                                                    FrontEnd::listEntry("beta", "\tcloneof alpha\n") +
+                                                    FrontEnd::listEntry("gamma"));
         frontEnd.addRom("alpha");
         setEmulator("#!/bin/sh\necho \"$@\" >> " + frontEnd.folder().pathOf("calls") + "\n");
     }
@@ -29,7 +29,7 @@ protected:
     FrontEnd frontEnd;
 };
 
-TEST_F(StartGame, RunsTheEmulatorWithTheOptionsOfTheGameOrItsParent) {
+TEST_F(StartGameTest, RunsTheEmulatorWithTheOptionsOfTheGameOrItsParent) {
     frontEnd.set("Mameoptions", "alpha", "-one \"two words\" ; touch stolen");
     frontEnd.tap(150, SDL_SCANCODE_1);
     frontEnd.tap(6150, SDL_SCANCODE_DOWN);
@@ -39,7 +39,7 @@ TEST_F(StartGame, RunsTheEmulatorWithTheOptionsOfTheGameOrItsParent) {
     EXPECT_FALSE(std::filesystem::exists("stolen"));
 }
 
-TEST_F(StartGame, AnOwnOptionReplacesThatOfTheParentWhole) {
+TEST_F(StartGameTest, OptionsOfTheGameReplaceThoseOfTheParent) {
     frontEnd.set("Mameoptions", "alpha", "-parent");
     frontEnd.set("Mameoptions", "beta", "-own");
     frontEnd.tap(150, SDL_SCANCODE_DOWN);
@@ -48,17 +48,17 @@ TEST_F(StartGame, AnOwnOptionReplacesThatOfTheParentWhole) {
     EXPECT_EQ(calls(), "beta -own\n");
 }
 
-TEST_F(StartGame, TakesItsTimeAndForgetsThePressesMadeMeanwhile) {
+TEST_F(StartGameTest, PausesAndDiscardsPressesMadeMeanwhile) {
     frontEnd.tap(150, SDL_SCANCODE_1);
     frontEnd.tap(700, SDL_SCANCODE_DOWN);
     frontEnd.at(90, [] { EXPECT_TRUE(SDL_IsScreenSaverEnabled()); });
     frontEnd.at(1150, [] {
-        EXPECT_EQ(FrontEnd::pixel(320, 234), 0xFFFFFFU) << "the message is up";
-        EXPECT_FALSE(SDL_IsScreenSaverEnabled()) << "off for the game";
+        EXPECT_EQ(FrontEnd::pixel(320, 234), 0xFFFFFFU) << "the message is shown";
+        EXPECT_FALSE(SDL_IsScreenSaverEnabled()) << "disabled during the game";
     });
-    frontEnd.at(1800, [] { EXPECT_TRUE(SDL_IsScreenSaverEnabled()) << "and on again"; });
+    frontEnd.at(1800, [] { EXPECT_TRUE(SDL_IsScreenSaverEnabled()) << "enabled again"; });
     frontEnd.tap(1800, SDL_SCANCODE_DOWN);
-    // A second before the synthesised key and one after the game, from the tick at 200 on.
+    // From the tick at 200: a second before the synthetic key press, and a second after the game.
     frontEnd.tap(2350, SDL_SCANCODE_ESCAPE);
     EXPECT_EQ(frontEnd.runToEnd(), 0);
     EXPECT_EQ(frontEnd.get("System", "SelectedGame"), "alpha");
@@ -66,17 +66,17 @@ TEST_F(StartGame, TakesItsTimeAndForgetsThePressesMadeMeanwhile) {
     EXPECT_EQ(calls(), "alpha\n");
 }
 
-TEST_F(StartGame, TellsAFailedGameForThreeSecondsMore) {
+TEST_F(StartGameTest, ShowsAFailureForThreeMoreSeconds) {
     setEmulator("#!/bin/sh\nexit 3\n");
     frontEnd.tap(150, SDL_SCANCODE_1);
-    frontEnd.tap(4500, SDL_SCANCODE_DOWN); // still inside the message
+    frontEnd.tap(4500, SDL_SCANCODE_DOWN); // while the message is still shown
     frontEnd.tap(5350, SDL_SCANCODE_ESCAPE);
     EXPECT_EQ(frontEnd.runToEnd(), 0);
     EXPECT_EQ(frontEnd.get("System", "SelectedGame"), "alpha");
     EXPECT_LT(frontEnd.elapsed(), 5600);
 }
 
-TEST_F(StartGame, AnEmulatorThatCannotStartHasItsOwnBoxOnly) {
+TEST_F(StartGameTest, AFailedStartShowsOneMessageBoxOnly) {
     for (const char* emulator : {"./missing", ".", "./listinfo.dat"}) {
         frontEnd.restart();
         frontEnd.set("Settings", "Mame.exe", emulator);
@@ -90,27 +90,27 @@ TEST_F(StartGame, AnEmulatorThatCannotStartHasItsOwnBoxOnly) {
     }
 }
 
-TEST_F(StartGame, RefusesAGameWithoutItsRom) {
+TEST_F(StartGameTest, DoesNotStartAGameWithoutItsRom) {
     frontEnd.tap(150, SDL_SCANCODE_DOWN);
     frontEnd.tap(250, SDL_SCANCODE_DOWN);
     frontEnd.tap(350, SDL_SCANCODE_1);
     frontEnd.tap(2050, SDL_SCANCODE_ESCAPE);
     EXPECT_EQ(frontEnd.runToEnd(), 0);
     EXPECT_EQ(frontEnd.get("System", "SelectedGame"), "gamma");
-    EXPECT_LT(frontEnd.elapsed(), 2300) << "a message of 1500 ms";
+    EXPECT_LT(frontEnd.elapsed(), 2300) << "the message lasts 1500 ms";
     EXPECT_EQ(calls(), "");
 }
 
-TEST_F(StartGame, ASignalEndsTheGameAndThenTheFrontEnd) {
+TEST_F(StartGameTest, ASignalEndsTheGameAndThenTheFrontEnd) {
     setEmulator("#!/bin/sh\nkill -TERM $PPID\nsleep 20\n");
     frontEnd.tap(150, SDL_SCANCODE_1);
     EXPECT_EQ(frontEnd.runToEnd(), 0);
     EXPECT_EQ(frontEnd.get("System", "SelectedGame"), "alpha");
-    EXPECT_LT(frontEnd.elapsed(), 1500) << "no message holds up a shutdown";
+    EXPECT_LT(frontEnd.elapsed(), 1500) << "no message delays the shutdown";
 }
 
-// Ten seconds of silence, 8 bits at 8 kHz.
-std::string tenSeconds() {
+// Returns a wave file with ten seconds of silence, 8 bits at 8 kHz.
+std::string tenSecondsOfSilence() {
     constexpr std::uint32_t samples = 80000;
     const auto number = [](std::uint32_t value, int bytes) {
         std::string text;
@@ -124,8 +124,8 @@ std::string tenSeconds() {
            std::string(samples, '\x80');
 }
 
-TEST_F(StartGame, WaitsForTheStartSoundUnlessTheProgramIsAskedToEnd) {
-    frontEnd.set("Sounds", "StartGame", frontEnd.folder().write("start.wav", tenSeconds()));
+TEST_F(StartGameTest, WaitsForTheStartSoundUnlessAShutdownIsRequested) {
+    frontEnd.set("Sounds", "StartGame", frontEnd.folder().write("start.wav", tenSecondsOfSilence()));
     frontEnd.tap(150, SDL_SCANCODE_1);
     frontEnd.at(10000, [this] { EXPECT_EQ(calls(), ""); });
     frontEnd.tap(12250, SDL_SCANCODE_ESCAPE);
@@ -137,7 +137,7 @@ TEST_F(StartGame, WaitsForTheStartSoundUnlessTheProgramIsAskedToEnd) {
     frontEnd.at(3000, [] { std::raise(SIGTERM); });
     EXPECT_EQ(frontEnd.runToEnd(), 0);
     EXPECT_LT(frontEnd.elapsed(), 3200);
-    EXPECT_EQ(calls(), "alpha\n") << "no second game";
+    EXPECT_EQ(calls(), "alpha\n") << "the game was not started again";
 }
 
 } // namespace

@@ -1,6 +1,5 @@
-// A frame with its page of tiles, in a folder of
-// its own, and a number of made-up games named
-// g0, g1 and so on, for the tests of the views.
+// Fixture for the tests of the views: a frame buffer with its page of tiles, a temporary folder, and invented
+// games named g0, g1 and so on.
 #pragma once
 
 #include "app/window_state.h"
@@ -28,8 +27,8 @@ inline std::ostream& operator<<(std::ostream& stream, const RECT& rect) {
 }
 
 inline constexpr COLORREF paper = 0x000000;
-inline constexpr COLORREF barColor = 0x00FF00;    // highlight
-inline constexpr COLORREF statusColor = 0xFF0000; // blue
+inline constexpr COLORREF barColor = 0x00FF00;    // of the selected game
+inline constexpr COLORREF statusColor = 0xFF0000; // of the status bar: blue
 
 class FrameTest : public ::testing::Test {
 protected:
@@ -89,7 +88,7 @@ protected:
 
     std::uint32_t pixelAt(int x, int y) const { return pixelRow(dc, y)[x]; }
 
-    // The rectangle around all pixels of a colour, empty when there is none.
+    // Returns the bounding rectangle of all pixels of a colour; with right and bottom 0 when there is none.
     RECT extentOf(COLORREF color) const {
         RECT extent{width, height, 0, 0};
         for (int y = 0; y < height; ++y) {

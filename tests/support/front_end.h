@@ -1,6 +1,6 @@
-// The whole front end on virtual time, in a folder of its own: a
-// list, an ini file, a script of what happens when, and the state
-// while it runs. Ticks come at 100, 200, 300 ... milliseconds.
+// The whole front end on virtual time, in a temporary folder with a game list and an ini file. A test
+// schedules key presses and checks at points of virtual time, then runs the front end. Ticks occur at 100,
+// 200, 300 ... milliseconds after the start.
 #pragma once
 
 #include "app/window_state.h"
@@ -44,19 +44,19 @@ public:
         return value;
     }
 
-    static std::string block(const std::string& name, const std::string& more = "") {
+    static std::string listEntry(const std::string& name, const std::string& more = "") {
         return "game (\n\tname " + name + "\n\tdescription \"Title of " + name + "\"\n\tyear 1985\n" +
                "\tmanufacturer \"Maker\"\n" + more +
                "\tvideo ( screen raster orientation horizontal x 320 y 240 )\n"
                "\tinput ( players 2 buttons 2 coins 1 control joy8way )\n)\n";
     }
 
-    // Games g000, g001 and so on, which sort in this order.
+    // Writes a list of games named g000, g001 and so on, in sort order.
     void writeGames(int count) const {
         std::string list;
         for (int index = 0; index < count; ++index) {
             const std::string digits = std::to_string(1000 + index).substr(1);
-            list += block("g" + digits);
+            list += listEntry("g" + digits);
         }
         folder_.write("listinfo.dat", list);
     }
@@ -66,24 +66,24 @@ public:
         folder_.write("roms/" + name + ".zip", "");
     }
 
-    // At a moment of the run, in milliseconds.
+    // Schedules an action at a time of the run, in milliseconds.
     void at(std::int64_t milliseconds, std::function<void()> action) const {
         virtualClockAt(start_ + milliseconds, std::move(action));
     }
 
-    // Presses a key between two ticks and lets it go again.
+    // Presses a key and releases it 10 ms later.
     void tap(std::int64_t milliseconds, SDL_Scancode key) const {
         at(milliseconds, [key] { pressKey(key); });
         at(milliseconds + 10, [key] { releaseKey(key); });
     }
 
-    // The next run starts now.
+    // Sets the start of the next run to now.
     void restart() { start_ = virtualClockMilliseconds(); }
 
     // Milliseconds since the start of the run.
     std::int64_t elapsed() const { return virtualClockMilliseconds() - start_; }
 
-    // Runs the front end to its end, which the Exit key brings after the given time, and gives its exit code.
+    // Runs the front end until the Exit key, pressed at the given time, ends it. Returns its exit code.
     int run(std::int64_t exitAt) {
         tap(exitAt, SDL_SCANCODE_ESCAPE);
         return runToEnd();
@@ -91,7 +91,7 @@ public:
 
     static int runToEnd() {
         static char tail[] = "kestravox.ini";
-        forgetFormerRun();
+        resetProcessState();
         return WinMain(GetModuleHandleA(nullptr), nullptr, tail, 0);
     }
 
@@ -103,8 +103,8 @@ public:
     }
 
 private:
-    // What a process that has ended would have left behind no trace of.
-    static void forgetFormerRun() {
+    // Clears the state that the end of a process would have cleared.
+    static void resetProcessState() {
         hideMessage();
         freeSettings();
         DestroyWindow(mainWindow);

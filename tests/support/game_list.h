@@ -1,6 +1,5 @@
-// The catalogue from the text of a list file, for
-// tests that need games without files. Called by
-// the tests of the catalogue. It sets no setting.
+// Loads the catalogue from the text of a list file, for tests that need games without files. Used by the
+// tests of the catalogue. Writes no settings.
 #pragma once
 
 #include "catalogue/game_catalogue.h"
@@ -9,7 +8,7 @@
 #include <string>
 #include <string_view>
 
-// A stream that reads the text.
+// Returns a stream that reads the text; the caller closes it.
 inline FILE* openText(const std::string& text) {
     FILE* stream = std::tmpfile();
     std::fwrite(text.data(), 1, text.size(), stream);
@@ -24,11 +23,11 @@ inline void loadCatalogue(const std::string& text) {
     std::fclose(stream);
 }
 
-// The name of each game in an array, each with a blank behind it.
+// Returns the names of the games in an array, each followed by a blank.
 inline std::string namesOf(GameRecord* const* games, int count) {
     std::string names;
     for (int game = 0; game < count; ++game) {
-        names += std::string(games[game]->name != nullptr ? games[game]->name : "?") + " ";
+        names += std::string(games[game]->name ? games[game]->name : "?") + " ";
     }
     return names;
 }

@@ -1,6 +1,5 @@
-// Movies whose pictures carry their number, and the
-// number as it is seen on the screen. Called by the
-// tests of movies. It knows nothing of the player.
+// Movies whose pictures show their own number as a bit pattern, and the decoding of that number from the
+// screen. Used by the tests of movies.
 #pragma once
 
 #include "avi_writer.h"
@@ -16,7 +15,7 @@
 #include <thread>
 
 constexpr int numberBits = 6;
-constexpr int numberedWidth = 160; // ten columns of 16 pixels: a white one, the bits, the rest grey
+constexpr int numberedWidth = 160; // ten columns of 16 pixels: a white one, the bits, the others grey
 constexpr int numberedHeight = 48;
 
 inline std::string numberedMovie(int pictures, int framesPerSecond, double pitch = 0) {
@@ -37,7 +36,7 @@ inline std::string numberedMovie(int pictures, int framesPerSecond, double pitch
     return writer.content();
 }
 
-// A window over a whole screen of 640 by 480, of the class "Frame", for movies to play on.
+// Creates a window of the class "Frame" that covers a screen of 640 by 480 pixels.
 inline HWND openFrame() {
     setScreenSize(640, 480);
     WNDCLASSA windowClass{};
@@ -51,7 +50,7 @@ inline HWND openFrame() {
     return window;
 }
 
-// The number of the picture whose top left corner stands there; -1 when there is none.
+// Returns the number of the picture whose top left corner is at this position; -1 when there is none.
 inline int pictureNumberAt(int x, int y) {
     const ScreenPixels screen = screenPixels();
     const auto isWhite = [&](int column) {
@@ -64,7 +63,7 @@ inline int pictureNumberAt(int x, int y) {
     return isWhite(0) ? number : -1;
 }
 
-// Keeps the screen alive by the machine's own time until the condition holds or the time is over.
+// Updates the display in real time until the condition holds or the time is over. Returns whether it holds.
 inline bool keepAliveUntil(const std::function<bool()>& condition, int milliseconds = 10000) {
     const auto end = std::chrono::steady_clock::now() + std::chrono::milliseconds(milliseconds);
     while (!condition()) {

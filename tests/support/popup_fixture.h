@@ -1,6 +1,5 @@
-// A main window with settings of their own for
-// the tests of the popups, and keys pressed at
-// moments of virtual time while a popup runs.
+// Fixture for the tests of the popups: a main window, default settings, and scheduled key presses in virtual
+// time while a popup runs.
 #pragma once
 
 #include "app/window_state.h"
@@ -36,7 +35,7 @@ protected:
         DestroyWindow(mainWindow);
         UnregisterClassA("Main", nullptr);
         for (MSG message{}; PeekMessageA(&message, nullptr, 0, 0, PM_NOREMOVE);) {
-            GetMessageA(&message, nullptr, 0, 0); // the quit of the window's end
+            GetMessageA(&message, nullptr, 0, 0); // the WM_QUIT of the main window
         }
         freeSettings();
     }
@@ -61,5 +60,5 @@ private:
         return DefWindowProcA(window, message, wParam, lParam);
     }
 
-    TemporaryFolder folder;
+    TemporaryFolder folder_;
 };

@@ -1,6 +1,5 @@
-// A window class whose procedure writes down what it is
-// sent, for the tests of the window service. Called by
-// the tests of windows and messages. It draws nothing.
+// A window class whose procedure records the messages it receives. Used by the tests of windows and messages.
+// Draws nothing.
 #pragma once
 
 #include "platform/drawing_objects.h"

@@ -1,6 +1,5 @@
-// Events of the display as SDL delivers the real ones, for
-// tests that play a person. Called by every test that presses
-// keys. They are seen when the display is looked at next.
+// Pushes display events into SDL's queue, as the real display does, for tests that simulate a player. The
+// events are processed when the platform next polls the display.
 #pragma once
 
 #include <SDL.h>
@@ -11,27 +10,27 @@ inline void pushEvent(Uint32 type) {
     SDL_PushEvent(&event);
 }
 
-inline void pushWindowEvent(SDL_WindowEventID kind) {
+inline void pushWindowEvent(SDL_WindowEventID type) {
     SDL_Event event{};
     event.type = SDL_WINDOWEVENT;
-    event.window.event = static_cast<Uint8>(kind);
+    event.window.event = static_cast<Uint8>(type);
     SDL_PushEvent(&event);
 }
 
-inline void pushKeyEvent(SDL_Scancode place, bool down, Uint8 repeat = 0) {
+inline void pushKeyEvent(SDL_Scancode scancode, bool down, Uint8 repeat = 0) {
     SDL_Event event{};
     event.type = down ? SDL_KEYDOWN : SDL_KEYUP;
     event.key.state = down ? SDL_PRESSED : SDL_RELEASED;
     event.key.repeat = repeat;
-    event.key.keysym.scancode = place;
-    event.key.keysym.sym = SDL_GetKeyFromScancode(place);
+    event.key.keysym.scancode = scancode;
+    event.key.keysym.sym = SDL_GetKeyFromScancode(scancode);
     SDL_PushEvent(&event);
 }
 
-inline void pressKey(SDL_Scancode place) {
-    pushKeyEvent(place, true);
+inline void pressKey(SDL_Scancode scancode) {
+    pushKeyEvent(scancode, true);
 }
 
-inline void releaseKey(SDL_Scancode place) {
-    pushKeyEvent(place, false);
+inline void releaseKey(SDL_Scancode scancode) {
+    pushKeyEvent(scancode, false);
 }

@@ -1,6 +1,5 @@
-// A folder of its own for one test, with short ways to
-// write and read the files in it. It becomes the current
-// directory while it lives and goes with all its content.
+// A temporary folder for one test, with helpers to write and read files in it. It is the current directory
+// during its lifetime and is deleted with its content.
 #pragma once
 
 #include <cstdio>
@@ -15,38 +14,38 @@ class TemporaryFolder {
 public:
     TemporaryFolder() {
         std::string name = (std::filesystem::temp_directory_path() / "kestravox_test.XXXXXX").string();
-        if (mkdtemp(name.data()) == nullptr) {
+        if (!mkdtemp(name.data())) {
             std::perror("temporary folder");
             std::abort();
         }
-        folder = name;
-        std::filesystem::current_path(folder);
+        folder_ = name;
+        std::filesystem::current_path(folder_);
     }
     ~TemporaryFolder() {
         std::error_code ignored;
-        std::filesystem::current_path(previous, ignored);
-        std::filesystem::remove_all(folder, ignored);
+        std::filesystem::current_path(previous_, ignored);
+        std::filesystem::remove_all(folder_, ignored);
     }
     TemporaryFolder(const TemporaryFolder&) = delete;
     TemporaryFolder& operator=(const TemporaryFolder&) = delete;
 
-    std::string pathOf(std::string_view name) const { return (folder / name).string(); }
+    std::string pathOf(std::string_view name) const { return (folder_ / name).string(); }
 
-    // Gives the path of the file.
+    // Returns the path of the file.
     std::string write(std::string_view name, std::string_view text) const {
-        std::ofstream(folder / name, std::ios::binary) << text;
+        std::ofstream(folder_ / name, std::ios::binary) << text;
         return pathOf(name);
     }
 
-    // The file as it stands; empty when there is none.
+    // Returns the content of the file; empty when it does not exist.
     std::string read(std::string_view name) const {
-        std::ifstream file(folder / name, std::ios::binary);
+        std::ifstream file(folder_ / name, std::ios::binary);
         return {std::istreambuf_iterator<char>(file), {}};
     }
 
-    bool has(std::string_view name) const { return std::filesystem::exists(folder / name); }
+    bool has(std::string_view name) const { return std::filesystem::exists(folder_ / name); }
 
 private:
-    std::filesystem::path previous = std::filesystem::current_path();
-    std::filesystem::path folder;
+    std::filesystem::path previous_ = std::filesystem::current_path();
+    std::filesystem::path folder_;
 };

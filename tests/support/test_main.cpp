@@ -1,4 +1,5 @@
-// Entry of every test program: a display without a screen, so that no test needs one.
+// Entry point of the test programs. Selects the dummy drivers of SDL, so no test needs a screen or a sound
+// card.
 #include <gtest/gtest.h>
 
 #include <cstdlib>

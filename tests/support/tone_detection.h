@@ -1,6 +1,5 @@
-// What a recording holds: the loudest of some expected
-// tones, in slices of 20 milliseconds. Called by the
-// tests of sounds and movies. It plays nothing.
+// Detects which of some expected tones a recording contains, in slices of 20 milliseconds. Used by the tests
+// of sounds and movies.
 #pragma once
 
 #include <cmath>
@@ -10,15 +9,15 @@
 #include <string>
 #include <vector>
 
-// A letter for each slice: that of the tone that carries it, '.' for silence, '?' for anything else.
 struct Tone {
-    char letter;
-    double pitch; // hertz
+    char letter;  // represents the tone in the results
+    double pitch; // in Hz
 };
 
 constexpr int sliceMilliseconds = 20;
 
-inline double strengthOf(const std::vector<double>& slice, double pitch, int rate) {
+// Returns the amplitude of one frequency, in sample units.
+inline double amplitudeOf(const std::vector<double>& slice, double pitch, int rate) {
     double real = 0;
     double imaginary = 0;
     for (std::size_t index = 0; index < slice.size(); ++index) {
@@ -29,8 +28,9 @@ inline double strengthOf(const std::vector<double>& slice, double pitch, int rat
     return 2 * std::hypot(real, imaginary) / static_cast<double>(slice.size());
 }
 
-// The recording is of 16 bits with two channels, of which the left one counts.
-inline std::string heard(const std::string& recording, int rate, const std::vector<Tone>& tones) {
+// Returns one letter per slice: that of the dominant tone, '.' for silence, '?' for anything else. The
+// recording has two channels of 16-bit samples; only the left one is analysed. rate: frames per second.
+inline std::string detectTones(const std::string& recording, int rate, const std::vector<Tone>& tones) {
     const std::size_t length = static_cast<std::size_t>(rate) * sliceMilliseconds / 1000;
     std::string result;
     for (std::size_t start = 0; (start + length) * 4 <= recording.size(); start += length) {
@@ -40,13 +40,13 @@ inline std::string heard(const std::string& recording, int rate, const std::vect
             const int high = static_cast<signed char>(recording[frame * 4 + 1]);
             slice.push_back(high * 256 + low);
         }
-        double loudness = 0;
+        double power = 0;
         for (const double sample : slice) {
-            loudness += sample * sample / static_cast<double>(slice.size());
+            power += sample * sample / static_cast<double>(slice.size());
         }
-        char letter = std::sqrt(loudness) < 300 ? '.' : '?';
+        char letter = std::sqrt(power) < 300 ? '.' : '?';
         for (const Tone& tone : tones) {
-            if (letter == '?' && strengthOf(slice, tone.pitch, rate) > std::sqrt(loudness)) {
+            if (letter == '?' && amplitudeOf(slice, tone.pitch, rate) > std::sqrt(power)) {
                 letter = tone.letter;
             }
         }
@@ -55,8 +55,8 @@ inline std::string heard(const std::string& recording, int rate, const std::vect
     return result;
 }
 
-// The letters without their repetitions, such as ".A.B".
-inline std::string order(const std::string& letters) {
+// Returns the letters without consecutive repetitions, such as ".A.B".
+inline std::string withoutRepeats(const std::string& letters) {
     std::string result;
     for (const char letter : letters) {
         if (result.empty() || result.back() != letter) {

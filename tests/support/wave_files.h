@@ -1,6 +1,4 @@
-// Silent wave files of any coding, also of
-// ones that make no sense. Called by the
-// tests of wave sounds. They play nothing.
+// Silent wave files with any coding, including invalid ones. Used by the tests of wave sounds.
 #pragma once
 
 #include "riff.h"
@@ -9,7 +7,7 @@
 #include <string>
 
 struct Coding {
-    const char* name;
+    const char* name;  // of the test case
     std::uint32_t tag; // 1 PCM, 2 MS ADPCM, 3 float, 6 A-law, 7 mu-law, 17 IMA ADPCM
     std::uint32_t channels;
     std::uint32_t rate;
@@ -48,7 +46,7 @@ inline std::string formatOf(const Coding& coding) {
     return format;
 }
 
-// A fifth of a second, in whole blocks.
+// Returns a file with a fifth of a second of silence, rounded down to whole blocks.
 inline std::string wave(const Coding& coding) {
     const std::uint32_t blocks = coding.rate / 5 / coding.blockFrames();
     return riffChunk("RIFF", "WAVE" + riffChunk("fmt ", formatOf(coding)) +

@@ -2,7 +2,7 @@
 
 #include "platform/virtual_clock.h"
 #include "sounds.h"
-#include "support/heard.h"
+#include "support/tone_detection.h"
 #include "support/temporary_folder.h"
 #include "support/wave_files.h"
 
@@ -41,7 +41,7 @@ protected:
     }
 
     std::string recorded() const {
-        return heard(folder.read("heard.raw"), deviceRate, {{'A', 400}, {'B', 1000}});
+        return detectTones(folder.read("heard.raw"), deviceRate, {{'A', 400}, {'B', 1000}});
     }
 
     TemporaryFolder folder;
@@ -94,7 +94,7 @@ TEST_F(SoundTest, ANewSoundCutsOffTheOld) {
     PlaySoundA(nullptr, nullptr, 0);
     pass(300);
     const std::string letters = recorded();
-    std::string told = order(letters);
+    std::string told = withoutRepeats(letters);
     std::erase(told, '?'); // a slice may hold the end of one and the start of the next
     EXPECT_EQ(told.substr(0, 1) == "." ? told.substr(1) : told, "AB.A.") << letters;
     EXPECT_LT(std::count(letters.begin(), letters.end(), 'A'), 1000 / sliceMilliseconds);
