@@ -17,12 +17,12 @@ std::int32_t fileExists(const char* path) {
 
 bool staysInFolder(const char* stem) {
     constexpr std::string_view separators = "\\/";
-    std::string_view rest = stem ? stem : "/";
-    bool stays = !rest.starts_with('/') && !rest.starts_with('\\');
-    while (stays && !rest.empty()) {
-        const std::string_view component = rest.substr(0, rest.find_first_of(separators));
+    std::string_view remaining = stem ? stem : "/";
+    bool stays = !remaining.starts_with('/') && !remaining.starts_with('\\');
+    while (stays && !remaining.empty()) {
+        const std::string_view component = remaining.substr(0, remaining.find_first_of(separators));
         stays = component != "..";
-        rest.remove_prefix(std::min(component.size() + 1, rest.size()));
+        remaining.remove_prefix(std::min(component.size() + 1, remaining.size()));
     }
     return stays;
 }

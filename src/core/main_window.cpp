@@ -15,8 +15,7 @@ namespace {
 
 constexpr LPCSTR mainClass = "MainWndClass";
 
-// Returns the width of a 4:3 frame. The division comes first, so the height is rounded down to a multiple of
-// 3.
+// Returns the width of a 4:3 frame. Dividing first rounds the height down to a multiple of 3.
 LONG fourThirdsWidth(LONG height) {
     return 4 * (height / 3);
 }
@@ -54,8 +53,8 @@ void paintFrame(HWND window) {
     EndPaint(window, &paint);
 }
 
-// A session manager may not wait until the main loop ends, which can take as long as a game or a sound, so
-// the settings are saved here already. Before the first frame there is nothing to save.
+// Saves on WM_ENDSESSION. The main loop, which saves again, may end only after a game or a sound, and the
+// process may be killed before that. Before the first frame there is nothing to save.
 void saveAtSessionEnd() {
     if (backBitmap) {
         saveSettings(selectedGame() ? selectedGame()->name : nullptr);

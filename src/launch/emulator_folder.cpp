@@ -48,8 +48,7 @@ std::string emulatorFolder() {
     if (hasDrive(emulator)) {
         folder = folderOf(emulator);
     } else if (isAbsolute(emulator)) {
-        // Options may follow the program and its path may contain blanks, so only the search can find its
-        // end.
+        // Options may follow, and the path may contain blanks, so only the search can find its end.
         folder = folderOf(findProgram(emulator));
     }
     return folder.empty() ? folderOf(frontEndPath()) : folder;
