@@ -1,4 +1,4 @@
-// Prints the chapter of the manual on the ini file: `settings_doc > docs/settings.md`.
+// Prints the chapter of the manual about the ini file: `settings_doc > docs/settings.md`.
 #include "config/settings_document.h"
 
 #include <cstdio>

@@ -1,11 +1,10 @@
-// Runs the converter on a text, in this process, and
-// gives what it wrote. Called by the tests of the
-// converter. The program itself is tested apart.
+// Runs the list converter on a text in the test's process and returns its output. Used by the tests of the
+// converter; xml2info_test.cpp tests the program.
 #pragma once
 
 #include <optional>
 #include <string>
 #include <string_view>
 
-// The list file, or nothing when the text was refused.
+// Returns the list file, or nothing when the conversion failed.
 std::optional<std::string> converted(std::string_view xml);

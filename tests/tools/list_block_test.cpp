@@ -10,7 +10,7 @@ std::string blockOf(const Machine& machine) {
     return appendBlock(segment, machine) ? segment.text : "";
 }
 
-TEST(ListBlock, ValuesCannotBeMisread) {
+TEST(ListBlock, WritesUnambiguousValues) {
     Machine machine;
     machine.name = " a\n";
     machine.description = "Line\r\nend\t\x7F\xC2\x81\")";
@@ -26,7 +26,7 @@ TEST(ListBlock, ValuesCannotBeMisread) {
               "\tinput ( players 0 control none buttons 0 coins 0 )\n)\n");
 }
 
-TEST(ListBlock, NoLinePassesItsLimit) {
+TEST(ListBlock, LimitsTheLengthOfLines) {
     Machine machine;
     for (std::string* text : {&machine.name, &machine.description, &machine.year, &machine.manufacturer,
                               &machine.cloneOf, &machine.screen, &machine.control}) {
@@ -46,7 +46,7 @@ TEST(ListBlock, NoLinePassesItsLimit) {
     EXPECT_EQ(longest, 1000u);
 }
 
-TEST(MachineAttributes, ControlWords) {
+TEST(MachineAttributes, ConvertsControlTypes) {
     const struct {
         const char* type;
         const char* ways;
@@ -80,13 +80,13 @@ TEST(MachineAttributes, ControlWords) {
     for (const auto& row : cases) {
         const char* attributes[] = {"type", row.type, "ways", row.ways, nullptr};
         Machine machine;
-        bool firstPlayers = false;
-        readControlAttributes(machine, attributes, firstPlayers);
+        bool isFirstPlayersControl = false;
+        readControlAttributes(machine, attributes, isFirstPlayersControl);
         EXPECT_EQ(machine.control, row.word) << row.type << ' ' << row.ways;
     }
 }
 
-TEST(MachineAttributes, NumbersAreSixteenBitsWide) {
+TEST(MachineAttributes, LimitsNumbersTo16Bits) {
     const struct {
         const char* value;
         int expected;
@@ -100,7 +100,7 @@ TEST(MachineAttributes, NumbersAreSixteenBitsWide) {
     }
 }
 
-TEST(MachineAttributes, SizeIsWhatThePlayerSees) {
+TEST(MachineAttributes, ReportsTheSizeAfterRotation) {
     const char* const rotations[] = {"0", "90", "180", "270", ""};
     for (const char* const rotate : rotations) {
         const char* attributes[] = {"type", "raster", "rotate", rotate, "width",

@@ -19,7 +19,7 @@ std::string plainBlock(const std::string& name) {
            "\tinput ( players 0 control none buttons 0 coins 0 )\n)\n";
 }
 
-TEST(ListConverter, EveryEraGivesTheSameBlock) {
+TEST(ListConverter, ConvertsAllVersionsOfTheXml) {
     const char* const block = "game (\n\tname pacer\n\tdescription \"Pacer & \"Son\"\"\n\tyear 198?\n"
                               "\tmanufacturer \"Caf\xE9 Works\"\n\tcloneof pace\n\tromof pace\n"
                               "\tvideo ( screen raster orientation vertical x 224 y 288 )\n"
@@ -27,7 +27,7 @@ TEST(ListConverter, EveryEraGivesTheSameBlock) {
     const std::string texts = "<description>Pacer &amp; &quot;Son&quot;</description><year>198?</year>"
                               "<manufacturer>Caf&#233; Works</manufacturer>";
     const std::string names = " name=\"pacer\" cloneof=\"pace\" romof=\"pace\">";
-    const std::string today =
+    const std::string newest =
         "<machine" + names + texts +
         "<rom name=\"display\"/><display type=\"raster\" rotate=\"90\" width=\"288\" "
         "height=\"224\"/><display type=\"vector\"/><input players=\"2\" coins=\"1\">"
@@ -39,16 +39,17 @@ TEST(ListConverter, EveryEraGivesTheSameBlock) {
         "<game" + names + texts +
         "<display type=\"raster\" rotate=\"270\" width=\"288\" height=\"224\"/>"
         "<input players=\"2\" buttons=\"3\" coins=\"1\"><control type=\"joy4way\"/></input></game>";
-    const std::string old = "<game" + names + texts +
-                            "<video screen=\"raster\" orientation=\"vertical\" width=\"224\" height=\"288\"/>"
-                            "<input players=\"2\" control=\"joy4way\" buttons=\"3\" coins=\"1\"/></game>";
-    for (const std::string& era : {today, middle, old}) {
-        EXPECT_EQ(converted(head + era + "</mame>"), block) << era;
-        EXPECT_EQ(converted("<mame build=\"0.1\">" + era + "</mame>"), block) << "no declaration";
+    const std::string oldest =
+        "<game" + names + texts +
+        "<video screen=\"raster\" orientation=\"vertical\" width=\"224\" height=\"288\"/>"
+        "<input players=\"2\" control=\"joy4way\" buttons=\"3\" coins=\"1\"/></game>";
+    for (const std::string& version : {newest, middle, oldest}) {
+        EXPECT_EQ(converted(head + version + "</mame>"), block) << version;
+        EXPECT_EQ(converted("<mame build=\"0.1\">" + version + "</mame>"), block) << "no declaration";
     }
 }
 
-TEST(ListConverter, WhatCannotBeStartedIsAResource) {
+TEST(ListConverter, ConvertsMachinesThatCannotBeStartedToResources) {
     for (const char* const reason : {"isbios=\"yes\"", "isdevice=\"yes\"", "runnable=\"no\""}) {
         EXPECT_EQ(converted("<mame><machine name=\"a\" " + std::string(reason) + "/></mame>"),
                   "resource (\n\tname a\n\tdescription \"a\"\n\tmanufacturer \"<unknown>\"\n)\n");
@@ -58,7 +59,7 @@ TEST(ListConverter, WhatCannotBeStartedIsAResource) {
             ->starts_with("game (\n"));
 }
 
-TEST(ListConverter, TextAroundTheListIsIgnored) {
+TEST(ListConverter, IgnoresTextAroundTheList) {
     const std::string list = head + machine("a") + "</mame>";
     for (const std::string before :
          {"Warning: <5 MB\n", "usage: <mame> [options]\n", "<?xml version=\"1.0\"?>\n",
@@ -66,13 +67,13 @@ TEST(ListConverter, TextAroundTheListIsIgnored) {
         EXPECT_EQ(converted(before + list), plainBlock("a")) << before;
     }
     EXPECT_EQ(converted(std::string(300000, '<') + list), plainBlock("a"));
-    for (const std::string behind :
+    for (const std::string after :
          {"\n", "</mame>", "<machine name=\"b\"/>", "<!-- ", "\xFF\xFE", "<mame><machine"}) {
-        EXPECT_EQ(converted(list + behind), plainBlock("a")) << behind;
+        EXPECT_EQ(converted(list + after), plainBlock("a")) << after;
     }
 }
 
-TEST(ListConverter, DamageGivesNothingAtAll) {
+TEST(ListConverter, RejectsDamagedLists) {
     const std::string good = head + machine("a");
     for (const std::string& bad :
          {std::string(), std::string("no list"), std::string("<mame></mame>"),
@@ -91,7 +92,7 @@ TEST(ListConverter, DamageGivesNothingAtAll) {
     EXPECT_EQ(converted(deep), std::nullopt);
 }
 
-TEST(ListConverter, EveryCutGivesNothingAtAll) {
+TEST(ListConverter, RejectsTruncatedLists) {
     const std::string list =
         head + machine("a", "<year>1980</year><!-- x --><display type=\"lcd\"/>") + machine("b") + "</mame>";
     ASSERT_EQ(converted(list).has_value(), true);
@@ -100,11 +101,11 @@ TEST(ListConverter, EveryCutGivesNothingAtAll) {
     }
 }
 
-TEST(ListConverter, RandomDamageIsRefusedOrConvertedWhole) {
+TEST(ListConverter, RejectsOrFullyConvertsRandomlyDamagedLists) {
     const std::string list = head + machine("a", "<input players=\"1\"><control type=\"joy\"/></input>") +
                              machine("b", "<display type=\"raster\" rotate=\"0\" width=\"9\"/>") + "</mame>";
     std::mt19937 random(20240229);
-    int refused = 0;
+    int rejected = 0;
     for (int round = 0; round < 2000; ++round) {
         std::string damaged = list;
         for (unsigned changes = 1 + random() % 3; changes > 0; --changes) {
@@ -112,43 +113,44 @@ TEST(ListConverter, RandomDamageIsRefusedOrConvertedWhole) {
                 static_cast<char>(random() % 4 == 0 ? "<>\"&/'!?"[random() % 8] : random());
         }
         const std::optional<std::string> output = converted(damaged);
-        refused += output ? 0 : 1;
+        rejected += output ? 0 : 1;
         EXPECT_TRUE(!output || output->ends_with(" )\n)\n")) << damaged;
     }
-    EXPECT_GT(refused, 700);
+    EXPECT_GT(rejected, 700);
 }
 
-// A list of several megabytes, which is parsed in parts.
-std::string longList(const std::string& start, const std::string& strange, std::string& expected) {
+// Returns a list of several megabytes, which is parsed in parts, with `inserted` in the middle, and appends
+// its blocks to `expected`.
+std::string longList(const std::string& start, const std::string& inserted, std::string& expected) {
     std::string list = start;
     for (int index = 0; index < 20000; ++index) {
         const std::string name = "g" + std::to_string(index);
         list += machine(name, "\t\t<rom name=\"" + std::string(200, 'r') + "\" size=\"2048\"/>\n");
         expected += plainBlock(name);
         if (index == 12000) {
-            list += strange;
+            list += inserted;
         }
     }
     return list + "</mame>\n";
 }
 
-TEST(ListConverter, PartsGiveTheListInItsOrder) {
+TEST(ListConverter, KeepsTheOrderOfPartsOfALongList) {
     const std::string fakes = "<machine name=\"fake\"/>";
     std::string many;
     for (int index = 0; index < 100000; ++index) {
         many += fakes;
     }
-    for (const std::string& strange :
+    for (const std::string& inserted :
          {std::string(), "<!-- " + many + " -->", "<other><![CDATA[" + many + "]]></other>",
           "<?x " + many + "?>", "<other>" + std::string(9000000, 'x') + "</other>"}) {
         std::string expected;
-        const std::string list = longList(head, strange, expected);
-        EXPECT_TRUE(converted(list) == expected) << strange.substr(0, 20);
-        EXPECT_EQ(converted(list.substr(0, list.size() - 8)), std::nullopt) << strange.substr(0, 20);
+        const std::string list = longList(head, inserted, expected);
+        EXPECT_TRUE(converted(list) == expected) << inserted.substr(0, 20);
+        EXPECT_EQ(converted(list.substr(0, list.size() - 8)), std::nullopt) << inserted.substr(0, 20);
     }
 }
 
-TEST(ListConverter, DeclarationsHoldForTheWholeList) {
+TEST(ListConverter, AppliesDeclarationsToTheWholeList) {
     std::string expected;
     std::string list =
         longList("<?xml version=\"1.0\" encoding=\"iso-8859-1\"?><mame>",

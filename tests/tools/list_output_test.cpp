@@ -21,11 +21,11 @@ Segment segmentOf(std::initializer_list<std::pair<const char*, const char*>> nam
     return segment;
 }
 
-TEST(ListOutput, RomOfIsTheFarEndOfItsChain) {
+TEST(ListOutput, ResolvesRomOfToTheEndOfItsChain) {
     const struct {
         const char* name;
         const char* romOf;
-        const char* farEnd;
+        const char* chainEnd;
     } sets[] = {
         {"hack", "clone", "bios"},
         {"clone", "parent", "bios"},
@@ -37,7 +37,7 @@ TEST(ListOutput, RomOfIsTheFarEndOfItsChain) {
         {"a", "b", "b"},
         {"b", "c", "c"},
         {"c", "a", "a"},
-        {"toCircle", "a", "b"},
+        {"toCycle", "a", "b"},
         {"bios", "other", "other"},
         {"late", "bios", "bios"},
     };
@@ -52,13 +52,13 @@ TEST(ListOutput, RomOfIsTheFarEndOfItsChain) {
     for (const Block& block : segment.blocks) {
         blocks.push_back(&block);
     }
-    const std::vector<std::string_view> farEnds = resolveRomOf(blocks);
-    for (std::size_t place = 0; place < std::size(sets); ++place) {
-        EXPECT_EQ(farEnds[place], sets[place].farEnd) << sets[place].name;
+    const std::vector<std::string_view> chainEnds = resolveRomOf(blocks);
+    for (std::size_t index = 0; index < std::size(sets); ++index) {
+        EXPECT_EQ(chainEnds[index], sets[index].chainEnd) << sets[index].name;
     }
 }
 
-TEST(ListOutput, AFileThatCannotBeWrittenWholeStaysAsItWas) {
+TEST(ListOutput, RestoresTheFileWhenWritingFails) {
     std::vector<Segment> segments;
     for (int part = 0; part < 50; ++part) {
         segments.push_back(segmentOf({{"a", "b"}, {"b", ""}, {"c", ""}}));

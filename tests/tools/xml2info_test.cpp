@@ -1,4 +1,4 @@
-// The program as a process: exit code, streams, and what it leaves in the files.
+// Tests of xml2info as a process: exit code, streams and output file.
 
 #include <cstdio>
 #include <fcntl.h>
@@ -20,7 +20,7 @@ std::string contentOf(const std::string& path) {
     return content.str();
 }
 
-class Xml2Info : public ::testing::Test {
+class Xml2InfoTest : public ::testing::Test {
 protected:
     void SetUp() override {
         char pattern[] = "/tmp/xml2info_test_XXXXXX";
@@ -38,7 +38,7 @@ protected:
         std::remove(folder.c_str());
     }
 
-    // Exit code, or -1 when a signal ended the program.
+    // Returns the exit code, or -1 when a signal ended the program.
     int run(const std::string& list, bool errorsGoToOutput) {
         std::ofstream(input, std::ios::binary) << list;
         const int in = open(input.c_str(), O_RDONLY | O_CLOEXEC);
@@ -65,28 +65,31 @@ protected:
         return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
     }
 
-    std::string folder, input, output, errors;
+    std::string folder;
+    std::string input;
+    std::string output;
+    std::string errors;
 };
 
-TEST_F(Xml2Info, AGoodListIsWrittenInSilence) {
+TEST_F(Xml2InfoTest, WritesAValidListWithoutMessages) {
     EXPECT_EQ(run("warning\n" + goodList, false), 0);
     EXPECT_TRUE(contentOf(output).starts_with("game (\n\tname a\n"));
     EXPECT_EQ(contentOf(errors), "");
 }
 
-TEST_F(Xml2Info, ABadListLeavesAnEmptyFileAndOneLineOfWords) {
+TEST_F(Xml2InfoTest, PrintsOneErrorLineAndNoListForInvalidInput) {
     for (const std::string& list : {std::string(), goodList.substr(0, 20), std::string("junk")}) {
         EXPECT_EQ(run(list, false), 1);
         EXPECT_EQ(contentOf(output), "");
-        const std::string words = contentOf(errors);
-        EXPECT_TRUE(words.starts_with("xml2info: ")) << words;
-        EXPECT_EQ(words.find('\n'), words.size() - 1) << words;
+        const std::string message = contentOf(errors);
+        EXPECT_TRUE(message.starts_with("xml2info: ")) << message;
+        EXPECT_EQ(message.find('\n'), message.size() - 1) << message;
         EXPECT_EQ(run(list, true), 1);
-        EXPECT_EQ(contentOf(output), "") << "words in the list";
+        EXPECT_EQ(contentOf(output), "") << "message in the list file";
     }
 }
 
-TEST_F(Xml2Info, ReadsAndWritesPipes) {
+TEST_F(Xml2InfoTest, ReadsAndWritesPipes) {
     int in[2];
     int out[2];
     ASSERT_EQ(pipe2(in, O_CLOEXEC) | pipe2(out, O_CLOEXEC), 0);
@@ -99,13 +102,14 @@ TEST_F(Xml2Info, ReadsAndWritesPipes) {
     close(out[0]);
     std::ofstream(input) << goodList;
     const int again = open(input.c_str(), O_RDONLY | O_CLOEXEC);
-    EXPECT_EQ(start(again, out[1], open("/dev/null", O_WRONLY | O_CLOEXEC)), 1) << "a pipe that nobody reads";
+    EXPECT_EQ(start(again, out[1], open("/dev/null", O_WRONLY | O_CLOEXEC)), 1)
+        << "writing to a closed pipe succeeds";
 }
 
-TEST_F(Xml2Info, AnInputThatCannotBeReadIsAnError) {
+TEST_F(Xml2InfoTest, FailsWhenTheInputCannotBeRead) {
     const int directory = open("/", O_RDONLY | O_CLOEXEC);
-    const int nothing = open("/dev/null", O_WRONLY | O_CLOEXEC);
-    EXPECT_EQ(start(directory, nothing, nothing), 1);
+    const int nullDevice = open("/dev/null", O_WRONLY | O_CLOEXEC);
+    EXPECT_EQ(start(directory, nullDevice, nullDevice), 1);
 }
 
 } // namespace

@@ -7,30 +7,30 @@
 #include <unistd.h>
 
 std::size_t ByteInput::read(char* target, std::size_t size) {
-    if (returnedFrom < returned.size()) {
-        const std::size_t count = std::min(size, returned.size() - returnedFrom);
-        std::memcpy(target, returned.data() + returnedFrom, count);
-        returnedFrom += count;
+    if (putBackOffset_ < putBack_.size()) {
+        const std::size_t count = std::min(size, putBack_.size() - putBackOffset_);
+        std::memcpy(target, putBack_.data() + putBackOffset_, count);
+        putBackOffset_ += count;
         return count;
     }
-    if (readFailed) {
+    if (failed_) {
         return 0;
     }
     ssize_t count = 0;
     do {
-        count = ::read(descriptor, target, size);
+        count = ::read(descriptor_, target, size);
     } while (count < 0 && errno == EINTR);
-    readFailed = count < 0;
+    failed_ = count < 0;
     return count > 0 ? static_cast<std::size_t>(count) : 0;
 }
 
 void ByteInput::putBack(std::string_view bytes) {
-    returned.replace(0, returnedFrom, bytes);
-    returnedFrom = 0;
+    putBack_.replace(0, putBackOffset_, bytes);
+    putBackOffset_ = 0;
 }
 
 void ByteInput::drain() {
-    std::array<char, 65536> dropped;
-    while (read(dropped.data(), dropped.size()) > 0) {
+    std::array<char, 65536> discarded;
+    while (read(discarded.data(), discarded.size()) > 0) {
     }
 }

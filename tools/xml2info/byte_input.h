@@ -1,6 +1,6 @@
-// The bytes of an open file or pipe, in order, with the option to
-// put some back. Shared by the search for the list's start and
-// the converter's workers, who take turns; takes no lock itself.
+// Reads the bytes of an open file or pipe, and lets callers put bytes back. Used by the search for the start
+// of the list and then by the workers of the converter. Not thread-safe: the workers hold a lock while they
+// use it.
 #pragma once
 
 #include <cstddef>
@@ -9,24 +9,25 @@
 
 class ByteInput {
 public:
-    // The descriptor stays the caller's.
-    explicit ByteInput(int openDescriptor) : descriptor(openDescriptor) {}
+    // Does not take ownership of the descriptor.
+    explicit ByteInput(int descriptor) : descriptor_(descriptor) {}
 
-    // Reads up to size bytes, at least one unless the input has ended or failed.
+    // Reads up to size bytes and returns their number, which is 0 only at the end of the input or after an
+    // error.
     std::size_t read(char* target, std::size_t size);
 
-    // Puts bytes back in front of everything that is still to be read.
+    // Puts bytes back; they are read again before anything else.
     void putBack(std::string_view bytes);
 
-    // Reads and drops the rest.
+    // Reads and discards the remaining input.
     void drain();
 
-    // The input could not be read to its end.
-    bool failed() const { return readFailed; }
+    // True after a read error.
+    bool failed() const { return failed_; }
 
 private:
-    int descriptor;
-    std::string returned;
-    std::size_t returnedFrom = 0; // what stands before has been read again
-    bool readFailed = false;
+    int descriptor_;
+    std::string putBack_;
+    std::size_t putBackOffset_ = 0; // the bytes before this offset have been read again
+    bool failed_ = false;
 };

@@ -6,18 +6,18 @@
 
 namespace {
 
-// What the emulator itself writes for a maker that nobody knows.
+// What the emulator writes for an unknown manufacturer.
 constexpr std::string_view unknownManufacturer = "<unknown>";
 
-// A value inside an inner block is one word; real ones have at most 13 letters.
-constexpr std::size_t longestWord = 64;
+// Limit in bytes for a value inside "video (" or "input (". Real ones have at most 13.
+constexpr std::size_t maximumWordLength = 64;
 
 bool isControlCharacter(char character) {
     const char32_t letter = codePageToUnicode(static_cast<unsigned char>(character));
     return letter < 0x20 || (letter >= 0x7F && letter < 0xA0);
 }
 
-// Code page text on one line; empty when it holds nothing but blanks.
+// Converts to code page text on one line; empty when it contains only blanks.
 std::string cleanText(std::string_view utf8) {
     std::string text = utf8ToCodePage(utf8);
     std::replace_if(text.begin(), text.end(), isControlCharacter, ' ');
@@ -27,7 +27,7 @@ std::string cleanText(std::string_view utf8) {
     return text;
 }
 
-// The same without blanks at its ends, which would count where a value stands without quotes.
+// The same without leading and trailing blanks, which would become part of an unquoted value.
 std::string cleanName(std::string_view utf8) {
     std::string text = cleanText(utf8);
     text.erase(text.find_last_not_of(' ') + 1);
@@ -35,20 +35,21 @@ std::string cleanName(std::string_view utf8) {
     return text;
 }
 
+// The same as a single word.
 std::string cleanWord(std::string_view utf8, std::string_view ifEmpty) {
     std::string word = cleanName(utf8);
     if (word.empty()) {
         word = ifEmpty;
     }
     std::replace(word.begin(), word.end(), ' ', '_');
-    word.resize(std::min(word.size(), longestWord));
+    word.resize(std::min(word.size(), maximumWordLength));
     return word;
 }
 
 void appendQuotedLine(std::string& text, std::string_view key, std::string_view value) {
-    constexpr std::size_t frame = 5; // tab, blank, two quotes, new-line
+    constexpr std::size_t overhead = 5; // tab, blank, two quotes, new-line
     text.append("\t").append(key).append(" \"");
-    text.append(value.substr(0, longestLine - key.size() - frame)).append("\"\n");
+    text.append(value.substr(0, maximumLineLength - key.size() - overhead)).append("\"\n");
 }
 
 void appendPair(std::string& text, std::string_view key, std::string_view word) {
@@ -80,9 +81,9 @@ void appendInput(std::string& text, const Machine& machine) {
 } // namespace
 
 void appendLine(std::string& text, std::string_view key, std::string_view value) {
-    constexpr std::size_t frame = 3; // tab, blank, new-line
+    constexpr std::size_t overhead = 3; // tab, blank, new-line
     text.append("\t").append(key).append(" ");
-    text.append(value.substr(0, longestLine - key.size() - frame)).append("\n");
+    text.append(value.substr(0, maximumLineLength - key.size() - overhead)).append("\n");
 }
 
 bool appendBlock(Segment& segment, const Machine& machine) {
@@ -108,8 +109,8 @@ bool appendBlock(Segment& segment, const Machine& machine) {
     if (!cloneOf.empty()) {
         appendLine(text, "cloneof", cloneOf);
     }
-    block.romOfAt = text.size();
-    // Nobody asks for the picture or the controls of a resource, but what is known is kept.
+    block.romOfOffset = text.size();
+    // A resource has these lines only when the XML describes a display or an input.
     if (!machine.isResource || machine.hasDisplay) {
         appendVideo(text, machine);
     }
@@ -117,7 +118,6 @@ bool appendBlock(Segment& segment, const Machine& machine) {
         appendInput(text, machine);
     }
     text += ")\n";
-    block.end = text.size();
     segment.blocks.push_back(std::move(block));
     return true;
 }

@@ -1,6 +1,6 @@
-// One machine of the emulator's list and the block of text that it becomes in the list file. Filled by the
-// XML parser, formatted here, put together by the output. Knows nothing of XML; the romof line is left out
-// of a block, since its value is only known when the whole list has been read.
+// One machine of the emulator's list and its block of text in the list file. The XML parser fills in
+// machines, this file formats them and list_output assembles the list file. Blocks do not contain the romof
+// line, because its value is only known when the whole list has been read.
 #pragma once
 
 #include <cstddef>
@@ -8,7 +8,7 @@
 #include <string_view>
 #include <vector>
 
-// What the XML says about one machine. Texts are UTF-8 as they come; numbers are 0 when not stated.
+// One machine as described by the XML. Texts are unmodified UTF-8; numbers are 0 when not stated.
 struct Machine {
     std::string name;
     std::string description;
@@ -16,7 +16,7 @@ struct Machine {
     std::string manufacturer;
     std::string cloneOf;
     std::string romOf;
-    bool isResource = false; // a device, a BIOS or anything else that cannot be started
+    bool isResource = false; // a device, a BIOS or another machine that cannot be started
 
     bool hasDisplay = false;
     std::string screen;
@@ -28,15 +28,14 @@ struct Machine {
     int players = 0;
     int coins = 0;
     int buttons = 0;
-    std::string control; // a word of the list file; empty when there is no control
+    std::string control; // as in the list file; empty when there is no control
 };
 
-// A finished block. name and romOf (empty when not stated) are cleaned, as they stand in the list file.
+// A formatted block. name and romOf are code page text as in the list file; romOf is empty when not stated.
 struct Block {
     std::string name;
     std::string romOf;
-    std::size_t romOfAt; // offset in Segment::text at which the romof line belongs
-    std::size_t end;     // offset behind the block; the next block starts there
+    std::size_t romOfOffset; // where the romof line belongs in Segment::text
 };
 
 // Consecutive blocks and their text.
@@ -45,11 +44,13 @@ struct Segment {
     std::vector<Block> blocks;
 };
 
-// No line of the list file is longer, its new-line included: the reader takes lines in pieces of 1,023.
-constexpr std::size_t longestLine = 1000;
+// Limit in bytes for the lines of the list file, including the new-line. The reader of the list file splits
+// lines after 1,023 bytes.
+constexpr std::size_t maximumLineLength = 1000;
 
-// Appends a line "key value", cut to longestLine. The value is clean code page text.
+// Appends a line "key value", truncated to maximumLineLength. The value is code page text without control
+// characters.
 void appendLine(std::string& text, std::string_view key, std::string_view value);
 
-// Appends the machine's block. False, with nothing appended, when the machine has no name.
+// Appends the machine's block. Returns false and appends nothing when the machine has no name.
 bool appendBlock(Segment& segment, const Machine& machine);

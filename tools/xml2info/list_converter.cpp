@@ -1,8 +1,8 @@
 #include "xml2info/list_converter.h"
 
 #include "xml2info/byte_input.h"
-#include "xml2info/list_parser.h"
 #include "xml2info/list_start.h"
+#include "xml2info/xml_list_parser.h"
 
 #include <algorithm>
 #include <cstring>
@@ -12,14 +12,14 @@
 
 namespace {
 
-// Parts of this size stay in a processor's cache between being read and being parsed.
+// Size of the parts in bytes. Parts of this size are still in the processor's cache when they are parsed.
 constexpr std::size_t partSize = 1 << 20;
 
-// A part that finds no place for a cut up to here is parsed in one piece with all that follows.
-constexpr std::size_t longestPart = 8 << 20;
+// When no start of a machine is found within this many bytes, the remaining list is parsed as one part.
+constexpr std::size_t maximumPartSize = 8 << 20;
 
-// What is read at a time when the list is parsed in one piece.
-constexpr std::size_t streamBlock = 256 << 10;
+// Bytes to read at a time when the list is parsed as one part.
+constexpr std::size_t streamBlockSize = 256 << 10;
 
 struct PartResult {
     Segment segment;
@@ -27,23 +27,25 @@ struct PartResult {
     std::string problem;
 };
 
-// What the workers share, under one lock; a worker that parses in one piece keeps the lock to the end.
-struct Work {
-    explicit Work(int descriptor) : input(descriptor) {}
+// State shared by the workers and protected by the lock. A worker that parses the remaining list holds the
+// lock to the end.
+struct SharedWork {
+    explicit SharedWork(int descriptor) : input(descriptor) {}
 
     std::mutex lock;
     ByteInput input;
-    std::string opening; // start and end tag of the root, which complete a part
-    std::string closing;
+    std::string opening; // start tag of the root element, added before each part
+    std::string closing; // end tag of the root element, added after each part
     bool divisible = false;
-    bool allTaken = false;
+    bool inputTaken = false;
     std::vector<PartResult> results; // in the order of the list
 };
 
-// Comments, character data sections and instructions could hold the text of a machine's tag.
-bool holdsOnlyElements(std::string_view text) {
-    for (const char sign : {'!', '?'}) {
-        for (std::size_t at = text.find(sign); at != std::string_view::npos; at = text.find(sign, at + 1)) {
+// False when there are comments, CDATA sections or processing instructions, which could contain a machine's
+// tag as text.
+bool containsOnlyElements(std::string_view text) {
+    for (const char mark : {'!', '?'}) {
+        for (std::size_t at = text.find(mark); at != std::string_view::npos; at = text.find(mark, at + 1)) {
             if (at > 0 && text[at - 1] == '<') {
                 return false;
             }
@@ -52,9 +54,9 @@ bool holdsOnlyElements(std::string_view text) {
     return true;
 }
 
-// Offset of the last tag of a machine behind the given place, or 0.
-std::size_t lastMachine(std::string_view text, std::size_t behind) {
-    for (std::size_t at = text.rfind('<'); at != std::string_view::npos && at > behind;
+// Offset of the last start tag of a machine after the given offset, or 0.
+std::size_t lastMachine(std::string_view text, std::size_t after) {
+    for (std::size_t at = text.rfind('<'); at != std::string_view::npos && at > after;
          at = text.rfind('<', at - 1)) {
         const std::string_view tag = text.substr(at + 1);
         if (tag.starts_with("machine ") || tag.starts_with("game ")) {
@@ -65,36 +67,36 @@ std::size_t lastMachine(std::string_view text, std::size_t behind) {
 }
 
 struct Part {
-    std::size_t length = 0; // bytes in the parser's buffer
-    bool isWhole = false;   // else the document goes on behind it, in the same parser
+    std::size_t length = 0;  // bytes in the parser's buffer
+    bool isComplete = false; // false when the rest of the input belongs to the same document
 };
 
-// Fills the parser's buffer with the root's start tag, the next part and the root's end tag.
-Part takePart(Work& work, ListParser& parser) {
+// Fills the parser's buffer with the start tag of the root element, the next part and the end tag.
+Part takePart(SharedWork& work, XmlListParser& parser) {
     const std::size_t opening = work.opening.size();
     parser.reset();
-    char* buffer = parser.buffer(longestPart);
+    char* buffer = parser.buffer(maximumPartSize);
     std::memcpy(buffer, work.opening.data(), opening);
-    const std::size_t limit = longestPart - work.closing.size();
+    const std::size_t limit = maximumPartSize - work.closing.size();
     std::size_t length = opening;
     std::size_t wanted = partSize;
     std::size_t cut = 0;
-    while (cut == 0 && wanted <= longestPart) {
+    while (cut == 0 && wanted <= maximumPartSize) {
         std::size_t count = 1;
         while (count > 0 && length < std::min(wanted, limit)) {
             count = work.input.read(buffer + length, std::min(wanted, limit) - length);
             length += count;
         }
         if (count == 0) {
-            work.allTaken = true;
+            work.inputTaken = true;
             cut = length;
         } else {
             cut = lastMachine({buffer, length}, opening);
         }
         wanted *= 2;
     }
-    if (cut == 0 || !holdsOnlyElements({buffer, cut})) {
-        work.allTaken = true;
+    if (cut == 0 || !containsOnlyElements({buffer, cut})) {
+        work.inputTaken = true;
         return {length, false};
     }
     work.input.putBack({buffer + cut, length - cut});
@@ -103,18 +105,18 @@ Part takePart(Work& work, ListParser& parser) {
     return {cut + work.closing.size(), true};
 }
 
-// Parses everything that is left behind the bytes which stand in the parser's buffer already.
-bool parseToEnd(Work& work, ListParser& parser, std::size_t length) {
+// Parses the bytes that are already in the parser's buffer and then the remaining input.
+bool parseToEnd(SharedWork& work, XmlListParser& parser, std::size_t length) {
     while (parser.parse(length, length == 0)) {
         if (length == 0 || parser.listEnded()) {
             return true;
         }
-        length = work.input.read(parser.buffer(streamBlock), streamBlock);
+        length = work.input.read(parser.buffer(streamBlockSize), streamBlockSize);
     }
     return false;
 }
 
-void finishPart(PartResult& result, ListParser& parser, bool wellFormed) {
+void finishPart(PartResult& result, XmlListParser& parser, bool wellFormed) {
     result.listEnded = parser.listEnded();
     if (!wellFormed) {
         result.problem = parser.problem();
@@ -124,29 +126,29 @@ void finishPart(PartResult& result, ListParser& parser, bool wellFormed) {
     result.segment.text.shrink_to_fit();
 }
 
-void parseParts(Work& work) {
-    ListParser parser;
+void parseParts(SharedWork& work) {
+    XmlListParser parser;
     for (;;) {
         PartResult result;
         std::unique_lock locked(work.lock);
-        if (work.allTaken) {
+        if (work.inputTaken) {
             return;
         }
         const Part part = takePart(work, parser);
-        const std::size_t place = work.results.size();
+        const std::size_t index = work.results.size();
         work.results.emplace_back();
-        if (part.isWhole) {
+        if (part.isComplete) {
             locked.unlock();
             finishPart(result, parser, parser.parse(part.length, true));
             locked.lock();
         } else {
             finishPart(result, parser, parseToEnd(work, parser, part.length));
         }
-        work.results[place] = std::move(result);
+        work.results[index] = std::move(result);
     }
 }
 
-void parseInParts(Work& work, const ListStart& start) {
+void parseInParts(SharedWork& work, const ListStart& start) {
     work.opening = "<" + start.rootName + ">";
     work.closing = "</" + start.rootName + ">";
     work.input.putBack(std::string_view(start.bytes).substr(start.firstMachine));
@@ -154,7 +156,7 @@ void parseInParts(Work& work, const ListStart& start) {
     try {
         second = std::thread(parseParts, std::ref(work));
     } catch (const std::system_error&) {
-        // One worker does it too.
+        // The calling thread does all the work alone.
     }
     parseParts(work);
     if (second.joinable()) {
@@ -162,17 +164,17 @@ void parseInParts(Work& work, const ListStart& start) {
     }
 }
 
-void parseInOnePiece(Work& work, const ListStart& start) {
-    ListParser parser;
+void parseAsOnePart(SharedWork& work, const ListStart& start) {
+    XmlListParser parser;
     work.input.putBack(start.bytes);
-    const std::size_t length = work.input.read(parser.buffer(streamBlock), streamBlock);
+    const std::size_t length = work.input.read(parser.buffer(streamBlockSize), streamBlockSize);
     finishPart(work.results.emplace_back(), parser, parseToEnd(work, parser, length));
 }
 
 } // namespace
 
 Conversion convertList(int inputDescriptor) {
-    Work work(inputDescriptor);
+    SharedWork work(inputDescriptor);
     const std::optional<ListStart> start = findListStart(work.input);
     if (work.input.failed()) {
         return {{}, "the input cannot be read"};
@@ -183,7 +185,7 @@ Conversion convertList(int inputDescriptor) {
     if (start->divisible) {
         parseInParts(work, *start);
     } else {
-        parseInOnePiece(work, *start);
+        parseAsOnePart(work, *start);
     }
     Conversion conversion;
     for (PartResult& result : work.results) {
@@ -192,7 +194,7 @@ Conversion convertList(int inputDescriptor) {
         }
         conversion.segments.push_back(std::move(result.segment));
         if (result.listEnded) {
-            // The writer of a pipe is let finish, though nothing behind the list matters.
+            // Lets the writer of a pipe finish, although what follows the list is ignored.
             work.input.drain();
             if (work.input.failed()) {
                 break;

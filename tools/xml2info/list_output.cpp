@@ -7,21 +7,21 @@
 
 namespace {
 
-constexpr std::size_t nowhere = static_cast<std::size_t>(-1);
+constexpr std::size_t noBlock = static_cast<std::size_t>(-1);
 
-// For each block the place of the block that its romof names, or nowhere. A name that occurs twice means the
-// first.
+// Returns, for each block, the index of the block that its romof names, or noBlock. Of several blocks with
+// one name the first counts.
 std::vector<std::size_t> linkRomOf(const std::vector<const Block*>& blocks) {
-    std::unordered_map<std::string_view, std::size_t> places;
-    places.reserve(blocks.size());
-    for (std::size_t place = 0; place < blocks.size(); ++place) {
-        places.try_emplace(blocks[place]->name, place);
+    std::unordered_map<std::string_view, std::size_t> indices;
+    indices.reserve(blocks.size());
+    for (std::size_t index = 0; index < blocks.size(); ++index) {
+        indices.try_emplace(blocks[index]->name, index);
     }
-    std::vector<std::size_t> links(blocks.size(), nowhere);
-    for (std::size_t place = 0; place < blocks.size(); ++place) {
-        const auto found = places.find(blocks[place]->romOf);
-        if (found != places.end()) {
-            links[place] = found->second;
+    std::vector<std::size_t> links(blocks.size(), noBlock);
+    for (std::size_t index = 0; index < blocks.size(); ++index) {
+        const auto found = indices.find(blocks[index]->romOf);
+        if (found != indices.end()) {
+            links[index] = found->second;
         }
     }
     return links;
@@ -40,20 +40,20 @@ bool writeAll(int descriptor, std::string_view bytes) {
 }
 
 bool writeBlocks(int descriptor, const std::vector<Segment>& segments,
-                 const std::vector<std::string_view>& farEnds) {
+                 const std::vector<std::string_view>& chainEnds) {
     std::string out;
-    auto farEnd = farEnds.begin();
+    auto chainEnd = chainEnds.begin();
     for (const Segment& segment : segments) {
         const std::string_view text = segment.text;
         std::size_t copied = 0;
         out.clear();
         for (const Block& block : segment.blocks) {
-            if (!farEnd->empty()) {
-                out += text.substr(copied, block.romOfAt - copied);
-                copied = block.romOfAt;
-                appendLine(out, "romof", *farEnd);
+            if (!chainEnd->empty()) {
+                out += text.substr(copied, block.romOfOffset - copied);
+                copied = block.romOfOffset;
+                appendLine(out, "romof", *chainEnd);
             }
-            ++farEnd;
+            ++chainEnd;
         }
         out += text.substr(copied);
         if (!writeAll(descriptor, out)) {
@@ -67,31 +67,31 @@ bool writeBlocks(int descriptor, const std::vector<Segment>& segments,
 
 std::vector<std::string_view> resolveRomOf(const std::vector<const Block*>& blocks) {
     const std::vector<std::size_t> links = linkRomOf(blocks);
-    std::vector<std::string_view> farEnds(blocks.size());
+    std::vector<std::string_view> chainEnds(blocks.size());
     std::vector<bool> known(blocks.size(), false);
-    std::vector<bool> onPath(blocks.size(), false);
-    std::vector<std::size_t> path;
+    std::vector<bool> onChain(blocks.size(), false);
+    std::vector<std::size_t> chain;
     for (std::size_t start = 0; start < blocks.size(); ++start) {
-        path.clear();
-        std::size_t place = start;
-        while (place != nowhere && !known[place] && !onPath[place]) {
-            onPath[place] = true;
-            path.push_back(place);
-            place = links[place];
+        chain.clear();
+        std::size_t index = start;
+        while (index != noBlock && !known[index] && !onChain[index]) {
+            onChain[index] = true;
+            chain.push_back(index);
+            index = links[index];
         }
-        const bool circle = place != nowhere && onPath[place];
-        std::string_view farEnd = place != nowhere && known[place] ? farEnds[place] : std::string_view();
-        for (; !path.empty(); path.pop_back()) {
-            const std::size_t last = path.back();
-            if (farEnd.empty() || circle) {
-                farEnd = blocks[last]->romOf;
+        const bool cycle = index != noBlock && onChain[index];
+        std::string_view chainEnd = index != noBlock && known[index] ? chainEnds[index] : std::string_view();
+        for (; !chain.empty(); chain.pop_back()) {
+            const std::size_t last = chain.back();
+            if (chainEnd.empty() || cycle) {
+                chainEnd = blocks[last]->romOf;
             }
-            farEnds[last] = farEnd;
+            chainEnds[last] = chainEnd;
             known[last] = true;
-            onPath[last] = false;
+            onChain[last] = false;
         }
     }
-    return farEnds;
+    return chainEnds;
 }
 
 bool writeList(int descriptor, const std::vector<Segment>& segments) {
@@ -107,7 +107,7 @@ bool writeList(int descriptor, const std::vector<Segment>& segments) {
         return true;
     }
     const int reason = errno;
-    // Back to what the file held before: nothing, unless its owner appends.
+    // Restores the previous content, which is not empty when the output is appended to a file.
     if (isFile && ftruncate(descriptor, file.st_size) == 0) {
         fsync(descriptor);
     }

@@ -1,14 +1,14 @@
-// Puts the list file together and writes it. Called by the program's entry
-// once the whole list is known to be good. A file that cannot be written
-// whole is left empty: the front end would trust half a list for ever.
+// Assembles the list file and writes it. Called by main() once the whole list has been converted. When
+// writing fails, removes what was written, because the front end would use an incomplete list at every later
+// start.
 #pragma once
 
 #include "xml2info/list_block.h"
 
-// The far end of each block's chain of romof, in the order of the blocks, empty for a block without one. The
-// end may be a set that is not in the list. A block in a circle keeps its own romof.
+// Returns the end of each block's chain of romof links, in the order of the blocks; empty for a block without
+// romof. The end may be a set that is not in the list. Blocks in a cycle keep their own romof.
 std::vector<std::string_view> resolveRomOf(const std::vector<const Block*>& blocks);
 
-// Writes the list file to an open descriptor and, if that is a regular file, sees it to the disk. False when
-// it failed, with errno set.
+// Writes the list file to an open descriptor and, if that is a regular file, syncs it to disk. On failure,
+// restores the previous size of a regular file, sets errno and returns false.
 bool writeList(int descriptor, const std::vector<Segment>& segments);

@@ -1,6 +1,6 @@
 #include "xml2info/list_start.h"
 
-#include "xml2info/list_parser.h"
+#include "xml2info/xml_list_parser.h"
 
 #include <algorithm>
 #include <array>
@@ -10,56 +10,56 @@
 
 namespace {
 
-// The prologue of a list takes 10 kB. A candidate that is undecided after this much is none.
-constexpr std::size_t longestPrologue = 1 << 20;
+// A candidate that is undecided after this many bytes is rejected. Real lists have a prologue of about 10 kB.
+constexpr std::size_t maximumPrologueSize = 1 << 20;
 
-// Parsed in all before junk that keeps looking like the beginning of a list is given up.
+// The search fails after parsing this many bytes in total, however many candidates there are.
 constexpr std::size_t parsingBudget = 256 << 20;
 
-// Given to a candidate at first, in bytes.
-constexpr std::size_t firstPiece = 1024;
+// Bytes parsed of a candidate at first.
+constexpr std::size_t firstPieceSize = 1024;
 
-// What the start of a parser costs, in bytes that it could have parsed meanwhile.
+// Cost of resetting the parser, expressed in parsed bytes.
 constexpr std::size_t costOfCandidate = 256;
 
-enum class Verdict { undecided, isList, isNone };
+enum class Verdict { undecided, accepted, rejected };
 
-// Tries whether the text from one place on is the beginning of a list: a document whose root element has a
+// Tests whether the text from some offset is the beginning of a list: a document whose root element has a
 // machine as its first child.
 class Candidate {
 public:
-    Candidate() : parser(XML_ParserCreate(nullptr), XML_ParserFree) {
-        if (!parser) {
+    Candidate() : parser_(XML_ParserCreate(nullptr), XML_ParserFree) {
+        if (!parser_) {
             throw std::bad_alloc();
         }
         reset();
     }
 
     void reset() {
-        XML_ParserReset(parser.get(), nullptr);
-        XML_SetUserData(parser.get(), this);
-        XML_SetStartElementHandler(parser.get(), startElement);
-        XML_SetXmlDeclHandler(parser.get(), declaration);
-        XML_SetStartDoctypeDeclHandler(parser.get(), documentType);
-        XML_SetEntityDeclHandler(parser.get(), entity);
-        depth = 0;
-        verdict = Verdict::undecided;
+        XML_ParserReset(parser_.get(), nullptr);
+        XML_SetUserData(parser_.get(), this);
+        XML_SetStartElementHandler(parser_.get(), startElement);
+        XML_SetXmlDeclHandler(parser_.get(), declaration);
+        XML_SetStartDoctypeDeclHandler(parser_.get(), documentType);
+        XML_SetEntityDeclHandler(parser_.get(), entity);
+        depth_ = 0;
+        verdict_ = Verdict::undecided;
         divisible = true;
         rootName.clear();
     }
 
     Verdict parse(std::string_view bytes) {
         const bool wellFormed =
-            XML_Parse(parser.get(), bytes.data(), static_cast<int>(bytes.size()), 0) == XML_STATUS_OK;
-        if (!wellFormed && verdict == Verdict::undecided) {
-            verdict = Verdict::isNone;
+            XML_Parse(parser_.get(), bytes.data(), static_cast<int>(bytes.size()), 0) == XML_STATUS_OK;
+        if (!wellFormed && verdict_ == Verdict::undecided) {
+            verdict_ = Verdict::rejected;
         }
-        return verdict;
+        return verdict_;
     }
 
-    // How far the parser has come, in bytes from the place.
+    // Number of bytes that the parser has processed.
     std::size_t position() const {
-        return static_cast<std::size_t>(std::max<XML_Index>(XML_GetCurrentByteIndex(parser.get()), 0));
+        return static_cast<std::size_t>(std::max<XML_Index>(XML_GetCurrentByteIndex(parser_.get()), 0));
     }
 
     std::string rootName;
@@ -69,24 +69,24 @@ public:
 private:
     static void XMLCALL startElement(void* self, const XML_Char* name, const XML_Char**) {
         Candidate& candidate = *static_cast<Candidate*>(self);
-        if (candidate.depth++ == 0) {
+        if (candidate.depth_++ == 0) {
             candidate.rootName = name;
             return;
         }
         candidate.firstMachine = candidate.position();
-        candidate.verdict = isMachineElement(name) ? Verdict::isList : Verdict::isNone;
-        XML_StopParser(candidate.parser.get(), XML_FALSE);
+        candidate.verdict_ = isMachineElement(name) ? Verdict::accepted : Verdict::rejected;
+        XML_StopParser(candidate.parser_.get(), XML_FALSE);
     }
 
     static void XMLCALL declaration(void* self, const XML_Char*, const XML_Char* encoding, int) {
-        if (encoding != nullptr && strcasecmp(encoding, "utf-8") != 0) {
+        if (encoding && strcasecmp(encoding, "utf-8") != 0) {
             static_cast<Candidate*>(self)->divisible = false;
         }
     }
 
     static void XMLCALL documentType(void* self, const XML_Char*, const XML_Char* systemId, const XML_Char*,
                                      int) {
-        if (systemId != nullptr) {
+        if (systemId) {
             static_cast<Candidate*>(self)->divisible = false;
         }
     }
@@ -96,9 +96,9 @@ private:
         static_cast<Candidate*>(self)->divisible = false;
     }
 
-    std::unique_ptr<std::remove_pointer_t<XML_Parser>, decltype(&XML_ParserFree)> parser;
-    int depth = 0;
-    Verdict verdict = Verdict::undecided;
+    std::unique_ptr<std::remove_pointer_t<XML_Parser>, decltype(&XML_ParserFree)> parser_;
+    int depth_ = 0;
+    Verdict verdict_ = Verdict::undecided;
 };
 
 bool isNameStart(char character) {
@@ -106,7 +106,7 @@ bool isNameStart(char character) {
     return byte >= 0x80 || byte == '_' || byte == ':' || ((byte | 0x20) >= 'a' && (byte | 0x20) <= 'z');
 }
 
-// Whether a document can begin with these bytes, of which the first is a '<'.
+// Whether a document can begin with these bytes, the first of which is '<'.
 bool canBeginDocument(std::string_view bytes) {
     constexpr std::string_view declaration = "<?xml";
     constexpr std::string_view documentType = "<!DOCTYPE";
@@ -114,33 +114,34 @@ bool canBeginDocument(std::string_view bytes) {
            bytes.starts_with(documentType);
 }
 
-// The bytes from the current candidate on, as far as they have been read.
-class Window {
+// The bytes that have been read, starting with the current candidate.
+class InputWindow {
 public:
-    explicit Window(ByteInput& source) : input(source) {}
+    explicit InputWindow(ByteInput& input) : input_(input) {}
 
-    std::string_view bytes() const { return std::string_view(read).substr(from); }
+    std::string_view bytes() const { return std::string_view(bytes_).substr(start_); }
 
-    // False when the input has ended.
+    // Returns false at the end of the input.
     bool readMore() {
-        read.erase(0, from);
-        from = 0;
-        const std::size_t before = read.size();
-        read.resize(before + blockSize);
-        const std::size_t count = input.read(read.data() + before, blockSize);
-        read.resize(before + count);
+        bytes_.erase(0, start_);
+        start_ = 0;
+        const std::size_t before = bytes_.size();
+        bytes_.resize(before + blockSize);
+        const std::size_t count = input_.read(bytes_.data() + before, blockSize);
+        bytes_.resize(before + count);
         return count > 0;
     }
 
-    // Moves to the next '<' at or behind offset. False when there is none before the end of the input.
+    // Moves to the next '<' at or after the offset, relative to the current candidate. Returns false when
+    // there is none.
     bool moveToBracket(std::size_t offset) {
         for (;;) {
-            const std::size_t found = read.find('<', from + offset);
+            const std::size_t found = bytes_.find('<', start_ + offset);
             if (found != std::string::npos) {
-                from = found;
-                return read.size() - from >= longestOpening || readMore() || read.size() > from;
+                start_ = found;
+                return bytes_.size() - start_ >= longestMarker || readMore() || bytes_.size() > start_;
             }
-            from = read.size();
+            start_ = bytes_.size();
             offset = 0;
             if (!readMore()) {
                 return false;
@@ -150,44 +151,45 @@ public:
 
 private:
     static constexpr std::size_t blockSize = 65536;
-    static constexpr std::size_t longestOpening = 9; // <!DOCTYPE
+    static constexpr std::size_t longestMarker = 9; // <!DOCTYPE
 
-    ByteInput& input;
-    std::string read;
-    std::size_t from = 0;
+    ByteInput& input_;
+    std::string bytes_;
+    std::size_t start_ = 0;
 };
 
-Verdict tryCandidate(Candidate& candidate, Window& window, std::size_t& budget) {
+Verdict tryCandidate(Candidate& candidate, InputWindow& window, std::size_t& budget) {
     candidate.reset();
     std::size_t parsed = 0;
-    std::size_t piece = firstPiece;
+    std::size_t piece = firstPieceSize;
     Verdict verdict = Verdict::undecided;
     while (verdict == Verdict::undecided) {
-        if (parsed >= longestPrologue || (parsed == window.bytes().size() && !window.readMore())) {
-            verdict = Verdict::isNone;
+        if (parsed >= maximumPrologueSize || (parsed == window.bytes().size() && !window.readMore())) {
+            verdict = Verdict::rejected;
             break;
         }
         const std::string_view next = window.bytes().substr(parsed, piece);
         verdict = candidate.parse(next);
         parsed += next.size();
-        // Growing pieces keep the cost of a token that is begun anew with every piece in proportion.
+        // The parser scans an incomplete token again with each piece, so doubling the parsed length bounds
+        // that cost.
         piece = std::max(piece, parsed);
     }
-    // Most candidates fail within a few bytes of the first piece; all the bytes of more pieces have been
-    // looked at.
-    const std::size_t lookedAt = parsed > firstPiece ? parsed : candidate.position();
-    budget -= std::min(budget, lookedAt + costOfCandidate);
+    // Most candidates are rejected within the first bytes of the first piece.
+    const std::size_t examined = parsed > firstPieceSize ? parsed : candidate.position();
+    budget -= std::min(budget, examined + costOfCandidate);
     return verdict;
 }
 
 } // namespace
 
 std::optional<ListStart> findListStart(ByteInput& input) {
-    Window window(input);
+    InputWindow window(input);
     Candidate candidate;
     std::size_t budget = parsingBudget;
-    for (std::size_t behind = 0; budget > 0 && window.moveToBracket(behind); behind = 1) {
-        if (!canBeginDocument(window.bytes()) || tryCandidate(candidate, window, budget) != Verdict::isList) {
+    for (std::size_t offset = 0; budget > 0 && window.moveToBracket(offset); offset = 1) {
+        if (!canBeginDocument(window.bytes()) ||
+            tryCandidate(candidate, window, budget) != Verdict::accepted) {
             continue;
         }
         return ListStart{std::string(window.bytes()), candidate.firstMachine, candidate.rootName,

@@ -1,6 +1,5 @@
-// Finds the game list in what an emulator wrote: warnings
-// may stand before it, even ones that hold angle brackets.
-// Called once by the converter. Reads no machine.
+// Finds the start of the game list in the output of an emulator, which may begin with warnings, even ones
+// that contain angle brackets. Called once by the converter. Does not parse any machine.
 #pragma once
 
 #include "xml2info/byte_input.h"
@@ -8,12 +7,12 @@
 #include <optional>
 
 struct ListStart {
-    std::string bytes;        // what has been read, from the first byte of the XML on
-    std::size_t firstMachine; // offset in bytes of the first machine's tag
+    std::string bytes;        // what has been read so far, starting with the first byte of the XML
+    std::size_t firstMachine; // offset of the first machine's tag in `bytes`
     std::string rootName;
-    // The list may be parsed in parts: it is UTF-8 and declares nothing that a part would have to know.
+    // The list can be parsed in parts: it is UTF-8 and has neither entities nor an external DTD.
     bool divisible;
 };
 
-// Nothing when the input ends, or has turned out to be something else, before a first machine.
+// Returns nothing when the input contains no list.
 std::optional<ListStart> findListStart(ByteInput& input);

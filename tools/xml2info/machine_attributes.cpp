@@ -6,9 +6,9 @@
 
 namespace {
 
-// Null-safe look-up; an attribute that is missing is empty.
+// Returns the value of an attribute, or an empty text when it is missing.
 std::string_view attribute(Attributes attributes, std::string_view name) {
-    for (; *attributes != nullptr; attributes += 2) {
+    for (; *attributes; attributes += 2) {
         if (name == attributes[0]) {
             return attributes[1];
         }
@@ -16,7 +16,8 @@ std::string_view attribute(Attributes attributes, std::string_view name) {
     return {};
 }
 
-// The number at the head of a value. The reader keeps 16 bits, so a larger one must not wrap around.
+// Returns the number at the start of a value, limited to 0 to 32767, since the reader of the list file keeps
+// 16 bits.
 int number(std::string_view value) {
     constexpr int largest = 32767;
     int result = 0;
@@ -27,30 +28,30 @@ int number(std::string_view value) {
     return std::clamp(result, 0, largest);
 }
 
-struct ControlWord {
+struct ControlTypeWord {
     std::string_view type;
     std::string_view word;
 };
 
-// Control types whose word differs from their name, whatever their ways.
-constexpr ControlWord controlWords[] = {
+// Control types whose word in the list file differs from the name and does not depend on the number of ways.
+constexpr ControlTypeWord controlWords[] = {
     {"doublejoy", "doublejoy8way"},
     {"triplejoy", "doublejoy8way"},
 };
 
-// Joystick ways that are not eight, as the "ways" attribute names them and as older types end.
-constexpr ControlWord joystickWays[] = {
+// The ways of joysticks that are not 8-way, as values of the "ways" attribute and as suffixes of older types.
+constexpr ControlTypeWord joystickWays[] = {
     {"2", "joy2way"},    {"vertical2", "joy2way"}, {"4", "joy4way"},         {"3 (half4)", "joy4way"},
     {"2way", "joy2way"}, {"4way", "joy4way"},      {"3half4way", "joy4way"},
 };
 
 std::string_view controlWord(std::string_view type, std::string_view ways) {
     std::string_view stick = type;
-    // Older types carry the ways in their name, and a v in front when the stick moves up and down.
+    // Older types have the ways as a suffix, and the prefix v when the stick moves vertically.
     if (stick.starts_with("vjoy") || stick.starts_with("vdoublejoy")) {
         stick.remove_prefix(1);
     }
-    for (const ControlWord& row : controlWords) {
+    for (const ControlTypeWord& row : controlWords) {
         if (stick.starts_with(row.type)) {
             return row.word;
         }
@@ -60,7 +61,7 @@ std::string_view controlWord(std::string_view type, std::string_view ways) {
         return type;
     }
     const std::string_view wanted = stick.size() > joystick.size() ? stick.substr(joystick.size()) : ways;
-    for (const ControlWord& row : joystickWays) {
+    for (const ControlTypeWord& row : joystickWays) {
         if (wanted == row.type) {
             return row.word;
         }
@@ -73,7 +74,7 @@ std::string_view controlWord(std::string_view type, std::string_view ways) {
 void readMachineAttributes(Machine& machine, Attributes attributes) {
     bool runnable = true;
     bool special = false;
-    for (; *attributes != nullptr; attributes += 2) {
+    for (; *attributes; attributes += 2) {
         const std::string_view name = attributes[0];
         const std::string_view value = attributes[1];
         if (name == "name") {
@@ -109,8 +110,8 @@ void readVideoAttributes(Machine& machine, Attributes attributes) {
     machine.vertical = attribute(attributes, "orientation") == "vertical";
     machine.x = number(attribute(attributes, "width"));
     machine.y = number(attribute(attributes, "height"));
-    // The oldest versions give the turned size. An upright picture that is wider than tall was not turned
-    // yet.
+    // The oldest versions state the size after rotation. A vertical size that is wider than tall is the one
+    // before rotation.
     if (machine.vertical && machine.x > machine.y) {
         std::swap(machine.x, machine.y);
     }
@@ -124,12 +125,12 @@ void readInputAttributes(Machine& machine, Attributes attributes) {
     machine.control = controlWord(attribute(attributes, "control"), {});
 }
 
-void readControlAttributes(Machine& machine, Attributes attributes, bool& firstPlayersControl) {
+void readControlAttributes(Machine& machine, Attributes attributes, bool& isFirstPlayersControl) {
     machine.buttons = std::max(machine.buttons, number(attribute(attributes, "buttons")));
     const std::string_view player = attribute(attributes, "player");
-    const bool isFirstPlayers = player.empty() || player == "1";
-    if (machine.control.empty() || (isFirstPlayers && !firstPlayersControl)) {
+    const bool belongsToFirstPlayer = player.empty() || player == "1";
+    if (machine.control.empty() || (belongsToFirstPlayer && !isFirstPlayersControl)) {
         machine.control = controlWord(attribute(attributes, "type"), attribute(attributes, "ways"));
-        firstPlayersControl = isFirstPlayers;
+        isFirstPlayersControl = belongsToFirstPlayer;
     }
 }

@@ -1,5 +1,5 @@
-// xml2info: reads the emulator's game list as XML on standard input and writes the list file of the front end
-// on standard output. Either the whole list is written, or nothing and the exit code is 1.
+// xml2info: reads the emulator's game list as XML from standard input and writes the list file of the front
+// end to standard output. Writes either the whole list or nothing; the exit code is 1 in the second case.
 
 #include "xml2info/list_converter.h"
 #include "xml2info/list_output.h"
@@ -14,8 +14,8 @@
 
 namespace {
 
-// The front end sends both streams to the list file, in which words would be taken for a list.
-bool errorsGoIntoTheList() {
+// The front end redirects both streams to the list file, where a message would be taken for a list.
+bool errorsGoToList() {
     struct stat output = {};
     struct stat error = {};
     return fstat(STDOUT_FILENO, &output) == 0 && fstat(STDERR_FILENO, &error) == 0 &&
@@ -23,23 +23,23 @@ bool errorsGoIntoTheList() {
 }
 
 int fail(const char* problem) {
-    if (!errorsGoIntoTheList()) {
+    if (!errorsGoToList()) {
         std::fprintf(stderr, "xml2info: %s; no list was written\n", problem);
     }
     return 1;
 }
 
-// A full disk, a closed pipe or a request to end must not leave half a list: writes report the first two as
-// errors, and the third waits for the few milliseconds that the writing takes.
-void holdSignals() {
+// Ensures that no incomplete list is left. Writing to a closed pipe or beyond a size limit fails instead of
+// ending the program, and termination signals are blocked for the few milliseconds that writing takes.
+void blockSignals() {
     std::signal(SIGPIPE, SIG_IGN);
     std::signal(SIGXFSZ, SIG_IGN);
-    sigset_t held;
-    sigemptyset(&held);
+    sigset_t blocked;
+    sigemptyset(&blocked);
     for (const int number : {SIGHUP, SIGINT, SIGTERM}) {
-        sigaddset(&held, number);
+        sigaddset(&blocked, number);
     }
-    sigprocmask(SIG_BLOCK, &held, nullptr);
+    sigprocmask(SIG_BLOCK, &blocked, nullptr);
 }
 
 } // namespace
@@ -50,7 +50,7 @@ int main() {
         if (!conversion.problem.empty()) {
             return fail(conversion.problem.c_str());
         }
-        holdSignals();
+        blockSignals();
         if (!writeList(STDOUT_FILENO, conversion.segments)) {
             return fail(std::strerror(errno));
         }
