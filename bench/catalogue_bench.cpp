@@ -1,6 +1,6 @@
-// What the catalogue costs at the size of a current list: the stages of the start (read and link, scan, sort,
-// filter) and the sort and filter of a sort command. Run it as `catalogue_bench [LIST]`; without a list it
-// makes one of 45,294 records up, and for either a folder with an empty zip for each record.
+// Measures the catalogue with a list of current size: the stages of startup (read and link, scan, sort,
+// filter) and the sort and filter of a sort command. Usage: `catalogue_bench [LIST]`. Without LIST, generates
+// a list of 45,294 records. Creates an empty zip for each record in both cases.
 #include "catalogue/game_catalogue.h"
 #include "catalogue/game_filter.h"
 #include "catalogue/game_sort.h"
@@ -33,7 +33,7 @@ std::string listPath;
 
 void readStage() {
     FILE* list = openTextFile(listPath.c_str());
-    if (list == nullptr) {
+    if (!list) {
         std::fprintf(stderr, "cannot open %s\n", listPath.c_str());
         std::exit(1);
     }
@@ -73,7 +73,7 @@ void measureStart(benchmark::State& state) {
     state.counters["4 filter ms"] = benchmark::Counter(filter, average);
 }
 
-// From the order before it in the cycle, name, year, manufacturer and name again.
+// Sorts from the previous order in the cycle of name, year and manufacturer.
 void measureSortCycle(benchmark::State& state) {
     readStage();
     scanRoms();
@@ -93,7 +93,7 @@ void measureRelease(benchmark::State& state) {
     }
 }
 
-void openAllFilters() {
+void disableFilters() {
     settings.displayMissingRoms = 0;
     for (std::int32_t Settings::*flag :
          {&Settings::displayVertical, &Settings::displayHorizontal, &Settings::displayClones,
@@ -118,7 +118,7 @@ int main(int argc, char** argv) {
     }
     std::string romsFolder = folder.pathOf("roms");
     settings.romsDir = romsFolder.data();
-    openAllFilters();
+    disableFilters();
     writeZips(listPath, romsFolder);
 
     for (const auto& [name, order] :

@@ -1,7 +1,7 @@
-// What the whole program costs with 45,294 games: the time to the first picture, memory, the processor at
-// rest, and the work of a selection step and of a sort command; and with large art, how many pictures a held
-// key brings and what list, menu and information window cost at rest. It runs the real program on a virtual
-// screen with real keys. Run it as `front_end_bench [LIST]`; without a list it makes one up.
+// Measures the whole program on a virtual screen with real key events. With 45,294 games: time to the first
+// picture, memory, processor use when idle and processor time of a selection step and a sort command. With
+// large art: pictures per second while a key is held, and processor use when idle in the list, the menu and
+// the information window. Usage: `front_end_bench [LIST]`. Without LIST, generates a list.
 #include "child_program.h"
 #include "large_cabinet.h"
 #include "photograph.h"
@@ -22,17 +22,17 @@ namespace {
 
 constexpr int screenWidth = 1440;
 constexpr int screenHeight = 1080;
-constexpr int startLimit = 20000;
+constexpr int startTimeout = 20000;
 
-// The background of the list view, which no message box reaches at the point looked at.
+// The background of the list view, and a pixel where no message box covers it.
 constexpr std::uint32_t backgroundColour = 0x203040;
 constexpr PixelArea corner = {4, 4, 5, 5};
 
-// Games that share one flyer, as large as they come.
+// Number of games that share one flyer, which is as large as the largest real ones.
 constexpr int artGames = 400;
 constexpr unsigned flyerWidth = 2000;
 constexpr unsigned flyerHeight = 3000;
-// Where the bar of the selected title moves.
+// Part of the screen in which the highlight bar moves.
 constexpr PixelArea barColumn = {0, screenHeight / 2, 4, screenHeight};
 
 std::unique_ptr<VirtualScreen> screen;
@@ -47,16 +47,16 @@ void pauseFor(int milliseconds) {
     std::this_thread::sleep_for(std::chrono::milliseconds(milliseconds));
 }
 
-// The front end, started and with its first picture on the screen.
+// A running front end whose first picture is on the screen.
 class RunningFrontEnd {
 public:
     explicit RunningFrontEnd(const std::string& cabinetFolder) {
         const auto start = std::chrono::steady_clock::now();
-        program = std::make_unique<ChildProgram>(
+        program_ = std::make_unique<ChildProgram>(
             ChildOptions{{KESTRAVOX_PATH}, cabinetFolder, {screen->environment()}});
         const bool shown = screen->waitFor(
             [](const Screenshot& shot) { return shot.countColour(corner, backgroundColour) == 1; },
-            startLimit);
+            startTimeout);
         secondsToPicture = secondsSince(start);
         if (!shown) {
             std::cerr << "no picture\n";
@@ -66,21 +66,22 @@ public:
     ~RunningFrontEnd() {
         const auto start = std::chrono::steady_clock::now();
         screen->tap("Escape", 150);
-        program->waitForExit(startLimit);
+        program_->waitForExit(startTimeout);
         secondsToEnd = secondsSince(start);
     }
     RunningFrontEnd(const RunningFrontEnd&) = delete;
     RunningFrontEnd& operator=(const RunningFrontEnd&) = delete;
 
-    // Seconds of processor time so far.
+    // Processor time used so far, in seconds.
     double processorSeconds() const {
         double nanoseconds = 0;
-        std::ifstream("/proc/" + std::to_string(program->id()) + "/schedstat") >> nanoseconds;
+        std::ifstream("/proc/" + std::to_string(program_->id()) + "/schedstat") >> nanoseconds;
         return nanoseconds * 1e-9;
     }
 
+    // Returns a value from /proc/PID/status, such as "VmRSS:", in MiB.
     double mebibytes(const std::string& key) const {
-        std::ifstream status("/proc/" + std::to_string(program->id()) + "/status");
+        std::ifstream status("/proc/" + std::to_string(program_->id()) + "/status");
         for (std::string word; status >> word;) {
             double kibibytes = 0;
             if (word == key && status >> kibibytes) {
@@ -94,7 +95,7 @@ public:
     static inline double secondsToEnd = 0;
 
 private:
-    std::unique_ptr<ChildProgram> program;
+    std::unique_ptr<ChildProgram> program_;
 };
 
 void measureStart(benchmark::State& state) {
@@ -111,8 +112,8 @@ void measureStart(benchmark::State& state) {
     state.counters["processor ms"] = benchmark::Counter(processor * 1000, benchmark::Counter::kAvgIterations);
 }
 
-// With the window that the key opens, if any.
-void measureRest(benchmark::State& state, const std::string& cabinetFolder, const char* key) {
+// Processor use when idle, with the window that the key opens if there is one.
+void measureIdle(benchmark::State& state, const std::string& cabinetFolder, const char* key) {
     const RunningFrontEnd frontEnd(cabinetFolder);
     pauseFor(500);
     if (key) {
@@ -138,7 +139,7 @@ double secondsOfDecoding() {
     return secondsSince(start);
 }
 
-// Pictures while a key is held, beside bare decodings of the same art just before and after.
+// Pictures per second while a key is held, compared to decoding the same art just before and after.
 void measureHeldKey(benchmark::State& state) {
     const RunningFrontEnd frontEnd(artFolder);
     pauseFor(1000);
@@ -182,20 +183,20 @@ void measureHeldKey(benchmark::State& state) {
     state.counters["after release ms"] = latest * 1000;
 }
 
-// Processor time of one action beyond that of the program at rest for the same time.
+// Processor time of one action in addition to that of the idle program over the same time.
 void measureAction(benchmark::State& state, const char* key, int milliseconds) {
     const RunningFrontEnd frontEnd(largeFolder);
     pauseFor(500);
-    const double beforeRest = frontEnd.processorSeconds();
+    const double beforeIdle = frontEnd.processorSeconds();
     pauseFor(2000);
-    const double restPerMillisecond = (frontEnd.processorSeconds() - beforeRest) / 2000;
+    const double idlePerMillisecond = (frontEnd.processorSeconds() - beforeIdle) / 2000;
     for ([[maybe_unused]] auto step : state) {
         const auto start = std::chrono::steady_clock::now();
         const double before = frontEnd.processorSeconds();
         screen->tap(key, 20);
         pauseFor(milliseconds);
-        const double rest = restPerMillisecond * secondsSince(start) * 1000;
-        state.SetIterationTime(std::max(frontEnd.processorSeconds() - before - rest, 1e-9));
+        const double idle = idlePerMillisecond * secondsSince(start) * 1000;
+        state.SetIterationTime(std::max(frontEnd.processorSeconds() - before - idle, 1e-9));
     }
 }
 
@@ -256,12 +257,12 @@ int main(int argc, char** argv) {
         const char* name;
         const std::string& folder;
         const char* key;
-    } rests[] = {{"rest", largeFolder, nullptr},
-                 {"rest/art", artFolder, nullptr},
-                 {"rest/menu", artFolder, "2"},
-                 {"rest/information", artFolder, "Control_L"}};
-    for (const auto& rest : rests) {
-        benchmark::RegisterBenchmark(rest.name, measureRest, rest.folder, rest.key)
+    } idleStates[] = {{"idle", largeFolder, nullptr},
+                      {"idle/art", artFolder, nullptr},
+                      {"idle/menu", artFolder, "2"},
+                      {"idle/information", artFolder, "Control_L"}};
+    for (const auto& idleState : idleStates) {
+        benchmark::RegisterBenchmark(idleState.name, measureIdle, idleState.folder, idleState.key)
             ->UseManualTime()
             ->Unit(unit)
             ->Iterations(1);

@@ -1,5 +1,5 @@
-// What the game information file costs at the start: 30 MB with 50,000 blocks, in code page 1252 and in UTF-8
-// with a byte order mark, beside a list of 45,294 records. Most blocks belong to games of the list.
+// Measures reading a game information file of 30 MB with 50,000 blocks, in code page 1252 and in UTF-8 with a
+// byte order mark, for a list of 45,294 records. Most blocks belong to games of the list.
 #include "catalogue/game_catalogue.h"
 #include "catalogue/game_info.h"
 #include "config/settings.h"
@@ -24,14 +24,13 @@ void readList(const std::string& path) {
     std::fclose(list);
 }
 
-// Needs the catalogue, whose names it takes; the blocks beyond it have names of their own.
+// Uses the names of the catalogue and, for the remaining blocks, names that are not in it.
 void writeInfo(const std::string& path, const std::string& head, const std::string& accent) {
     std::ofstream file(path, std::ios::binary);
     file << head << "# Information for many games\r\n\r\n";
     for (int block = 0; block < blockCount; ++block) {
         const char* known = block < gameCount ? allGames[block]->name : nullptr;
-        file << "$info=" << (known != nullptr ? known : "unlisted" + std::to_string(block))
-             << ",\r\n$mame\r\n\r\n";
+        file << "$info=" << (known ? known : "unlisted" + std::to_string(block)) << ",\r\n$mame\r\n\r\n";
         for (int line = 0; line < linesInBlock; ++line) {
             file << "Line " << line << " of a caf" << accent
                  << " where somebody tells what this game was.\r\n\r\n";

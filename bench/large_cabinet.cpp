@@ -13,9 +13,9 @@ constexpr int recordCount = 45294;
 
 class ListWriter {
 public:
-    explicit ListWriter(const std::filesystem::path& path) : list(path) {}
+    explicit ListWriter(const std::filesystem::path& path) : list_(path) {}
 
-    // Names come in alphabetical order and 60% are clones that lie behind their parent, as in a real list.
+    // As in a real list, names are in alphabetical order and 60% are clones, which follow their parent.
     void writeList() {
         std::set<std::string> names;
         while (names.size() < recordCount * 2 / 5) {
@@ -37,11 +37,11 @@ public:
 
 private:
     int number(int lowest, int highest) {
-        return std::uniform_int_distribution<int>(lowest, highest)(generator);
+        return std::uniform_int_distribution<int>(lowest, highest)(generator_);
     }
 
     std::string randomWord(int shortest, int longest) {
-        // Letters about as often as they stand in names.
+        // Weighted with the approximate frequency of letters in names.
         static constexpr char letters[] = "aaaaabbcddeeeeeefghiiiijklllmmmnnnnooooppqrrrrssssttttuuvwxyz0123";
         std::string word;
         for (int length = number(shortest, longest); length > 0; --length) {
@@ -61,28 +61,28 @@ private:
     }
 
     void writeRecord(const std::string& name, const char* parent) {
-        const bool isResource = parent == nullptr && number(0, 2) == 0;
-        list << (isResource ? "resource (\n" : "game (\n") << "\tname " << name << "\n\tdescription \""
-             << randomTitle() << "\"\n";
+        const bool isResource = !parent && number(0, 2) == 0;
+        list_ << (isResource ? "resource (\n" : "game (\n") << "\tname " << name << "\n\tdescription \""
+              << randomTitle() << "\"\n";
         if (number(0, 9) != 0) {
-            list << "\tyear " << (number(0, 19) == 0 ? "19??" : std::to_string(number(1971, 2023))) << "\n";
+            list_ << "\tyear " << (number(0, 19) == 0 ? "19??" : std::to_string(number(1971, 2023))) << "\n";
         }
-        list << "\tmanufacturer \"" << makers[static_cast<std::size_t>(number(0, 199))] << "\"\n";
-        if (parent != nullptr) {
-            list << "\tcloneof " << parent << "\n\tromof " << (number(0, 19) == 0 ? "neogeo" : parent)
-                 << "\n";
+        list_ << "\tmanufacturer \"" << makers_[static_cast<std::size_t>(number(0, 199))] << "\"\n";
+        if (parent) {
+            list_ << "\tcloneof " << parent << "\n\tromof " << (number(0, 19) == 0 ? "neogeo" : parent)
+                  << "\n";
         }
         if (!isResource) {
-            list << "\tvideo ( screen raster orientation " << (number(0, 3) == 0 ? "vertical" : "horizontal")
-                 << " x 320 y 240 )\n\tinput ( players " << number(1, 4) << " control joy8way buttons "
-                 << number(0, 6) << " coins " << number(0, 2) << " )\n";
+            list_ << "\tvideo ( screen raster orientation " << (number(0, 3) == 0 ? "vertical" : "horizontal")
+                  << " x 320 y 240 )\n\tinput ( players " << number(1, 4) << " control joy8way buttons "
+                  << number(0, 6) << " coins " << number(0, 2) << " )\n";
         }
-        list << ")\n\n";
+        list_ << ")\n\n";
     }
 
-    std::ofstream list;
-    std::mt19937 generator{1971};
-    std::vector<std::string> makers = [this] {
+    std::ofstream list_;
+    std::mt19937 generator_{1971};
+    std::vector<std::string> makers_ = [this] {
         std::vector<std::string> made;
         for (int maker = 0; maker < 200; ++maker) {
             made.push_back(randomTitle());

@@ -1,6 +1,6 @@
-// What movies cost: how long the opening holds the caller up, what a long run through many of them leaves
-// behind, and the processor time of one that plays. Usage: media_bench [STEPS [MOVIE]]; MOVIE is played for
-// the processor time in place of a computed one of 640x480 at 60 pictures a second.
+// Measures movies: how long opening one blocks the caller, memory, threads and files after many of them, and
+// the processor time of a playing movie. Usage: `media_bench [STEPS [MOVIE]]`. Without MOVIE, the processor
+// time is that of a generated movie of 640x480 at 60 pictures per second.
 #include "avi_writer.h"
 #include "platform/clock.h"
 #include "platform/media.h"
@@ -30,7 +30,7 @@ double millisecondsSince(Clock::time_point start) {
     return std::chrono::duration<double, std::milli>(Clock::now() - start).count();
 }
 
-std::string computedMovie(int width, int height, int framesPerSecond, int seconds) {
+std::string generatedMovie(int width, int height, int framesPerSecond, int seconds) {
     AviWriter writer({width, height, framesPerSecond, SoundRate});
     for (int number = 0; number < framesPerSecond * seconds; ++number) {
         std::vector<std::uint32_t> pixels;
@@ -58,7 +58,7 @@ HWND openMainWindow() {
     return window;
 }
 
-// As the front end does it for a new frame.
+// Opens and plays a movie in the way the front end does.
 HWND playMovie(HWND parent, const std::string& file) {
     const HWND movie = MCIWndCreateA(parent, nullptr, 0, file.c_str());
     RECT size{};
@@ -86,9 +86,9 @@ void printState(int step) {
     std::fflush(stdout);
 }
 
-// A player who holds the stick: a step every tick, each with a movie that is closed by the next.
+// Simulates a held key: each tick closes the movie of the previous step and opens the next.
 void soak(HWND parent, const std::vector<std::string>& files, int steps) {
-    std::vector<double> holdUps;
+    std::vector<double> delays;
     HWND movie = nullptr;
     for (int step = 0; step < steps; ++step) {
         if (step % std::max(steps / 10, 1) == 0) {
@@ -97,25 +97,25 @@ void soak(HWND parent, const std::vector<std::string>& files, int steps) {
         const auto start = Clock::now();
         SendMessageA(movie, WM_CLOSE, 0, 0);
         movie = playMovie(parent, files[static_cast<std::size_t>(step) % files.size()]);
-        const double holdUp = millisecondsSince(start);
-        holdUps.push_back(holdUp);
-        Sleep(static_cast<DWORD>(std::max(1.0, tickMilliseconds - holdUp)));
+        const double delay = millisecondsSince(start);
+        delays.push_back(delay);
+        Sleep(static_cast<DWORD>(std::max(1.0, tickMilliseconds - delay)));
     }
     printState(steps);
     SendMessageA(movie, WM_CLOSE, 0, 0);
     Sleep(500);
-    std::printf("  first opening, with the loading of the library: %.1f ms\n", holdUps[0]);
-    std::sort(holdUps.begin(), holdUps.end());
+    std::printf("  first movie, including loading the library: %.1f ms\n", delays[0]);
+    std::sort(delays.begin(), delays.end());
     const auto share = [&](double part) {
-        return holdUps[static_cast<std::size_t>(part * (holdUps.size() - 1))];
+        return delays[static_cast<std::size_t>(part * (delays.size() - 1))];
     };
-    std::printf("  hold-up of a tick: median %.1f ms, 99 of 100 below %.1f ms, most %.1f ms\n", share(0.5),
-                share(0.99), holdUps.back());
+    std::printf("  delay per tick: median %.1f ms, 99th percentile %.1f ms, maximum %.1f ms\n", share(0.5),
+                share(0.99), delays.back());
 }
 
-// Pixels of a grid over the movie that tell one picture from the next.
-std::uint64_t lookAtMovie() {
-    const ScreenPixels screen = screenPixels();
+// Hash of a grid of pixels of the movie, which differs between pictures.
+std::uint64_t hashMoviePicture() {
+    const DisplayPixels screen = screenPixels();
     std::uint64_t sum = 0;
     for (int y = 20; y < 480; y += 8) {
         for (int x = 20; x < 640; x += 8) {
@@ -125,18 +125,18 @@ std::uint64_t lookAtMovie() {
     return sum;
 }
 
-// The main loop's rhythm at rest.
+// Sleeps like the idle main loop.
 void playAlone(HWND parent, const std::string& file) {
     constexpr int seconds = 10;
     const HWND movie = playMovie(parent, file);
     Sleep(2000);
     const std::clock_t start = std::clock();
     const auto end = Clock::now() + std::chrono::seconds(seconds);
-    std::uint64_t last = lookAtMovie();
+    std::uint64_t last = hashMoviePicture();
     int pictures = 0;
     while (Clock::now() < end) {
         Sleep(1);
-        const std::uint64_t now = lookAtMovie();
+        const std::uint64_t now = hashMoviePicture();
         pictures += now != last ? 1 : 0;
         last = now;
     }
@@ -157,12 +157,12 @@ int main(int argc, char** argv) {
     std::vector<std::string> files;
     for (int number = 0; number < 4; ++number) {
         files.push_back(path + "/" + std::to_string(number) + ".avi");
-        std::ofstream(files.back(), std::ios::binary) << computedMovie(320 + 16 * number, 240, 20, 2);
+        std::ofstream(files.back(), std::ios::binary) << generatedMovie(320 + 16 * number, 240, 20, 2);
     }
     files.push_back(path + "/damaged.avi");
     std::ofstream(files.back(), std::ios::binary) << std::string(20000, '\x5A');
     const std::string large = path + "/large.avi";
-    std::ofstream(large, std::ios::binary) << computedMovie(640, 480, 60, 4);
+    std::ofstream(large, std::ios::binary) << generatedMovie(640, 480, 60, 4);
     const HWND parent = openMainWindow();
     soak(parent, files, steps);
     playAlone(parent, argc > 2 ? argv[2] : large);

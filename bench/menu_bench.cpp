@@ -1,5 +1,5 @@
-// What opening the options menu costs on a machine with 2,000 fonts: copies of an installed one, each with
-// names of its own, behind a private configuration of the fonts.
+// Measures opening the options menu with 2,000 fonts. The fonts are copies of an installed one under
+// different names, made available by a private fontconfig file.
 #include "app/window_state.h"
 #include "config/settings.h"
 #include "overlays/menu_model.h"
@@ -20,7 +20,7 @@ namespace {
 constexpr int fontCount = 2000;
 constexpr const char* sourceFont = "/usr/share/fonts/truetype/liberation/LiberationMono-Bold.ttf";
 
-// Names stand in a font file in 16 and in 8 bits a letter.
+// A font file contains its names with 16 and with 8 bits per letter.
 void replaceAll(std::string& font, const std::string& from, const std::string& to) {
     for (std::size_t place = font.find(from); place != std::string::npos; place = font.find(from, place)) {
         font.replace(place, from.size(), to);
@@ -41,18 +41,18 @@ void makeFonts(const TemporaryFolder& folder) {
     const std::string source = folder.read(sourceFont);
     for (int number = 0; number < fontCount; ++number) {
         std::string font = source;
-        std::string own = std::to_string(1'000'000'000 + number);
-        own[0] = 'T';
-        replaceAll(font, wide("Liberation"), wide(own));
-        replaceAll(font, "Liberation", own);
-        folder.write("fonts/" + own + ".ttf", font);
+        std::string name = std::to_string(1'000'000'000 + number);
+        name[0] = 'T';
+        replaceAll(font, wide("Liberation"), wide(name));
+        replaceAll(font, "Liberation", name);
+        folder.write("fonts/" + name + ".ttf", font);
     }
     const std::string config = "<fontconfig><dir>" + folder.pathOf("fonts") + "</dir><cachedir>" +
                                folder.pathOf("cache") + "</cachedir></fontconfig>";
     setenv("FONTCONFIG_FILE", folder.write("fonts.conf", config).c_str(), 1);
 }
 
-// The waiting quit ends the menu as soon as it is on the screen.
+// The quit message closes the menu as soon as it is displayed.
 void measureMenu(benchmark::State& state) {
     for ([[maybe_unused]] auto step : state) {
         PostQuitMessage(0);

@@ -1,12 +1,11 @@
-// Art like that of real packs, and its bare decoding, beside
-// which the benchmarks set what the program takes. Called by
-// the benchmarks that draw pictures.
+// Generates pictures similar to real art, and decodes them with libpng alone as the reference for the
+// benchmarks that draw pictures.
 #pragma once
 
 #include <string>
 
-// Writes a PNG picture with slow waves of colour and fine grain, as a scan of printed paper has.
+// Writes a PNG picture with smooth colour gradients and fine grain, like a scan of printed paper.
 void writePhotograph(const std::string& path, unsigned width, unsigned height, unsigned seed);
 
-// Decodes a PNG picture with libpng's plain calls and drops it.
+// Decodes a PNG picture with libpng alone and discards it.
 void decodeBare(const std::string& path);

@@ -1,6 +1,6 @@
-// What pictures cost a redraw and a rebuilt page of tiles, beside decoding the same files with libpng alone,
-// and whether memory grows over 10,000 redraws. The art is made here, photograph-like, in the sizes of real
-// packs. Bare decoding and drawing take turns, so that a busy machine slows both.
+// Measures redraws and rebuilt pages of tiles against decoding the same files with libpng alone, and memory
+// over 10,000 redraws. Generates art in the sizes of real packs. Decoding and drawing alternate, so that
+// other load on the machine slows both.
 #include "app/window_state.h"
 #include "catalogue/selection.h"
 #include "catalogue/visible_games.h"
@@ -27,7 +27,7 @@ namespace {
 
 constexpr int gameCount = 40;
 
-// Processor time, which a busy machine disturbs least. Nothing here waits for anything.
+// Processor time, which depends least on other load. Nothing measured here waits.
 double secondsSince(std::clock_t start) {
     return static_cast<double>(std::clock() - start) / CLOCKS_PER_SEC;
 }
@@ -55,14 +55,14 @@ const ArtFolder artFolders[] = {
     {"flyers", &settings.flyerDir, 1200, 1600},
 };
 
-// All games share the files of the first.
+// Writes the files of the first game, which all games share.
 void writeArt(unsigned reduction) {
     for (const ArtFolder& art : artFolders) {
         writePhotograph(art.name + std::string("/g0.png"), art.width / reduction, art.height / reduction, 7);
     }
 }
 
-// The catalogue and the art of the cabinet that is drawn.
+// The catalogue and the art of the benchmarked cabinet.
 struct Cabinet {
     Cabinet() : records(gameCount, GameRecord{}) {
         iniPath = "missing.ini";
@@ -120,31 +120,31 @@ struct Frame {
     }
 };
 
-struct Scene {
+struct BenchmarkCase {
     const char* name;
     std::int32_t menuType;
     std::int32_t rotation;
     std::int32_t previewPictures;
     bool rebuildsPage;
-    std::vector<std::string> files; // those that the redraw decodes, without the tiles
+    std::vector<std::string> files; // decoded by a redraw, in addition to tiles
 };
 
-// Tiles of a page that lie in the catalogue.
+// Number of games on the first page of tiles.
 int tilesOnPage(int height, int width, std::int32_t rotation) {
-    const int run = rotation == 90 || rotation == -90 ? width : height;
+    const int side = rotation == 90 || rotation == -90 ? width : height;
     const int pitch = settings.previewModeHeight + settings.previewModeSpacer;
-    return std::min((run - settings.previewModeSpacer - statusBarHeight) / pitch + 1, gameCount);
+    return std::min((side - settings.previewModeSpacer - statusBarHeight) / pitch + 1, gameCount);
 }
 
-void measureScene(benchmark::State& state, const Scene& scene, int width, int height) {
-    settings.menuType = scene.menuType;
-    settings.orientation = scene.rotation;
-    settings.previewPictures = scene.previewPictures;
+void measureRedraw(benchmark::State& state, const BenchmarkCase& testCase, int width, int height) {
+    settings.menuType = testCase.menuType;
+    settings.orientation = testCase.rotation;
+    settings.previewPictures = testCase.previewPictures;
     const Frame frame(width, height);
     drawScreen(backDC, backBitmap);
-    std::vector<std::string> files = scene.files;
-    if (scene.rebuildsPage) {
-        files.insert(files.end(), static_cast<std::size_t>(tilesOnPage(height, width, scene.rotation)),
+    std::vector<std::string> files = testCase.files;
+    if (testCase.rebuildsPage) {
+        files.insert(files.end(), static_cast<std::size_t>(tilesOnPage(height, width, testCase.rotation)),
                      "marquees/g0.png");
     }
     double drawing = 0;
@@ -160,8 +160,8 @@ void measureScene(benchmark::State& state, const Scene& scene, int width, int he
         BitBlt(scratchDC, 0, 0, width, height, backDC, 0, 0, SRCCOPY);
         copying += secondsSince(start);
         ++viewGeneration;
-        drawScreen(backDC, backBitmap); // the page again, which the copy has spoilt
-        viewGeneration += scene.rebuildsPage ? 1 : 0;
+        drawScreen(backDC, backBitmap); // restores the page of tiles overwritten by the copy
+        viewGeneration += testCase.rebuildsPage ? 1 : 0;
         start = std::clock();
         drawScreen(backDC, backBitmap);
         const double time = secondsSince(start);
@@ -174,7 +174,8 @@ void measureScene(benchmark::State& state, const Scene& scene, int width, int he
     state.counters["ratio"] = (drawing - copying) / decoding;
 }
 
-// Both views in turn, at all rotations, with small art: what is kept per redraw does not depend on its size.
+// Alternates between both views and all rotations. The art is small, since memory kept per redraw does not
+// depend on its size.
 void measureMemory(benchmark::State& state) {
     writeArt(10);
     const Frame frame(640, 480);
@@ -204,7 +205,7 @@ int main(int argc, char** argv) {
     const std::string cabinet = "cabinets/g0.png";
     const std::string snap = "snaps/g0.png";
     const std::string flyer = "flyers/g0.png";
-    const Scene scenes[] = {
+    const BenchmarkCase cases[] = {
         {"list/screen_shot", menuTypeListView, 0, previewScreenShots, false, {marquee, snap}},
         {"list/flyer", menuTypeListView, 0, previewFlyers, false, {marquee, flyer}},
         {"list/screen_shot/90", menuTypeListView, 90, previewScreenShots, false, {marquee, snap}},
@@ -215,13 +216,12 @@ int main(int argc, char** argv) {
         {"browser/new_page/90", menuTypeImageBrowser, 90, previewScreenShots, true, {cabinet, snap}},
     };
     const Cabinet cabinetFolder;
-    for (const Scene& scene : scenes) {
+    for (const BenchmarkCase& testCase : cases) {
         for (const auto& [width, height] : {std::pair(1440, 1080), {1920, 1080}}) {
-            const std::string name = scene.name + ("/" + std::to_string(width));
-            benchmark::RegisterBenchmark(name.c_str(),
-                                         [&scene, width = width, height = height](benchmark::State& state) {
-                                             measureScene(state, scene, width, height);
-                                         })
+            const std::string name = testCase.name + ("/" + std::to_string(width));
+            benchmark::RegisterBenchmark(
+                name.c_str(), [&testCase, width = width, height = height](
+                                  benchmark::State& state) { measureRedraw(state, testCase, width, height); })
                 ->UseManualTime()
                 ->Unit(benchmark::kMillisecond);
         }

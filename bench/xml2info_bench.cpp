@@ -1,6 +1,6 @@
-// What the list converter costs, against a bare expat parse of the same list with empty handlers: processor
-// time as their ratio, elapsed time, peak memory. Each runs in a process of its own, in turn. Run it as
-// `xml2info_bench [LIST]`; without the XML of a real emulator it makes a list of 60 MB up.
+// Measures the list converter against an expat parse of the same list with empty handlers: ratio of processor
+// times, elapsed time and peak memory. They run alternately, each in a separate process. Usage:
+// `xml2info_bench [LIST]`, where LIST is the XML of an emulator. Without LIST, generates a list of 60 MB.
 #include "xml2info/list_converter.h"
 #include "xml2info/list_output.h"
 
@@ -19,13 +19,12 @@
 
 namespace {
 
-constexpr std::size_t madeUpSize = 60'000'000;
+constexpr std::size_t generatedSize = 60'000'000;
 
 int listDescriptor = -1;
 
-// The proportions of a current list: roms and switches are most of it, what the converter keeps is a
-// twentieth.
-std::string madeUpMachine(std::mt19937& random, int index) {
+// Has the proportions of a current list: mostly roms and switches, and a twentieth of it is converted.
+std::string generatedMachine(std::mt19937& random, int index) {
     const std::string number = std::to_string(index);
     std::string text = "\t<machine name=\"set" + number + "\" sourcefile=\"maker/board.cpp\"" +
                        (index % 3 == 0 ? std::string() : " cloneof=\"set" + number + "\" romof=\"set0\"") +
@@ -55,7 +54,7 @@ std::string madeUpMachine(std::mt19937& random, int index) {
 
 int makeList() {
     FILE* file = std::tmpfile();
-    if (file == nullptr) {
+    if (!file) {
         std::perror("temporary file");
         std::exit(1);
     }
@@ -66,8 +65,8 @@ int makeList() {
                file);
     std::mt19937 random(1);
     std::size_t size = 0;
-    for (int index = 0; size < madeUpSize; ++index) {
-        const std::string text = madeUpMachine(random, index);
+    for (int index = 0; size < generatedSize; ++index) {
+        const std::string text = generatedMachine(random, index);
         std::fwrite(text.data(), 1, text.size(), file);
         size += text.size();
     }
@@ -76,13 +75,13 @@ int makeList() {
     return fileno(file);
 }
 
-void XMLCALL startNothing(void*, const XML_Char*, const XML_Char**) {}
-void XMLCALL endNothing(void*, const XML_Char*) {}
+void XMLCALL ignoreStart(void*, const XML_Char*, const XML_Char**) {}
+void XMLCALL ignoreEnd(void*, const XML_Char*) {}
 
-bool parseBare() {
+bool parseWithExpat() {
     constexpr int block = 65536;
     const XML_Parser parser = XML_ParserCreate(nullptr);
-    XML_SetElementHandler(parser, startNothing, endNothing);
+    XML_SetElementHandler(parser, ignoreStart, ignoreEnd);
     for (;;) {
         const ssize_t count = read(listDescriptor, XML_GetBuffer(parser, block), block);
         if (count < 0 || XML_ParseBuffer(parser, static_cast<int>(count), count == 0) != XML_STATUS_OK) {
@@ -96,9 +95,9 @@ bool parseBare() {
 }
 
 bool convert() {
-    const int nowhere = open("/dev/null", O_WRONLY | O_CLOEXEC);
+    const int nullDevice = open("/dev/null", O_WRONLY | O_CLOEXEC);
     const Conversion conversion = convertList(listDescriptor);
-    return conversion.problem.empty() && writeList(nowhere, conversion.segments);
+    return conversion.problem.empty() && writeList(nullDevice, conversion.segments);
 }
 
 struct Cost {
@@ -125,21 +124,21 @@ Cost costOf(bool (*work)()) {
             elapsed.count(), static_cast<double>(usage.ru_maxrss) / 1024};
 }
 
-void convertAgainstBareParse(benchmark::State& state) {
-    Cost bare;
+void measureConversion(benchmark::State& state) {
+    Cost reference;
     Cost converted;
     for (auto step : state) {
-        bare = costOf(parseBare);
+        reference = costOf(parseWithExpat);
         converted = costOf(convert);
         state.SetIterationTime(converted.elapsedSeconds);
     }
-    state.counters["bare_user_s"] = bare.userSeconds;
+    state.counters["bare_user_s"] = reference.userSeconds;
     state.counters["user_s"] = converted.userSeconds;
-    state.counters["user_ratio"] = converted.userSeconds / bare.userSeconds;
+    state.counters["user_ratio"] = converted.userSeconds / reference.userSeconds;
     state.counters["peak_MiB"] = converted.peakMebibytes;
 }
 
-BENCHMARK(convertAgainstBareParse)
+BENCHMARK(measureConversion)
     ->UseManualTime()
     ->Iterations(1)
     ->Repetitions(5)
