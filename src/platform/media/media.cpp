@@ -1,3 +1,5 @@
+// In this order: the windows and the players that are kept for them, opening and placing a movie, what
+// happens to all of them while the thread waits, and the messages.
 #include "platform/media.h"
 
 #include "platform/files/file_io.h"
@@ -128,11 +130,14 @@ void openMedia(MediaWindow& media) {
 }
 
 void waitForSize(MediaWindow& media) {
+    if (media.path.empty()) {
+        return;
+    }
     using Clock = std::chrono::steady_clock;
     static bool first = true;
     const int limit = std::exchange(first, false) ? longestFirstWait : longestWait;
     const auto end = Clock::now() + std::chrono::milliseconds(limit);
-    if (!media.opened && !media.path.empty()) {
+    if (!media.opened) {
         mpvLibraryWait(limit);
     }
     openMedia(media);
