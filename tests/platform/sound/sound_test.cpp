@@ -109,7 +109,9 @@ TEST_F(SoundTest, GivesTheDeviceUpAndOpensItAgain) {
     };
     const std::string sound = tone("low.wav", 400, 0.4);
     PlaySoundA(sound.c_str(), nullptr, SND_ASYNC);
-    pass(150);
+    while (!std::filesystem::exists("heard.raw")) {
+        pass(5);
+    }
     EXPECT_TRUE(recordingGrows());
     soundGiveUp();
     pass(300);
