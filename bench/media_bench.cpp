@@ -115,7 +115,7 @@ void soak(HWND parent, const std::vector<std::string>& files, int steps) {
 
 // Hash of a grid of pixels of the movie, which differs between pictures.
 std::uint64_t hashMoviePicture() {
-    const DisplayPixels screen = screenPixels();
+    const ScreenPixels screen = screenPixels();
     std::uint64_t sum = 0;
     for (int y = 20; y < 480; y += 8) {
         for (int x = 20; x < 640; x += 8) {

@@ -1,6 +1,6 @@
 #include "app/error_box.h"
 
-#include "platform/window.h"
+#include "platform/message_box.h"
 
 void showError(HWND owner, const char* text) {
     MessageBoxA(owner, text, "Error", MB_OK);

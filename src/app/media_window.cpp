@@ -2,7 +2,7 @@
 
 #include "app/window_state.h"
 #include "platform/media.h"
-#include "platform/window.h"
+#include "platform/messages.h"
 
 HWND openMediaWindow(const char* path) {
     constexpr DWORD style = MCIWNDF_NOPLAYBAR | MCIWNDF_NOMENU | MCIWNDF_NOERRORDLG | MCIWNDF_NOOPEN;

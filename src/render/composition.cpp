@@ -6,6 +6,7 @@
 #include "config/settings.h"
 #include "platform/drawing.h"
 #include "platform/drawing_objects.h"
+#include "platform/painting.h"
 #include "platform/window.h"
 #include "render/attract_movie.h"
 #include "render/image_browser.h"

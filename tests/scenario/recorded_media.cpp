@@ -2,6 +2,7 @@
 
 #include "platform/clock.h"
 #include "platform/media.h"
+#include "platform/messages.h"
 #include "platform/sound.h"
 #include "platform/virtual_clock.h"
 #include "platform/window.h"

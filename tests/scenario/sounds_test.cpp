@@ -6,10 +6,10 @@
 namespace {
 
 // Two games with ROMs, an ambience and all sounds, and an emulator that notes when it runs.
-class Sounds : public ::testing::Test {
+class SoundsTest : public ::testing::Test {
 protected:
     void SetUp() override {
-        frontEnd.folder().write("listinfo.dat", FrontEnd::block("alpha") + FrontEnd::block("beta"));
+        frontEnd.folder().write("listinfo.dat", FrontEnd::listEntry("alpha") + FrontEnd::listEntry("beta"));
         frontEnd.addRom("alpha");
         frontEnd.folder().write("track.mp3", "");
         frontEnd.set("Settings", "AmbienceFile", "track.mp3");
@@ -51,7 +51,7 @@ protected:
 
 using Words = std::vector<std::string>;
 
-TEST_F(Sounds, EachMomentHasItsSound) {
+TEST_F(SoundsTest, EachMomentHasItsSound) {
     frontEnd.tap(150, SDL_SCANCODE_UP);   // refused
     frontEnd.tap(250, SDL_SCANCODE_DOWN); // moves
     frontEnd.tap(350, SDL_SCANCODE_X);    // refused
@@ -63,7 +63,7 @@ TEST_F(Sounds, EachMomentHasItsSound) {
     EXPECT_GE(frontEnd.elapsed(), 1000 + recordedSoundLength);
 }
 
-TEST_F(Sounds, TheAmbienceRestsAroundAGame) {
+TEST_F(SoundsTest, TheAmbienceRestsAroundAGame) {
     for (const int exitCode : {0, 3}) {
         for (const char* whilePlaying : {"0", "1"}) {
             frontEnd.restart();
@@ -96,7 +96,7 @@ TEST_F(Sounds, TheAmbienceRestsAroundAGame) {
     }
 }
 
-TEST_F(Sounds, NothingIsAskedForWithoutFiles) {
+TEST_F(SoundsTest, NothingIsAskedForWithoutFiles) {
     for (const char* sound : {"Startup", "Shutdown", "StartGame", "Select", "Error"}) {
         frontEnd.set("Sounds", sound, "");
     }

@@ -1,6 +1,6 @@
 // In this order: the options of a core and its limits, making and ending it, opening, pausing and closing a
 // file, the events of the core and its answers, and the pictures.
-#include "platform/media_player.h"
+#include "platform/media/media_player.h"
 
 #include "platform/base/alsa_messages.h"
 
