@@ -5,7 +5,7 @@
 
 namespace {
 
-// Two games with ROMs, an ambience and all sounds, and an emulator that notes when it runs.
+// Two games, the ROM of the first one, an ambience track, all sounds, and an emulator script.
 class SoundsTest : public ::testing::Test {
 protected:
     void SetUp() override {
@@ -35,8 +35,8 @@ protected:
         return words;
     }
 
-    // When the request was made, by its place from the first of that name on.
-    static std::int64_t momentOf(const std::string& what) {
+    // Returns the time of the first request with this name, in milliseconds.
+    static std::int64_t timeOf(const std::string& what) {
         for (const MediaRequest& request : mediaRequests) {
             if (request.what == what) {
                 return request.at;
@@ -51,19 +51,19 @@ protected:
 
 using Words = std::vector<std::string>;
 
-TEST_F(SoundsTest, EachMomentHasItsSound) {
-    frontEnd.tap(150, SDL_SCANCODE_UP);   // refused
-    frontEnd.tap(250, SDL_SCANCODE_DOWN); // moves
-    frontEnd.tap(350, SDL_SCANCODE_X);    // refused
-    frontEnd.tap(450, SDL_SCANCODE_R);    // a random pick
-    frontEnd.tap(550, SDL_SCANCODE_F);    // the next order
+TEST_F(SoundsTest, EachCommandPlaysItsSound) {
+    frontEnd.tap(150, SDL_SCANCODE_UP);   // already at the end of the list
+    frontEnd.tap(250, SDL_SCANCODE_DOWN); // moves the selection
+    frontEnd.tap(350, SDL_SCANCODE_X);    // already at the end of the list
+    frontEnd.tap(450, SDL_SCANCODE_R);    // moves up, for player 2
+    frontEnd.tap(550, SDL_SCANCODE_F);    // moves down, for player 2
     EXPECT_EQ(frontEnd.run(950), 0);
     EXPECT_EQ(requests(), (Words{"prepare", "Startup", "open track.mp3", "play repeat", "Error", "Select",
                                  "Error", "Select", "Select", "Shutdown waited for", "end"}));
     EXPECT_GE(frontEnd.elapsed(), 1000 + recordedSoundLength);
 }
 
-TEST_F(SoundsTest, TheAmbienceRestsAroundAGame) {
+TEST_F(SoundsTest, TheAmbiencePausesDuringAGame) {
     for (const int exitCode : {0, 3}) {
         for (const char* whilePlaying : {"0", "1"}) {
             frontEnd.restart();
@@ -72,13 +72,13 @@ TEST_F(SoundsTest, TheAmbienceRestsAroundAGame) {
             frontEnd.set("Settings", "AmbienceWhilePlaying", whilePlaying);
             frontEnd.tap(150, SDL_SCANCODE_1);
             EXPECT_EQ(frontEnd.run(9000), 0);
-            const bool rests = *whilePlaying == '0';
+            const bool pauses = *whilePlaying == '0';
             Words wanted = {"prepare", "Startup", "open track.mp3", "play repeat"};
-            for (const auto& [word, expected] : {std::pair("pause", rests),
+            for (const auto& [word, expected] : {std::pair("pause", pauses),
                                                  {"StartGame waited for", true},
                                                  {"give up", true},
                                                  {"Error", exitCode != 0},
-                                                 {"resume", rests},
+                                                 {"resume", pauses},
                                                  {"Shutdown waited for", true},
                                                  {"end", true}}) {
                 if (expected) {
@@ -86,17 +86,17 @@ TEST_F(SoundsTest, TheAmbienceRestsAroundAGame) {
                 }
             }
             EXPECT_EQ(requests(), wanted) << exitCode << ' ' << whilePlaying;
-            EXPECT_GE(momentOf("give up") - momentOf("StartGame waited for"), recordedSoundLength);
-            if (rests) {
-                EXPECT_EQ(momentOf("pause"), momentOf("StartGame waited for"));
-                EXPECT_GE(momentOf("resume") - momentOf(exitCode != 0 ? "Error" : "give up"),
+            EXPECT_GE(timeOf("give up") - timeOf("StartGame waited for"), recordedSoundLength);
+            if (pauses) {
+                EXPECT_EQ(timeOf("pause"), timeOf("StartGame waited for"));
+                EXPECT_GE(timeOf("resume") - timeOf(exitCode != 0 ? "Error" : "give up"),
                           exitCode != 0 ? 4000 : 1000);
             }
         }
     }
 }
 
-TEST_F(SoundsTest, NothingIsAskedForWithoutFiles) {
+TEST_F(SoundsTest, RequestsNothingWithoutFiles) {
     for (const char* sound : {"Startup", "Shutdown", "StartGame", "Select", "Error"}) {
         frontEnd.set("Sounds", sound, "");
     }
@@ -106,7 +106,7 @@ TEST_F(SoundsTest, NothingIsAskedForWithoutFiles) {
     frontEnd.tap(350, SDL_SCANCODE_1);
     EXPECT_EQ(frontEnd.run(6000), 0);
     EXPECT_EQ(requests(), (Words{"give up", "end"}));
-    std::filesystem::create_directory("movies"); // nothing in it so far, but movies are expected
+    std::filesystem::create_directory("movies"); // empty, but movies may be added
     frontEnd.set("Settings", "Attract.dir", "movies");
     frontEnd.restart();
     mediaRequests.clear();
