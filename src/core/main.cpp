@@ -32,8 +32,8 @@
 
 namespace {
 
-// Loads what plays movies and the ambience while the list is read.
-void prepareMovies() {
+// Starts loading the media player while the list is read, when there may be movies or an ambience track.
+void prepareMedia() {
     if (fileExists(settings.attractDir) || fileExists(settings.ambienceFile)) {
         mediaPrepare();
     }
@@ -42,7 +42,7 @@ void prepareMovies() {
 // Returns 1 when the catalogue is ready; 0 after reporting the failure in a message box.
 int initGames() {
     showMessage("Loading Game Information...");
-    prepareMovies();
+    prepareMedia();
     if (!loadGameList()) {
         showError(mainWindow, "Error loading game list!");
         return 0;

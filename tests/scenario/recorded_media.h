@@ -1,6 +1,6 @@
-// What the front end asks of sounds and media windows, written
-// down with its moment instead of played. Linked in place of the
-// platform's own in the scenarios. A synchronous sound takes time.
+// Records the requests of the front end to sounds and media windows, with their times, instead of playing
+// them. Linked into the scenario tests in place of the platform's implementation. A synchronous sound takes
+// virtual time.
 #pragma once
 
 #include <cstdint>
