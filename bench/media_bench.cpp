@@ -31,7 +31,7 @@ double millisecondsSince(Clock::time_point start) {
 }
 
 std::string generatedMovie(int width, int height, int framesPerSecond, int seconds) {
-    AviWriter writer({width, height, framesPerSecond, SoundRate});
+    AviWriter writer({width, height, framesPerSecond, soundRate});
     for (int number = 0; number < framesPerSecond * seconds; ++number) {
         std::vector<std::uint32_t> pixels;
         for (int index = 0; index < width * height; ++index) {

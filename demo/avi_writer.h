@@ -1,6 +1,5 @@
-// Writes a movie file as arcade cabinets have them: AVI with Motion
-// JPEG pictures and PCM sound, interleaved and indexed. Used for the
-// movies of the demonstration cabinet, by tests and by the benchmark.
+// Writes a movie file in the common format of attract movies: AVI with Motion JPEG pictures and PCM sound,
+// interleaved and indexed. Used for the movies of the demonstration cabinet, by tests and by media_bench.
 #pragma once
 
 #include <cstdint>
@@ -16,24 +15,25 @@ struct AviFormat {
 
 class AviWriter {
 public:
-    explicit AviWriter(const AviFormat& movieFormat) : format(movieFormat) {}
+    explicit AviWriter(const AviFormat& movieFormat) : format_(movieFormat) {}
 
-    // The next picture: width * height pixels 0x00RRGGBB, row by row.
+    // Appends a picture: width * height pixels 0x00RRGGBB, row by row.
     void addPicture(const std::vector<std::uint32_t>& pixels);
 
-    // The sound of the pictures so far; in small pieces between them.
+    // Appends sound. Call it between pictures with the sound of about one picture, so that both are
+    // interleaved.
     void addSound(const std::vector<std::int16_t>& samples);
 
-    // The whole file.
+    // The complete file.
     std::string content() const;
 
 private:
     void addChunk(const char* name, const std::string& data);
     std::string header() const;
 
-    AviFormat format;
-    std::string chunks;
-    std::string index;
-    std::uint32_t pictures = 0;
-    std::uint32_t soundBytes = 0;
+    AviFormat format_;
+    std::string chunks_;
+    std::string index_;
+    std::uint32_t pictures_ = 0;
+    std::uint32_t soundBytes_ = 0;
 };

@@ -11,9 +11,9 @@ namespace {
 
 namespace fs = std::filesystem;
 
-// A dark room with warm letters: ivory on midnight, a crimson bar, amber on plum at the foot. The numbers are
-// 0xBBGGRR, red in the low byte.
-constexpr std::string_view Settings = R"(; The demonstration cabinet. Delete this file to have it made anew.
+// Colours for a dark room: ivory on midnight blue, a crimson highlight, amber on plum in the status bar. The
+// numbers are 0xBBGGRR, red in the low byte.
+constexpr std::string_view settings = R"(; The demonstration cabinet. Delete this file to have it made anew.
 [Settings]
 Mame.exe=demo-mame
 Roms.dir=roms
@@ -64,12 +64,12 @@ SortBy=Name
 DisplayMissingRoms=0
 )";
 
-constexpr std::string_view OptionsHead = R"(
+constexpr std::string_view optionsHead = R"(
 ; What the emulator is told besides the name of a game. A clone without a line of its own has that of its parent.
 [Mameoptions]
 )";
 
-// The end record of a zip without entries: the shortest file that every tool takes for a zip.
+// The end record of a zip without entries: the shortest valid zip file.
 std::string emptyZip() {
     return std::string("PK\5\6", 4) + std::string(18, '\0');
 }
@@ -78,10 +78,12 @@ bool layOutRoms(const fs::path& roms, std::string& problem) {
     std::error_code error;
     for (const DemoGame& game : demoGames()) {
         fs::path zip = roms / (std::string(game.name) + ".zip");
-        if (game.romPresent && !fs::exists(zip, error) && !writeTextFile(zip.string(), emptyZip(), problem))
+        if (game.romPresent && !fs::exists(zip, error) && !writeTextFile(zip.string(), emptyZip(), problem)) {
             return false;
-        if (!game.romPresent)
+        }
+        if (!game.romPresent) {
             fs::remove(zip, error);
+        }
     }
     return true;
 }
@@ -98,32 +100,37 @@ bool layOutCabinet(const std::string& folder, std::string& problem) {
     }
     fs::path ini = cabinet / "kestravox.ini";
     if (!fs::exists(fs::symlink_status(ini, error)) &&
-        !writeTextFile(ini.string(), cabinetSettings(), problem))
+        !writeTextFile(ini.string(), cabinetSettings(), problem)) {
         return false;
-    if (!writeTextFile((cabinet / "mameinfo.dat").string(), demoGameInfo(), problem))
+    }
+    if (!writeTextFile((cabinet / "mameinfo.dat").string(), demoGameInfo(), problem)) {
         return false;
-    if (!layOutRoms(cabinet / "roms", problem))
+    }
+    if (!layOutRoms(cabinet / "roms", problem)) {
         return false;
-    // The front end trusts a list for ever; without one it asks the stand-in for the games of this build.
+    }
+    // The front end would trust an old list; without one it asks the stand-in for the games of this build.
     fs::remove(cabinet / "listinfo.dat", error);
     fs::remove(cabinet / "listinfo.xml", error);
     return true;
 }
 
 std::string cabinetSettings(const std::vector<SettingChange>& changes) {
-    std::string text(Settings);
+    std::string text(settings);
     for (const SettingChange& change : changes) {
         std::string line = change.key + "=" + change.value + "\n";
         std::size_t start = text.find("\n" + change.key + "=");
-        if (start == std::string::npos)
+        if (start == std::string::npos) {
             text.insert(text.find("[Settings]\n") + std::string_view("[Settings]\n").size(), line);
-        else
+        } else {
             text.replace(start + 1, text.find('\n', start + 1) - start, line);
+        }
     }
-    text += OptionsHead;
+    text += optionsHead;
     for (const DemoGame& game : demoGames()) {
-        if (!game.options.empty())
+        if (!game.options.empty()) {
             text += std::string(game.name) + "=" + std::string(game.options) + "\n";
+        }
     }
     return text;
 }
@@ -132,7 +139,8 @@ bool writeTextFile(const std::string& path, const std::string& content, std::str
     std::ofstream file(path, std::ios::binary | std::ios::trunc);
     file << content;
     file.close();
-    if (!file)
+    if (!file) {
         problem = "cannot write " + path;
+    }
     return static_cast<bool>(file);
 }

@@ -1,12 +1,12 @@
-// Lays out the folder of the demonstration cabinet: settings, ROM folder,
-// no game list yet. Used by demo-cabinet, the tour and the end-to-end
-// tests. A settings file that is already there is never touched.
+// Creates the folder of the demonstration cabinet with settings and ROM folder; the front end creates the
+// game list at its first start. Used by demo-cabinet, the tour and the end-to-end tests. Never changes an
+// existing settings file.
 #pragma once
 
 #include <string>
 #include <vector>
 
-// Creates the folder when it is missing. False, with a line in `problem`, when something cannot be written.
+// Creates the folder if it does not exist. On a write error returns false with a message in `problem`.
 bool layOutCabinet(const std::string& folder, std::string& problem);
 
 struct SettingChange {
@@ -14,9 +14,8 @@ struct SettingChange {
     std::string value;
 };
 
-// The cabinet's settings file with other values for some of the keys; a key that it lacks goes to the section
-// Settings.
+// The cabinet's settings file with some values changed; a new key is added to the section Settings.
 std::string cabinetSettings(const std::vector<SettingChange>& changes = {});
 
-// False, with a line in `problem`, when the file cannot be written in full.
+// On a write error returns false with a message in `problem`.
 bool writeTextFile(const std::string& path, const std::string& content, std::string& problem);

@@ -1,4 +1,4 @@
-// demo-cabinet FOLDER: lays out the demonstration cabinet there.
+// demo-cabinet FOLDER: creates the demonstration cabinet in that folder.
 
 #include "art/art_pack.h"
 #include "cabinet.h"

@@ -12,32 +12,36 @@
 
 namespace {
 
-constexpr int CannotStart = 127;
+constexpr int cannotStart = 127;
 
-// Runs in the child; comes back only when the program cannot be started.
+// Runs in the child; returns only if the program cannot be started.
 void becomeProgram(const ChildOptions& options, const std::vector<char*>& words, pid_t parent) {
     setpgid(0, 0);
     prctl(PR_SET_PDEATHSIG, SIGKILL);
-    if (getppid() != parent)
-        return; // the parent died before the line above took effect
-    if (!options.folder.empty() && chdir(options.folder.c_str()) != 0)
+    if (getppid() != parent) {
+        return; // the parent ended before prctl took effect
+    }
+    if (!options.folder.empty() && chdir(options.folder.c_str()) != 0) {
         return;
+    }
     for (const std::string& setting : options.environment) {
         std::size_t equals = setting.find('=');
         setenv(setting.substr(0, equals).c_str(), setting.substr(equals + 1).c_str(), 1);
     }
     if (!options.outputPath.empty()) {
         int output = open(options.outputPath.c_str(), O_WRONLY | O_CREAT | O_APPEND, 0644);
-        if (output < 0 || dup2(output, STDOUT_FILENO) < 0 || dup2(output, STDERR_FILENO) < 0)
+        if (output < 0 || dup2(output, STDOUT_FILENO) < 0 || dup2(output, STDERR_FILENO) < 0) {
             return;
+        }
         close(output);
     }
-    if (options.passedDescriptor >= 0)
+    if (options.passedDescriptor >= 0) {
         fcntl(options.passedDescriptor, F_SETFD, 0);
+    }
     if (options.fileSizeLimit) {
         rlimit limit{*options.fileSizeLimit, *options.fileSizeLimit};
         setrlimit(RLIMIT_FSIZE, &limit);
-        // Without the signal a write past the limit fails with an error, as it does on a full disk.
+        // With SIGXFSZ ignored a write past the limit fails with an error, as on a full disk.
         std::signal(SIGXFSZ, SIG_IGN);
     }
     execvp(words[0], words.data());
@@ -48,25 +52,29 @@ void becomeProgram(const ChildOptions& options, const std::vector<char*>& words,
 ChildProgram::ChildProgram(const ChildOptions& options) {
     std::vector<std::string> copies = options.words;
     std::vector<char*> words;
-    for (std::string& word : copies)
+    for (std::string& word : copies) {
         words.push_back(word.data());
+    }
     words.push_back(nullptr);
     pid_t parent = getpid();
-    process = fork();
-    if (process == 0) {
+    process_ = fork();
+    if (process_ == 0) {
         becomeProgram(options, words, parent);
-        _exit(CannotStart);
+        _exit(cannotStart);
     }
-    if (process > 0)
-        setpgid(process, process);
+    if (process_ > 0) {
+        setpgid(process_, process_);
+    }
 }
 
 ChildProgram::~ChildProgram() {
-    if (process <= 0)
+    if (process_ <= 0) {
         return;
-    kill(-process, SIGKILL);
-    if (!exitCode)
-        waitpid(process, nullptr, 0);
+    }
+    kill(-process_, SIGKILL);
+    if (!exitCode_) {
+        waitpid(process_, nullptr, 0);
+    }
 }
 
 bool ChildProgram::running() {
@@ -74,23 +82,26 @@ bool ChildProgram::running() {
 }
 
 void ChildProgram::signal(int number) {
-    if (process > 0 && !exitCode)
-        kill(process, number);
+    if (process_ > 0 && !exitCode_) {
+        kill(process_, number);
+    }
 }
 
 std::optional<int> ChildProgram::waitForExit(int limitMilliseconds) {
     using namespace std::chrono;
-    if (process <= 0)
-        return CannotStart;
-    auto limit = steady_clock::now() + milliseconds(limitMilliseconds);
-    while (!exitCode) {
-        int status = 0;
-        if (waitpid(process, &status, WNOHANG) == process)
-            exitCode = WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
-        else if (steady_clock::now() >= limit)
-            break;
-        else
-            std::this_thread::sleep_for(2ms);
+    if (process_ <= 0) {
+        return cannotStart;
     }
-    return exitCode;
+    auto limit = steady_clock::now() + milliseconds(limitMilliseconds);
+    while (!exitCode_) {
+        int status = 0;
+        if (waitpid(process_, &status, WNOHANG) == process_) {
+            exitCode_ = WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
+        } else if (steady_clock::now() >= limit) {
+            break;
+        } else {
+            std::this_thread::sleep_for(2ms);
+        }
+    }
+    return exitCode_;
 }

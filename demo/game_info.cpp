@@ -10,7 +10,7 @@ struct InfoText {
     std::string_view text; // lines; an empty one stays empty
 };
 
-constexpr InfoText Texts[] = {
+constexpr InfoText texts[] = {
     {"barnacle", R"(Barnacle Brigade (c) 1981 Tidewater Amusements.
 
 You are the captain of a small brown barnacle with a large sense of duty. The harbour master has let out your rock to a yacht club, and only four thousand of your closest relatives stand between civilisation and a marina with a gift shop.
@@ -78,17 +78,18 @@ Overtake on the left, marinate on the right.)"},
 } // namespace
 
 std::string demoGameInfo() {
-    constexpr std::string_view LineEnd = "\r\n";
+    constexpr std::string_view lineEnd = "\r\n";
     std::string file = "\xEF\xBB\xBF# What there is to know about the games of this cabinet.\r\n\r\n";
-    for (const InfoText& info : Texts) {
+    for (const InfoText& info : texts) {
         file.append("$info=").append(info.name).append(",\r\n$mame\r\n");
         std::string_view rest = info.text;
         while (!rest.empty()) {
             const std::string_view line = rest.substr(0, rest.find('\n'));
             rest.remove_prefix(std::min(line.size() + 1, rest.size()));
-            file.append(line).append(LineEnd);
-            if (!line.empty())
-                file.append(LineEnd);
+            file.append(line).append(lineEnd);
+            if (!line.empty()) {
+                file.append(lineEnd);
+            }
         }
         file.append("$end\r\n\r\n");
     }

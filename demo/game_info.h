@@ -1,9 +1,8 @@
-// The information file of the demonstration cabinet: what there is to read
-// about some of its games. Called when the cabinet is laid out. Not every
-// game has a text, and a clone without one shows that of its parent.
+// The game information file of the demonstration cabinet. Called when the cabinet is created. Not every game
+// has a text; for a clone without one the front end shows that of its parent.
 #pragma once
 
 #include <string>
 
-// The file as such files come: UTF-8 with a byte order mark, CR LF, an empty line behind each line of text.
+// The file in the usual format: UTF-8 with a byte order mark, CR LF, an empty line after each line of text.
 std::string demoGameInfo();

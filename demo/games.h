@@ -1,16 +1,16 @@
-// The invented games of the demonstration cabinet: one table, from which the stand-in emulator answers and
-// the cabinet is laid out. Read by demo-mame and demo-cabinet, and by the tests that look for a game on the
-// screen. Every title and every maker is made up. Nothing here is read by the front end itself, which knows
-// only what the emulator tells it. All text is UTF-8.
+// The table of the invented games of the demonstration cabinet. Used by demo-mame for its game list, by
+// demo-cabinet, and by tests that search for a game on the screen. The front end does not use it; it gets the
+// games from the emulator. All titles and makers are invented. All text is UTF-8.
 #pragma once
 
 #include <span>
 #include <string_view>
 
-// What an entry of the emulator's list is; only `Game` can be played.
-enum class DemoKind { Game, Bios, Device, NotRunnable, Mechanical };
+// Kind of an entry in the emulator's list; only `game` can be played.
+enum class DemoKind { game, bios, device, notRunnable, mechanical };
 
-// A display as the list gives it: width and height before turning, in pixels; none when `type` is empty.
+// A display as in the emulator's list, width and height in pixels before rotation; no display if `type` is
+// empty.
 struct DemoDisplay {
     std::string_view type; // raster, vector, lcd or empty
     int rotate;            // degrees clockwise: 0, 90, 180 or 270
@@ -20,7 +20,7 @@ struct DemoDisplay {
     bool portrait() const { return rotate == 90 || rotate == 270; }
 };
 
-// One player's controls, the same for every player; no control at all when `type` is empty.
+// The controls of one player, the same for all players; none if `type` is empty.
 struct DemoControl {
     int players;
     int coins;
@@ -39,8 +39,8 @@ struct DemoGame {
     DemoKind kind;
     DemoDisplay display;
     DemoControl control;
-    bool romPresent;          // a zip for it lies in the cabinet
-    std::string_view options; // words of its own in the section Mameoptions, or empty
+    bool romPresent;          // the cabinet has a zip for it
+    std::string_view options; // its value in the section Mameoptions, or empty
 };
 
 std::span<const DemoGame> demoGames();

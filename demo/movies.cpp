@@ -15,18 +15,18 @@
 
 namespace {
 
-constexpr int FramesPerSecond = 20;
-constexpr int Seconds = 4;
+constexpr int framesPerSecond = 20;
+constexpr int movieSeconds = 4;
 
-// One in so many originals has a movie, and this one's is damaged.
-constexpr int MovieEvery = 3;
-constexpr int DamagedMovie = 6;
+// Every third original (no clone) has a movie; that of the original with this index is damaged.
+constexpr int movieEvery = 3;
+constexpr int damagedMovie = 6;
 
 using Picture = std::unique_ptr<cairo_surface_t, decltype(&cairo_surface_destroy)>;
 
 AviFormat formatOf(const DemoGame& game) {
     const bool portrait = game.display.portrait();
-    return {portrait ? 240 : 320, portrait ? 320 : 240, FramesPerSecond, SoundRate};
+    return {portrait ? 240 : 320, portrait ? 320 : 240, framesPerSecond, soundRate};
 }
 
 std::vector<std::uint32_t> sceneAt(const DemoGame& game, const AviFormat& format, double seconds) {
@@ -47,35 +47,35 @@ std::vector<std::uint32_t> sceneAt(const DemoGame& game, const AviFormat& format
     return pixels;
 }
 
-// A tune of the game's own: eight notes a movie, drawn from its name.
+// A tune of sixteen notes that depends on the game's name.
 Samples tuneOf(const DemoGame& game) {
-    constexpr int Scale[] = {-12, -9, -7, -5, -2, 0, 3, 5};
+    constexpr int scale[] = {-12, -9, -7, -5, -2, 0, 3, 5};
     const std::uint32_t seed = seedOfName(game.name);
     std::vector<Note> notes;
     for (std::uint32_t i = 0; i < 16; ++i) {
-        const double pitch = 330 * std::exp2(Scale[mixed(seed, i) % 8] / 12.0);
+        const double pitch = 330 * std::exp2(scale[mixed(seed, i) % 8] / 12.0);
         notes.push_back({i * 0.25, 0.22, pitch, 0, 0.2, 0.7});
     }
-    return play(notes, Seconds);
+    return play(notes, movieSeconds);
 }
 
 std::string movieOf(const DemoGame& game) {
     const AviFormat format = formatOf(game);
     const Samples tune = tuneOf(game);
     AviWriter writer(format);
-    constexpr int Frames = Seconds * FramesPerSecond;
-    for (int frame = 0; frame < Frames; ++frame) {
-        writer.addPicture(sceneAt(game, format, static_cast<double>(frame) / FramesPerSecond));
-        const auto first = static_cast<std::ptrdiff_t>(tune.size()) * frame / Frames;
-        const auto last = static_cast<std::ptrdiff_t>(tune.size()) * (frame + 1) / Frames;
+    constexpr int frames = movieSeconds * framesPerSecond;
+    for (int frame = 0; frame < frames; ++frame) {
+        writer.addPicture(sceneAt(game, format, static_cast<double>(frame) / framesPerSecond));
+        const auto first = static_cast<std::ptrdiff_t>(tune.size()) * frame / frames;
+        const auto last = static_cast<std::ptrdiff_t>(tune.size()) * (frame + 1) / frames;
         writer.addSound(Samples(tune.begin() + first, tune.begin() + last));
     }
     return writer.content();
 }
 
 std::string damaged(std::string movie) {
-    constexpr std::size_t HeaderEnd = 100;
-    std::fill(movie.begin() + HeaderEnd, movie.begin() + static_cast<std::ptrdiff_t>(movie.size() / 2),
+    constexpr std::size_t headerEnd = 100;
+    std::fill(movie.begin() + headerEnd, movie.begin() + static_cast<std::ptrdiff_t>(movie.size() / 2),
               '\x5A');
     return movie.substr(0, movie.size() * 2 / 3);
 }
@@ -86,15 +86,18 @@ bool layOutMovies(const std::string& folder, std::string& problem) {
     std::error_code error;
     int originals = 0;
     for (const DemoGame& game : demoGames()) {
-        if (game.kind != DemoKind::Game || !game.romPresent || !game.cloneOf.empty())
+        if (game.kind != DemoKind::game || !game.romPresent || !game.cloneOf.empty()) {
             continue;
+        }
         const int number = originals++;
         const std::string path = folder + "/" + std::string(game.name) + ".avi";
-        if (number % MovieEvery != 0 || std::filesystem::exists(path, error))
+        if (number % movieEvery != 0 || std::filesystem::exists(path, error)) {
             continue;
+        }
         const std::string movie = movieOf(game);
-        if (!writeTextFile(path, number == DamagedMovie ? damaged(movie) : movie, problem))
+        if (!writeTextFile(path, number == damagedMovie ? damaged(movie) : movie, problem)) {
             return false;
+        }
     }
     return true;
 }

@@ -1,9 +1,8 @@
-// The attract movies of the demonstration cabinet: some seconds of the stand-in emulator's own scenes with
-// sound, one for some of the games, and one damaged file as real collections have them. Used when the cabinet
-// is laid out.
+// The attract movies of the demonstration cabinet: a few seconds of the stand-in emulator's scenes with sound
+// for some of the games. One file is damaged, as in real collections. Called when the cabinet is created.
 #pragma once
 
 #include <string>
 
-// Writes those that are missing into the folder. False, with a line in `problem`, when one cannot be written.
+// Writes the missing movies into the folder. On a write error returns false with a message in `problem`.
 bool layOutMovies(const std::string& folder, std::string& problem);

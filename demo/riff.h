@@ -1,14 +1,13 @@
-// Pieces of RIFF files, which hold the
-// numbers of sounds and movies with the low
-// byte first. Used by the writers of both.
+// Building blocks of RIFF files, whose numbers are little-endian. Used by the writers of sounds and movies.
 #pragma once
 
 #include <cstdint>
 #include <string>
 
 inline void appendNumber(std::string& text, std::uint32_t number, int bytes) {
-    for (int i = 0; i < bytes; ++i)
+    for (int i = 0; i < bytes; ++i) {
         text += static_cast<char>(number >> (8 * i) & 0xFF);
+    }
 }
 
 // Padded to an even length.
@@ -23,7 +22,7 @@ inline std::string riffList(const std::string& kind, const std::string& data) {
     return riffChunk("LIST", kind + data);
 }
 
-// The format record of sound in 16 bits.
+// The format record of 16-bit PCM sound.
 inline std::string pcmFormat(std::uint32_t rate, std::uint32_t channels) {
     std::string text;
     appendNumber(text, 1, 2);

@@ -7,11 +7,13 @@ std::uint32_t Screenshot::at(int x, int y) const {
                   static_cast<std::size_t>(x)];
 }
 
-int Screenshot::count(const PixelArea& area, const std::function<bool(std::uint32_t)>& question) const {
+int Screenshot::count(const PixelArea& area, const std::function<bool(std::uint32_t)>& predicate) const {
     int result = 0;
-    for (int y = area.top; y < area.bottom; ++y)
-        for (int x = area.left; x < area.right; ++x)
-            result += question(at(x, y)) ? 1 : 0;
+    for (int y = area.top; y < area.bottom; ++y) {
+        for (int x = area.left; x < area.right; ++x) {
+            result += predicate(at(x, y)) ? 1 : 0;
+        }
+    }
     return result;
 }
 
@@ -20,12 +22,15 @@ int Screenshot::countColour(const PixelArea& area, std::uint32_t colour) const {
 }
 
 int Screenshot::countDifferences(const Screenshot& other, const PixelArea& area) const {
-    if (width != other.width || height != other.height)
+    if (width != other.width || height != other.height) {
         return (area.right - area.left) * (area.bottom - area.top);
+    }
     int result = 0;
-    for (int y = area.top; y < area.bottom; ++y)
-        for (int x = area.left; x < area.right; ++x)
+    for (int y = area.top; y < area.bottom; ++y) {
+        for (int x = area.left; x < area.right; ++x) {
             result += at(x, y) != other.at(x, y) ? 1 : 0;
+        }
+    }
     return result;
 }
 
@@ -38,8 +43,9 @@ bool Screenshot::writePng(const std::string& path) const {
     std::vector<std::uint8_t> bytes;
     bytes.reserve(pixels.size() * 3);
     for (std::uint32_t pixel : pixels) {
-        for (int shift : {16, 8, 0})
+        for (int shift : {16, 8, 0}) {
             bytes.push_back(static_cast<std::uint8_t>(pixel >> shift & 0xFF));
+        }
     }
     return png_image_write_to_file(&image, path.c_str(), 0, bytes.data(), 0, nullptr) != 0;
 }

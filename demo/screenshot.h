@@ -1,6 +1,5 @@
-// A picture of the virtual screen in memory:
-// compared and searched by the tour and the
-// end-to-end tests, written as PNG for people.
+// A screenshot of the virtual screen in memory. The tour and the end-to-end tests compare and search it, and
+// save it as PNG.
 #pragma once
 
 #include <cstdint>
@@ -23,14 +22,14 @@ struct Screenshot {
     std::uint32_t at(int x, int y) const;
     PixelArea whole() const { return {0, 0, width, height}; }
 
-    // Pixels of the area for which the question is answered with yes. The area must lie on the picture.
-    int count(const PixelArea& area, const std::function<bool(std::uint32_t)>& question) const;
+    // Number of pixels in the area that satisfy the predicate. The area must be within the picture.
+    int count(const PixelArea& area, const std::function<bool(std::uint32_t)>& predicate) const;
     int countColour(const PixelArea& area, std::uint32_t colour) const;
 
-    // Pixels of the area that differ; every pixel when the sizes differ.
+    // Number of pixels in the area that differ; all pixels if the sizes differ.
     int countDifferences(const Screenshot& other, const PixelArea& area) const;
     bool operator==(const Screenshot& other) const = default;
 
-    // False when the file cannot be written in full.
+    // False on a write error.
     bool writePng(const std::string& path) const;
 };

@@ -11,7 +11,7 @@
 
 namespace {
 
-constexpr double AttackSeconds = 0.004;
+constexpr double attackSeconds = 0.004;
 
 // Equal temperament; 0 is the A of 440 hertz.
 double pitchOf(int halfTones) {
@@ -19,8 +19,8 @@ double pitchOf(int halfTones) {
 }
 
 double shapeOf(const Note& note, double time) {
-    double attack = std::min(1.0, time / AttackSeconds);
-    double release = std::min(1.0, (note.length - time) / AttackSeconds);
+    double attack = std::min(1.0, time / attackSeconds);
+    double release = std::min(1.0, (note.length - time) / attackSeconds);
     return attack * release * std::exp(-2.5 * time / note.length);
 }
 
@@ -64,22 +64,24 @@ Samples errorSound() {
     return play({{0, 0.09, 140, 0, 0.5, 1.0}, {0.11, 0.12, 110, 0, 0.5, 1.0}}, 0.25);
 }
 
-// Eight bars over four chords. Every note ends inside, so the end meets the beginning in silence.
+// Eight bars over four chords. Every note ends within the track, so that it loops without a click.
 Samples ambienceTrack() {
-    constexpr double Beat = 0.25;
-    constexpr int Chords[][4] = {
+    constexpr double beatSeconds = 0.25;
+    constexpr int chords[][4] = {
         {-24, -12, -9, -5}, {-28, -16, -12, -9}, {-21, -9, -5, -2}, {-26, -14, -10, -7}};
     std::vector<Note> notes;
     for (int bar = 0; bar < 8; ++bar) {
-        const int* chord = Chords[bar / 2];
+        const int* chord = chords[bar / 2];
         for (int beat = 0; beat < 8; ++beat) {
-            double start = (bar * 8 + beat) * Beat;
-            notes.push_back({start, Beat * 0.9, pitchOf(chord[1 + (beat * 5 + bar) % 3]), 0, 0.10, 0.4});
-            if (beat % 4 == 0)
-                notes.push_back({start, Beat * 3.5, pitchOf(chord[0]), 0, 0.22, 0.2});
+            double start = (bar * 8 + beat) * beatSeconds;
+            notes.push_back(
+                {start, beatSeconds * 0.9, pitchOf(chord[1 + (beat * 5 + bar) % 3]), 0, 0.10, 0.4});
+            if (beat % 4 == 0) {
+                notes.push_back({start, beatSeconds * 3.5, pitchOf(chord[0]), 0, 0.22, 0.2});
+            }
         }
     }
-    return play(notes, 8 * 8 * Beat);
+    return play(notes, 8 * 8 * beatSeconds);
 }
 
 struct DemoSound {
@@ -87,7 +89,7 @@ struct DemoSound {
     Samples (*make)();
 };
 
-constexpr DemoSound DemoSounds[] = {
+constexpr DemoSound demoSounds[] = {
     {"startup.wav", startupSound}, {"shutdown.wav", shutdownSound}, {"start.wav", startGameSound},
     {"select.wav", selectSound},   {"error.wav", errorSound},       {"ambience.wav", ambienceTrack},
 };
@@ -95,36 +97,39 @@ constexpr DemoSound DemoSounds[] = {
 } // namespace
 
 Samples play(const std::vector<Note>& notes, double seconds) {
-    std::vector<double> sum(static_cast<std::size_t>(seconds * SoundRate));
+    std::vector<double> sum(static_cast<std::size_t>(seconds * soundRate));
     for (const Note& note : notes) {
-        const auto first = static_cast<std::size_t>(note.start * SoundRate);
-        const auto count = static_cast<std::size_t>(note.length * SoundRate);
+        const auto first = static_cast<std::size_t>(note.start * soundRate);
+        const auto count = static_cast<std::size_t>(note.length * soundRate);
         for (std::size_t i = 0; i < count && first + i < sum.size(); ++i) {
-            double time = static_cast<double>(i) / SoundRate;
+            double time = static_cast<double>(i) / soundRate;
             sum[first + i] += note.volume * shapeOf(note, time) * waveOf(note, time);
         }
     }
     Samples samples;
     samples.reserve(sum.size());
-    for (double value : sum)
+    for (double value : sum) {
         samples.push_back(static_cast<std::int16_t>(std::clamp(value, -1.0, 1.0) * 32000));
+    }
     return samples;
 }
 
 std::string waveFile(const Samples& samples, int rate) {
     std::string data;
-    for (std::int16_t sample : samples)
+    for (std::int16_t sample : samples) {
         appendNumber(data, static_cast<std::uint16_t>(sample), 2);
+    }
     return riffChunk("RIFF", "WAVE" + riffChunk("fmt ", pcmFormat(static_cast<std::uint32_t>(rate), 1)) +
                                  riffChunk("data", data));
 }
 
 bool layOutSounds(const std::string& folder, std::string& problem) {
     std::error_code error;
-    for (const DemoSound& sound : DemoSounds) {
+    for (const DemoSound& sound : demoSounds) {
         std::string path = folder + "/" + sound.file;
-        if (!std::filesystem::exists(path, error) && !writeTextFile(path, waveFile(sound.make()), problem))
+        if (!std::filesystem::exists(path, error) && !writeTextFile(path, waveFile(sound.make()), problem)) {
             return false;
+        }
     }
     return true;
 }

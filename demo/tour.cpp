@@ -1,5 +1,5 @@
-// demo-tour FRONTEND CABINET OUTPUT: shows the front end at work where there is no display. It walks through
-// the cabinet on a virtual screen as a player would, at each rotation of the screen, and leaves pictures in
+// demo-tour FRONTEND CABINET OUTPUT: demonstrates the front end on a machine without a display. It operates
+// the cabinet on a virtual screen with key presses, at each rotation of the screen, and saves screenshots in
 // the folder OUTPUT.
 
 #include "cabinet.h"
@@ -16,33 +16,33 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr int ScreenWidth = 1280;
-constexpr int ScreenHeight = 1024;
-constexpr const char* FrontEndTitle = "KESTRAVOX";
-constexpr std::string_view PlayedGame = "ueberkff";
+constexpr int screenWidth = 1280;
+constexpr int screenHeight = 1024;
+constexpr const char* frontEndTitle = "KESTRAVOX";
+constexpr std::string_view playedGame = "ueberkff";
 
-constexpr int StartLimit = 15000; // milliseconds, the game list is made within them
-constexpr int StepLimit = 4000;
-constexpr int GameLimit = 10000;
-constexpr int ExitLimit = 5000;
+constexpr int startLimit = 15000; // milliseconds, including the creation of the game list
+constexpr int stepLimit = 4000;
+constexpr int gameLimit = 10000;
+constexpr int exitLimit = 5000;
 
-// One key of the walk, and the picture it leads to.
+// A key to press, and the screenshot to save after it.
 struct Stop {
     const char* key;
     int times;
-    const char* picture; // file name, or null for a step on the way
-    int pause = 0;       // milliseconds for which the front end then listens to no key
+    const char* picture; // file name of the screenshot, or null for none
+    int pause = 0;       // milliseconds during which the front end then ignores keys
 };
 
-constexpr int PopupPause = 700;
+constexpr int popupPause = 700;
 
-constexpr Stop ListWalk[] = {
+constexpr Stop listWalk[] = {
     {"Control_L", 1, "information"},
     {"Down", 4, "information-scrolled"},
-    {"Control_L", 1, nullptr, PopupPause},
+    {"Control_L", 1, nullptr, popupPause},
     {"2", 1, "options"},
     {"Down", 2, "options-third-line"},
-    {"Escape", 1, nullptr, PopupPause},
+    {"Escape", 1, nullptr, popupPause},
     {"Down", 3, "three-down"},
     {"Up", 1, nullptr},
     {"Right", 1, "page-down"},
@@ -55,53 +55,56 @@ constexpr Stop ListWalk[] = {
     {"Alt_L", 1, "random-pick"},
 };
 
-// The picture cycle begins with the game that has all pictures. F is a key of player 2.
-constexpr Stop BrowserWalk[] = {
+// The first picture cycle starts at a game that has all pictures. F is a key of player 2.
+constexpr Stop browserWalk[] = {
     {"Shift_L", 1, "flyer"},   {"Shift_L", 1, "title"},   {"Shift_L", 1, "cabinet"}, {"Shift_L", 1, nullptr},
     {"Down", 3, "three-down"}, {"Right", 1, "page-down"}, {"f", 1, "player-2"},      {"Down", 1, "player-1"},
 };
 
-constexpr Stop TurnedListWalk[] = {{"Control_L", 1, "information"},
-                                   {"Control_L", 1, nullptr, PopupPause},
+constexpr Stop turnedListWalk[] = {{"Control_L", 1, "information"},
+                                   {"Control_L", 1, nullptr, popupPause},
                                    {"2", 1, "options"},
-                                   {"Escape", 1, nullptr, PopupPause},
+                                   {"Escape", 1, nullptr, popupPause},
                                    {"Shift_L", 1, "flyer"},
                                    {"Down", 2, "two-down"}};
-constexpr Stop TurnedBrowserWalk[] = {{"Down", 2, "two-down"}};
+constexpr Stop turnedBrowserWalk[] = {{"Down", 2, "two-down"}};
 
 // One run of the front end.
 struct Run {
-    const char* orientation; // as the settings file has it
+    const char* orientation; // value of the setting Orientation
     const char* view;
     const char* picture;
     std::span<const Stop> walk;
     bool withGame = false;
 };
 
-constexpr Run Runs[] = {
-    {"Normal", "ListView", "upright-list", ListWalk, true},
-    {"Normal", "ImageBrowser", "upright-browser", BrowserWalk},
-    {"ROR", "ListView", "turned-right-list", TurnedListWalk},
-    {"ROR", "ImageBrowser", "turned-right-browser", TurnedBrowserWalk},
-    {"ROL", "ListView", "turned-left-list", TurnedListWalk},
-    {"ROL", "ImageBrowser", "turned-left-browser", TurnedBrowserWalk},
-    {"Inverted", "ListView", "upside-down-list", TurnedListWalk},
-    {"Inverted", "ImageBrowser", "upside-down-browser", TurnedBrowserWalk},
+constexpr Run runs[] = {
+    {"Normal", "ListView", "upright-list", listWalk, true},
+    {"Normal", "ImageBrowser", "upright-browser", browserWalk},
+    {"ROR", "ListView", "turned-right-list", turnedListWalk},
+    {"ROR", "ImageBrowser", "turned-right-browser", turnedBrowserWalk},
+    {"ROL", "ListView", "turned-left-list", turnedListWalk},
+    {"ROL", "ImageBrowser", "turned-left-browser", turnedBrowserWalk},
+    {"Inverted", "ListView", "upside-down-list", turnedListWalk},
+    {"Inverted", "ImageBrowser", "upside-down-browser", turnedBrowserWalk},
 };
 
 class Tour {
 public:
     Tour(fs::path frontEndPath, fs::path cabinetPath, fs::path outputPath)
-        : frontEnd(std::move(frontEndPath)), cabinet(std::move(cabinetPath)), output(std::move(outputPath)) {}
+        : frontEnd_(std::move(frontEndPath)), cabinet_(std::move(cabinetPath)),
+          output_(std::move(outputPath)) {}
 
     bool play() {
         std::string problem;
-        screen = VirtualScreen::start(ScreenWidth, ScreenHeight, problem);
-        if (screen == nullptr)
+        screen_ = VirtualScreen::start(screenWidth, screenHeight, problem);
+        if (!screen_) {
             return fail(problem);
-        for (const Run& run : Runs) {
-            if (!play(run))
+        }
+        for (const Run& run : runs) {
+            if (!play(run)) {
                 return false;
+            }
         }
         return true;
     }
@@ -109,43 +112,45 @@ public:
 private:
     bool fail(const std::string& what) {
         std::fprintf(stderr, "demo-tour: %s\n", what.c_str());
-        if (screen != nullptr) {
-            std::string path = (output / "failed.png").string();
-            screen->capture().writePng(path);
+        if (screen_) {
+            std::string path = (output_ / "failed.png").string();
+            screen_->capture().writePng(path);
             std::fprintf(stderr, "demo-tour: the screen at that moment: %s\n", path.c_str());
         }
         return false;
     }
 
     bool keep(const Screenshot& shot, const std::string& name) {
-        std::string number = std::to_string(++pictures);
+        std::string number = std::to_string(++pictures_);
         number.insert(0, number.size() < 2 ? 1 : 0, '0');
-        std::string path = (output / (number + "-" + name + ".png")).string();
-        if (!shot.writePng(path))
+        std::string path = (output_ / (number + "-" + name + ".png")).string();
+        if (!shot.writePng(path)) {
             return fail("cannot write " + path);
+        }
         std::printf("%s\n", path.c_str());
         std::fflush(stdout);
         return true;
     }
 
-    // With settings of its own, so that those of the cabinet stay as they are. A movie would never stand
-    // still for its picture.
+    // With separate settings, so that those of the cabinet do not change. Without movies, which would keep
+    // the screen from becoming still.
     bool play(const Run& run) {
-        fs::path ini = cabinet / "tour.ini";
+        fs::path ini = cabinet_ / "tour.ini";
         std::string problem;
         std::string settings = cabinetSettings({{"Orientation", run.orientation},
                                                 {"MenuType", run.view},
-                                                {"SelectedGame", std::string(PlayedGame)},
+                                                {"SelectedGame", std::string(playedGame)},
                                                 {"InvertPlayer2Screen", "1"},
                                                 {"Attract.dir", "none"},
                                                 {"Startup", ""},
                                                 {"Shutdown", ""}});
-        if (!writeTextFile(ini.string(), settings, problem))
+        if (!writeTextFile(ini.string(), settings, problem)) {
             return fail(problem);
+        }
         ChildOptions options;
-        options.words = {frontEnd.string(), ini.filename().string()};
-        options.folder = cabinet.string();
-        options.environment = {screen->environment(), "SDL_VIDEODRIVER=x11", "SDL_AUDIODRIVER=dummy"};
+        options.words = {frontEnd_.string(), ini.filename().string()};
+        options.folder = cabinet_.string();
+        options.environment = {screen_->environment(), "SDL_VIDEODRIVER=x11", "SDL_AUDIODRIVER=dummy"};
         ChildProgram program(options);
         bool played = play(run, program);
         std::error_code error;
@@ -154,73 +159,84 @@ private:
     }
 
     bool play(const Run& run, ChildProgram& program) {
-        if (!waitForView(program) || !keep(screen->settled(), run.picture))
+        if (!waitForView(program) || !keep(screen_->settled(), run.picture)) {
             return false;
-        if (run.withGame && !playGame(program))
-            return false;
-        for (const Stop& stop : run.walk) {
-            if (!take(stop, run))
-                return false;
         }
-        screen->tap("Escape");
-        std::optional<int> code = program.waitForExit(ExitLimit);
-        if (!code)
+        if (run.withGame && !playGame(program)) {
+            return false;
+        }
+        for (const Stop& stop : run.walk) {
+            if (!take(stop, run)) {
+                return false;
+            }
+        }
+        screen_->tap("Escape");
+        std::optional<int> code = program.waitForExit(exitLimit);
+        if (!code) {
             return fail("the front end did not end on Escape");
+        }
         return *code == 0 || fail("the front end ended with exit code " + std::to_string(*code));
     }
 
-    // The view stands when the bar behind the selected title, or the ring around its marquee, is on the
-    // screen.
+    // The view is complete when the highlight of the selected title, or the ring around its marquee, is on
+    // the screen.
     bool waitForView(ChildProgram& program) {
-        constexpr std::uint32_t Bar = 0xBC1454;
-        bool shown = screen->waitFor(
+        constexpr std::uint32_t bar = 0xBC1454;
+        bool shown = screen_->waitFor(
             [&](const Screenshot& shot) {
-                return !program.running() || shot.countColour(shot.whole(), Bar) > ScreenWidth * 4;
+                return !program.running() || shot.countColour(shot.whole(), bar) > screenWidth * 4;
             },
-            StartLimit);
-        if (!program.running())
+            startLimit);
+        if (!program.running()) {
             return fail("the front end ended before it showed anything");
-        if (!shown)
+        }
+        if (!shown) {
             return fail("the games did not appear");
-        return screen->waitForFocus(FrontEndTitle, StepLimit) ||
+        }
+        return screen_->waitForFocus(frontEndTitle, stepLimit) ||
                fail("the front end has not got the keyboard");
     }
 
     bool take(const Stop& stop, const Run& run) {
         for (int i = 0; i < stop.times; ++i) {
-            Screenshot before = screen->capture();
-            screen->tap(stop.key);
-            if (!screen->waitFor([&](const Screenshot& shot) { return shot != before; }, StepLimit))
+            Screenshot before = screen_->capture();
+            screen_->tap(stop.key);
+            if (!screen_->waitFor([&](const Screenshot& shot) { return shot != before; }, stepLimit)) {
                 return fail("the key " + std::string(stop.key) + " changed nothing");
+            }
         }
-        Screenshot shot = screen->settled(150);
+        Screenshot shot = screen_->settled(150);
         std::this_thread::sleep_for(std::chrono::milliseconds(stop.pause));
-        return stop.picture == nullptr || keep(shot, std::string(run.picture) + "-" + stop.picture);
+        return !stop.picture || keep(shot, std::string(run.picture) + "-" + stop.picture);
     }
 
     bool playGame(ChildProgram& program) {
-        std::string title(findDemoGame(PlayedGame)->description);
-        screen->tap("1");
-        if (!screen->waitForFocus(title, GameLimit))
+        std::string title(findDemoGame(playedGame)->description);
+        screen_->tap("1");
+        if (!screen_->waitForFocus(title, gameLimit)) {
             return fail("the game did not come up with the keyboard");
+        }
         std::this_thread::sleep_for(std::chrono::milliseconds(1800));
-        if (!keep(screen->capture(), "game-running"))
+        if (!keep(screen_->capture(), "game-running")) {
             return false;
-        screen->tap("Escape");
-        if (!screen->waitForFocus(FrontEndTitle, GameLimit) || !program.running())
+        }
+        screen_->tap("Escape");
+        if (!screen_->waitForFocus(frontEndTitle, gameLimit) || !program.running()) {
             return fail("the front end was not back after the game");
-        if (!keep(screen->capture(), "back-from-the-game"))
+        }
+        if (!keep(screen_->capture(), "back-from-the-game")) {
             return false;
-        // The front end lets a second pass before it listens again.
+        }
+        // The front end ignores keys for a second after a game.
         std::this_thread::sleep_for(std::chrono::milliseconds(1500));
-        return keep(screen->settled(), "list-after-the-game");
+        return keep(screen_->settled(), "list-after-the-game");
     }
 
-    fs::path frontEnd;
-    fs::path cabinet;
-    fs::path output;
-    std::unique_ptr<VirtualScreen> screen;
-    int pictures = 0;
+    fs::path frontEnd_;
+    fs::path cabinet_;
+    fs::path output_;
+    std::unique_ptr<VirtualScreen> screen_;
+    int pictures_ = 0;
 };
 
 } // namespace

@@ -14,31 +14,34 @@ namespace {
 
 using namespace std::chrono;
 
-constexpr int ServerStartMilliseconds = 10000;
-constexpr milliseconds BetweenLooks{15};
+constexpr int serverStartMilliseconds = 10000;
+constexpr milliseconds pollInterval{15};
 
 Display* displayOf(void* connection) {
     return static_cast<Display*>(connection);
 }
 
-// Windows come and go while we ask about them; an answer about one that has gone is no reason to die.
+// A window may be destroyed while it is queried; Xlib's default handler would end the process for that.
 int ignoreError(Display*, XErrorEvent*) {
     return 0;
 }
 
-// The server writes the number of the display it found free, and a line end, when it is ready.
+// When the server is ready it writes the number of its display and a newline.
 std::string readDisplayNumber(int descriptor) {
     std::string number;
-    auto limit = steady_clock::now() + milliseconds(ServerStartMilliseconds);
+    auto limit = steady_clock::now() + milliseconds(serverStartMilliseconds);
     while (steady_clock::now() < limit) {
         pollfd waiting{descriptor, POLLIN, 0};
         char letter = 0;
-        if (poll(&waiting, 1, 100) <= 0)
+        if (poll(&waiting, 1, 100) <= 0) {
             continue;
-        if (read(descriptor, &letter, 1) != 1)
+        }
+        if (read(descriptor, &letter, 1) != 1) {
             break;
-        if (letter == '\n')
+        }
+        if (letter == '\n') {
             return number;
+        }
         number += letter;
     }
     return "";
@@ -59,14 +62,15 @@ std::unique_ptr<VirtualScreen> VirtualScreen::start(int width, int height, std::
     options.outputPath = "/dev/null";
     options.passedDescriptor = ends[1];
     std::unique_ptr<VirtualScreen> screen(new VirtualScreen);
-    screen->server = std::make_unique<ChildProgram>(options);
+    screen->server_ = std::make_unique<ChildProgram>(options);
     close(ends[1]);
     std::string number = readDisplayNumber(ends[0]);
     close(ends[0]);
-    screen->name = ":" + number;
-    if (!number.empty())
-        screen->connection = XOpenDisplay(screen->name.c_str());
-    if (screen->connection == nullptr) {
+    screen->name_ = ":" + number;
+    if (!number.empty()) {
+        screen->connection_ = XOpenDisplay(screen->name_.c_str());
+    }
+    if (!screen->connection_) {
         problem = "the virtual display (Xvfb) did not start";
         return nullptr;
     }
@@ -75,15 +79,17 @@ std::unique_ptr<VirtualScreen> VirtualScreen::start(int width, int height, std::
 }
 
 VirtualScreen::~VirtualScreen() {
-    if (connection != nullptr)
-        XCloseDisplay(displayOf(connection));
+    if (connection_) {
+        XCloseDisplay(displayOf(connection_));
+    }
 }
 
 bool VirtualScreen::sendKey(const char* key, bool down) {
-    Display* display = displayOf(connection);
+    Display* display = displayOf(connection_);
     KeyCode code = XKeysymToKeycode(display, XStringToKeysym(key));
-    if (code == 0)
+    if (code == 0) {
         return false;
+    }
     XTestFakeKeyEvent(display, code, down ? True : False, CurrentTime);
     XSync(display, False);
     return true;
@@ -104,21 +110,22 @@ bool VirtualScreen::tap(const char* key, int heldMilliseconds) {
 }
 
 Screenshot VirtualScreen::capture() {
-    Display* display = displayOf(connection);
+    Display* display = displayOf(connection_);
     int screen = DefaultScreen(display);
     return capture({0, 0, DisplayWidth(display, screen), DisplayHeight(display, screen)});
 }
 
 Screenshot VirtualScreen::capture(const PixelArea& area) {
-    Display* display = displayOf(connection);
+    Display* display = displayOf(connection_);
     Screenshot shot;
     int width = area.right - area.left;
     int height = area.bottom - area.top;
     XImage* image =
         XGetImage(display, DefaultRootWindow(display), area.left, area.top, static_cast<unsigned>(width),
                   static_cast<unsigned>(height), AllPlanes, ZPixmap);
-    if (image == nullptr)
+    if (!image) {
         return shot;
+    }
     shot.width = width;
     shot.height = height;
     shot.pixels.resize(static_cast<std::size_t>(width) * static_cast<std::size_t>(height));
@@ -135,9 +142,10 @@ Screenshot VirtualScreen::capture(const PixelArea& area) {
 bool VirtualScreen::waitFor(const std::function<bool(const Screenshot&)>& condition, int limitMilliseconds) {
     auto limit = steady_clock::now() + milliseconds(limitMilliseconds);
     while (!condition(capture())) {
-        if (steady_clock::now() >= limit)
+        if (steady_clock::now() >= limit) {
             return false;
-        std::this_thread::sleep_for(BetweenLooks);
+        }
+        std::this_thread::sleep_for(pollInterval);
     }
     return true;
 }
@@ -148,8 +156,9 @@ Screenshot VirtualScreen::settled(int stillMilliseconds, int limitMilliseconds) 
     while (true) {
         std::this_thread::sleep_for(milliseconds(stillMilliseconds));
         Screenshot later = capture();
-        if (later == earlier || steady_clock::now() >= limit)
+        if (later == earlier || steady_clock::now() >= limit) {
             return later;
+        }
         earlier = std::move(later);
     }
 }
@@ -157,23 +166,23 @@ Screenshot VirtualScreen::settled(int stillMilliseconds, int limitMilliseconds) 
 unsigned long VirtualScreen::focusedWindow() {
     Window focus = None;
     int revert = 0;
-    XGetInputFocus(displayOf(connection), &focus, &revert);
+    XGetInputFocus(displayOf(connection_), &focus, &revert);
     return focus == PointerRoot ? static_cast<Window>(None) : focus;
 }
 
 std::string VirtualScreen::focusedTitle() {
     XTextProperty property{};
     Window window = focusedWindow();
-    if (window == None || XGetWMName(displayOf(connection), window, &property) == 0 ||
-        property.value == nullptr)
+    if (window == None || XGetWMName(displayOf(connection_), window, &property) == 0 || !property.value) {
         return "";
+    }
     std::string title(static_cast<const char*>(static_cast<const void*>(property.value)), property.nitems);
     XFree(property.value);
     return title;
 }
 
 pid_t VirtualScreen::focusedProcess() {
-    Display* display = displayOf(connection);
+    Display* display = displayOf(connection_);
     Atom type = None;
     int format = 0;
     unsigned long items = 0;
@@ -182,23 +191,26 @@ pid_t VirtualScreen::focusedProcess() {
     Window window = focusedWindow();
     if (window == None ||
         XGetWindowProperty(display, window, XInternAtom(display, "_NET_WM_PID", False), 0, 1, False,
-                           AnyPropertyType, &type, &format, &items, &left, &value) != Success)
+                           AnyPropertyType, &type, &format, &items, &left, &value) != Success) {
         return 0;
-    // Xlib hands a 32-bit property out as an array of long.
-    pid_t process = value != nullptr && items == 1 && format == 32
+    }
+    // Xlib returns a 32-bit property as an array of long.
+    pid_t process = value && items == 1 && format == 32
                         ? static_cast<pid_t>(*static_cast<const long*>(static_cast<const void*>(value)))
                         : 0;
-    if (value != nullptr)
+    if (value) {
         XFree(value);
+    }
     return process;
 }
 
 bool VirtualScreen::waitForFocus(const std::string& title, int limitMilliseconds) {
     auto limit = steady_clock::now() + milliseconds(limitMilliseconds);
     while (focusedTitle() != title) {
-        if (steady_clock::now() >= limit)
+        if (steady_clock::now() >= limit) {
             return false;
-        std::this_thread::sleep_for(BetweenLooks);
+        }
+        std::this_thread::sleep_for(pollInterval);
     }
     return true;
 }

@@ -1,6 +1,6 @@
-// A virtual X display with a keyboard: starts the server, presses keys as a person would, looks at the
-// picture and at the focus. Used by the tour and the end-to-end tests. It has no window manager, like a
-// cabinet, and ends with this process, however that ends. It knows nothing of the programs that run on it.
+// A virtual X display with a keyboard: starts the server (Xvfb), sends key events, captures the screen and
+// reads the focus. Used by the tour, the end-to-end tests and front_end_bench. Like a cabinet, it has no
+// window manager. The server ends with this process, even when this process is killed.
 #pragma once
 
 #include "child_program.h"
@@ -12,28 +12,30 @@
 
 class VirtualScreen {
 public:
-    // Null, with a line in `problem`, when there is no server or it does not come up.
+    // Null, with a message in `problem`, if the server is not installed or does not start.
     static std::unique_ptr<VirtualScreen> start(int width, int height, std::string& problem);
     ~VirtualScreen();
 
-    // "DISPLAY=..." for the programs that are to run on it.
-    std::string environment() const { return "DISPLAY=" + name; }
+    // "DISPLAY=..." for the environment of programs that run on it.
+    std::string environment() const { return "DISPLAY=" + name_; }
 
-    // Keys by their X names: "Down", "Escape", "1", "z", "Alt_L". False for a name that the keyboard lacks.
+    // Keys by their X keysym names: "Down", "Escape", "1", "z", "Alt_L". False for a name that the keyboard
+    // lacks.
     bool press(const char* key);
     bool release(const char* key);
-    // Pressed and up again after that time.
+    // Presses the key and releases it after that time.
     bool tap(const char* key, int heldMilliseconds = 40);
 
     Screenshot capture();
-    Screenshot capture(const PixelArea& area); // which must lie on the screen
+    Screenshot capture(const PixelArea& area); // must be within the screen
 
-    // Looks at the picture again and again until it satisfies the condition; false when the time is over.
+    // Captures the screen repeatedly until the condition holds; false on timeout.
     bool waitFor(const std::function<bool(const Screenshot&)>& condition, int limitMilliseconds);
-    // Until two pictures that far apart are the same; gives the last one.
+    // Waits until two captures with `stillMilliseconds` between them are equal, or for the timeout; returns
+    // the last one.
     Screenshot settled(int stillMilliseconds = 250, int limitMilliseconds = 3000);
 
-    // Title and process of the window with the keyboard focus; empty and 0 for none.
+    // Title and process id of the window with the keyboard focus; empty and 0 for none.
     std::string focusedTitle();
     pid_t focusedProcess();
     bool waitForFocus(const std::string& title, int limitMilliseconds);
@@ -43,7 +45,7 @@ private:
     bool sendKey(const char* key, bool down);
     unsigned long focusedWindow();
 
-    std::unique_ptr<ChildProgram> server;
-    std::string name;
-    void* connection = nullptr; // an X Display
+    std::unique_ptr<ChildProgram> server_;
+    std::string name_;
+    void* connection_ = nullptr; // an X Display
 };

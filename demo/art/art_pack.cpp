@@ -23,43 +23,48 @@ struct Size {
     int height;
 };
 
-constexpr Size MarqueeSize{800, 240};
-constexpr Size CabinetSize{440, 660};
-constexpr Size FlyerSize{600, 800};
-constexpr Size LargeFlyerSize{1200, 1600};
-constexpr unsigned MostThreads = 4;
+constexpr Size marqueeSize{800, 240};
+constexpr Size cabinetSize{440, 660};
+constexpr Size flyerSize{600, 800};
+constexpr Size largeFlyerSize{1200, 1600};
+constexpr unsigned mostThreads = 4;
 
-// The games of the tour have everything; a sheet as large as a scanner gives it is among them.
-constexpr std::string_view Complete[] = {"barnacle", "ueberkff", "cometwsh", "neonnood", "skypicnc"};
-constexpr std::string_view LargeFlyer = "barnacle";
-// Its picture files were cut off when the disk was full.
-constexpr std::string_view Damaged = "outorder";
+// The games of the tour have all pictures. One flyer has the size of a scan.
+constexpr std::string_view completeGames[] = {"barnacle", "ueberkff", "cometwsh", "neonnood", "skypicnc"};
+constexpr std::string_view largeFlyerGame = "barnacle";
+// The picture files of this game are truncated.
+constexpr std::string_view damagedGame = "outorder";
 
-enum class ArtKind : std::uint32_t { Marquee, Cabinet, Snapshot, Title, Flyer };
+enum class ArtKind : std::uint32_t { marquee, cabinet, snapshot, title, flyer };
 
-// Every how many games a kind is missing.
-constexpr std::uint32_t GapEvery[] = {17, 4, 13, 7, 2};
+// By kind: one game in so many lacks it.
+constexpr std::uint32_t gapEvery[] = {17, 4, 13, 7, 2};
 
 bool hasArt(const DemoGame& game, const GameLook& look, ArtKind kind) {
-    if (game.kind != DemoKind::Game && game.kind != DemoKind::Mechanical)
+    if (game.kind != DemoKind::game && game.kind != DemoKind::mechanical) {
         return false;
-    if (std::ranges::find(Complete, game.name) != std::end(Complete))
+    }
+    if (std::ranges::find(completeGames, game.name) != std::end(completeGames)) {
         return true;
-    // Packs hold one picture for a family, a few clones apart.
-    if (!game.cloneOf.empty())
-        return kind == ArtKind::Snapshot && game.year.size() == 4 && game.year > "1988";
-    if (game.display.type.empty() && (kind == ArtKind::Snapshot || kind == ArtKind::Title))
+    }
+    // Most packs have art for originals only, and snapshots of a few clones.
+    if (!game.cloneOf.empty()) {
+        return kind == ArtKind::snapshot && game.year.size() == 4 && game.year > "1988";
+    }
+    if (game.display.type.empty() && (kind == ArtKind::snapshot || kind == ArtKind::title)) {
         return false;
+    }
     auto which = static_cast<std::uint32_t>(kind);
-    return (look.seed >> (3 * which)) % GapEvery[which] != 0;
+    return (look.seed >> (3 * which)) % gapEvery[which] != 0;
 }
 
-// A picture appears under its name only when it is whole, so that a run that is cut short leaves no halves.
+// Writes under a temporary name first, so that an interrupted run leaves no partial picture.
 bool keepPicture(const Picture& picture, const fs::path& path) {
     fs::path unfinished = path.string() + ".part";
     std::error_code error;
-    if (!picture.writePng(unfinished.string()))
+    if (!picture.writePng(unfinished.string())) {
         return false;
+    }
     fs::rename(unfinished, path, error);
     return !error;
 }
@@ -67,85 +72,88 @@ bool keepPicture(const Picture& picture, const fs::path& path) {
 bool cutInHalf(const fs::path& path) {
     std::error_code error;
     std::uintmax_t size = fs::file_size(path, error);
-    if (!error)
+    if (!error) {
         fs::resize_file(path, size / 2, error);
+    }
     return !error;
 }
 
-// The pictures of one game. The photographs of the tube and the cabinet are made when the first asks for
-// them.
+// The pictures of one game.
 class GameArt {
 public:
     GameArt(const fs::path& artFolder, const DemoGame& shownGame)
-        : folder(artFolder), game(shownGame), look(lookOf(shownGame)) {}
+        : folder_(artFolder), game_(shownGame), look_(lookOf(shownGame)) {}
 
     bool write() {
-        return keep(ArtKind::Marquee, "marquees", [&] { return marquee(); }) &&
-               keep(ArtKind::Snapshot, "snap", [&] { return snapshotOf(game, 12); }) &&
-               keep(ArtKind::Title, "titles", [&] { return titleScreenOf(game, look); }) &&
-               keep(ArtKind::Cabinet, "cabinets", [&] { return cabinet(); }) &&
-               keep(ArtKind::Flyer, "flyers", [&] { return flyer(); });
+        return keep(ArtKind::marquee, "marquees", [&] { return marquee(); }) &&
+               keep(ArtKind::snapshot, "snap", [&] { return snapshotOf(game_, 12); }) &&
+               keep(ArtKind::title, "titles", [&] { return titleScreenOf(game_, look_); }) &&
+               keep(ArtKind::cabinet, "cabinets", [&] { return cabinet(); }) &&
+               keep(ArtKind::flyer, "flyers", [&] { return flyer(); });
     }
 
 private:
     bool keep(ArtKind kind, const char* directory, const std::function<Picture()>& paint) {
-        fs::path path = folder / directory / (std::string(game.name) + ".png");
+        fs::path path = folder_ / directory / (std::string(game_.name) + ".png");
         std::error_code error;
-        if (!hasArt(game, look, kind) || fs::exists(path, error))
+        if (!hasArt(game_, look_, kind) || fs::exists(path, error)) {
             return true;
-        if (!keepPicture(paint(), path))
+        }
+        if (!keepPicture(paint(), path)) {
             return false;
-        return game.name != Damaged || kind == ArtKind::Snapshot || cutInHalf(path);
+        }
+        return game_.name != damagedGame || kind == ArtKind::snapshot || cutInHalf(path);
     }
 
     Picture marquee() const {
-        Picture picture(MarqueeSize.width, MarqueeSize.height);
-        paintMarquee(picture.context(), look, MarqueeSize.width, MarqueeSize.height);
+        Picture picture(marqueeSize.width, marqueeSize.height);
+        paintMarquee(picture.context(), look_, marqueeSize.width, marqueeSize.height);
         return picture;
     }
 
     Picture cabinet() const {
-        Picture picture(CabinetSize.width, CabinetSize.height);
-        paintCabinet(picture.context(), game, look, snapshotOf(game, 12), CabinetSize.width,
-                     CabinetSize.height);
+        Picture picture(cabinetSize.width, cabinetSize.height);
+        paintCabinet(picture.context(), game_, look_, snapshotOf(game_, 12), cabinetSize.width,
+                     cabinetSize.height);
         return picture;
     }
 
     Picture flyer() const {
-        Size size = game.name == LargeFlyer ? LargeFlyerSize : FlyerSize;
-        Picture play = snapshotOf(game, 12);
-        Picture later = snapshotOf(game, 47);
-        Picture photo(CabinetSize.width / 2, CabinetSize.height / 2);
-        paintCabinet(photo.context(), game, look, play, photo.width(), photo.height());
+        Size size = game_.name == largeFlyerGame ? largeFlyerSize : flyerSize;
+        Picture play = snapshotOf(game_, 12);
+        Picture later = snapshotOf(game_, 47);
+        Picture photo(cabinetSize.width / 2, cabinetSize.height / 2);
+        paintCabinet(photo.context(), game_, look_, play, photo.width(), photo.height());
         Picture picture(size.width, size.height);
-        paintFlyer(picture.context(), look, {play, later, photo}, size.width, size.height);
+        paintFlyer(picture.context(), look_, {play, later, photo}, size.width, size.height);
         return picture;
     }
 
-    const fs::path& folder;
-    const DemoGame& game;
-    GameLook look;
+    const fs::path& folder_;
+    const DemoGame& game_;
+    GameLook look_;
 };
 
-// The sign of every game that has none of its own.
+// The marquee that stands in for a missing one.
 bool writeGenericMarquee(const fs::path& folder) {
-    constexpr DemoGame Any{"arcade",
+    constexpr DemoGame any{"arcade",
                            "Insert Coin",
                            "1980",
                            "",
                            "",
                            "",
-                           DemoKind::Game,
+                           DemoKind::game,
                            {"raster", 0, 256, 224},
                            {1, 1, "joy", "8", 1},
                            true,
                            ""};
     fs::path path = folder / "marquees" / "generic.png";
     std::error_code error;
-    if (fs::exists(path, error))
+    if (fs::exists(path, error)) {
         return true;
-    Picture picture(MarqueeSize.width, MarqueeSize.height);
-    paintMarquee(picture.context(), lookOf(Any), MarqueeSize.width, MarqueeSize.height);
+    }
+    Picture picture(marqueeSize.width, marqueeSize.height);
+    paintMarquee(picture.context(), lookOf(any), marqueeSize.width, marqueeSize.height);
     return keepPicture(picture, path);
 }
 
@@ -165,18 +173,21 @@ bool writeArtPack(const std::string& folder, std::string& problem) {
     std::atomic<bool> whole = writeGenericMarquee(path);
     auto work = [&] {
         for (std::size_t i = next++; i < demoGames().size() && whole; i = next++) {
-            if (!GameArt(path, demoGames()[i]).write())
+            if (!GameArt(path, demoGames()[i]).write()) {
                 whole = false;
+            }
         }
     };
     std::vector<std::jthread> workers;
-    for (unsigned i = 0; i < std::clamp(std::thread::hardware_concurrency(), 1u, MostThreads); ++i)
+    for (unsigned i = 0; i < std::clamp(std::thread::hardware_concurrency(), 1u, mostThreads); ++i) {
         workers.emplace_back(work);
+    }
     workers.clear();
-    // The stores of letters would count as lost memory at the end of the program.
+    // Otherwise the caches of fontconfig and cairo count as leaks at the end of the program.
     cairo_debug_reset_static_data();
     FcFini();
-    if (!whole)
+    if (!whole) {
         problem = "cannot write the pictures in " + folder;
+    }
     return whole;
 }

@@ -1,10 +1,9 @@
-// Writes the art folders of the demonstration
-// cabinet. Called once by demo-cabinet. Like any real
-// pack it has gaps, and one file in it is damaged.
+// Writes the art folders of the demonstration cabinet. Called once by demo-cabinet. As in real art packs,
+// pictures are missing for some games, and those of one game are damaged.
 #pragma once
 
 #include <string>
 
-// Makes the folders marquees, cabinets, snap, titles and flyers in `folder`, and every picture that is not
-// there yet. False, with a line in `problem`, when something cannot be written.
+// Creates the folders marquees, cabinets, snap, titles and flyers in `folder`, and the missing pictures. On a
+// write error returns false with a message in `problem`.
 bool writeArtPack(const std::string& folder, std::string& problem);

@@ -1,10 +1,9 @@
-// A game's cabinet in an arcade at night: its marquee,
-// its tube, its controls and the painting on its side.
-// Called for the cabinet folder and for the flyers.
+// Paints the cabinet of a game in a dark arcade: marquee, screen, controls and side art. Called for the
+// cabinet folder and for the flyers.
 #pragma once
 
 #include "art/game_look.h"
 
-// Covers the area from (0, 0), two wide and three high. `tube` is what the screen shows.
+// Covers the area from (0, 0), whose shape should be 2:3. `tube` is the picture on the cabinet's screen.
 void paintCabinet(cairo_t* context, const DemoGame& game, const GameLook& look, const Picture& tube,
                   double width, double height);

@@ -10,22 +10,22 @@
 
 namespace {
 
-constexpr Tint Paper{0.97, 0.94, 0.87};
+constexpr Tint paper{0.97, 0.94, 0.87};
 
-constexpr std::array Promises = {
+constexpr std::array promises = {
     "THE ONE THEY WILL QUEUE FOR!", "MORE COINS. FEWER EXCUSES.", "SO EASY. SO HARD. SO GOOD.",
     "AS SEEN THROUGH EVERY WINDOW", "IT EARNS WHILE YOU SWEEP",   "NOBODY PLAYS IT ONLY ONCE",
     "ONE MORE GAME, THEY ALL SAY",  "BIG FUN IN A SMALL SPACE",   "YOUR FLOOR NEEDS THIS ONE",
 };
 
-constexpr std::array SmallPrint = {
+constexpr std::array smallPrint = {
     "Real wood, real buttons, real noise.",
     "Colour monitor, bright even at noon.",
     "Coin door opens to your key only.",
     "Plays for days. Pays for years.",
 };
 
-// Ink dots over an area, the way cheap paper shows them.
+// Halftone dots over an area.
 void paintInkDots(cairo_t* context, const Box& box, double pitch, Tint ink) {
     cairo_save(context);
     cairo_rectangle(context, box.x, box.y, box.width, box.height);
@@ -33,15 +33,16 @@ void paintInkDots(cairo_t* context, const Box& box, double pitch, Tint ink) {
     for (int row = 0; row * pitch * 0.87 < box.height + pitch; ++row) {
         double share = row * pitch * 0.87 / box.height;
         double radius = pitch * 0.5 * std::max(share - 0.35, 0.0);
-        for (double x = row % 2 * pitch / 2; radius > 0.5 && x < box.width + pitch; x += pitch)
+        for (double x = row % 2 * pitch / 2; radius > 0.5 && x < box.width + pitch; x += pitch) {
             addCircle(context, box.x + x, box.y + row * pitch * 0.87, radius);
+        }
     }
     setTint(context, ink, 0.35);
     cairo_fill(context);
     cairo_restore(context);
 }
 
-// A photograph with a white edge and a shadow, a little askew.
+// A slightly rotated photograph with a white edge and a shadow.
 void paintPhoto(cairo_t* context, const Picture& photo, Point centre, double width, double height,
                 double angle) {
     double scale = std::min(width / photo.width(), height / photo.height());
@@ -51,11 +52,11 @@ void paintPhoto(cairo_t* context, const Picture& photo, Point centre, double wid
     cairo_save(context);
     cairo_translate(context, centre.x, centre.y);
     cairo_rotate(context, angle);
-    setTint(context, Black, 0.4);
+    setTint(context, black, 0.4);
     cairo_rectangle(context, -across / 2 - edge + edge * 0.7, -down / 2 - edge + edge * 0.9,
                     across + 2 * edge, down + 2 * edge);
     cairo_fill(context);
-    setTint(context, White);
+    setTint(context, white);
     cairo_rectangle(context, -across / 2 - edge, -down / 2 - edge, across + 2 * edge, down + 2 * edge);
     cairo_fill(context);
     cairo_translate(context, -across / 2, -down / 2);
@@ -75,8 +76,9 @@ void paintPoster(cairo_t* context, const GameLook& look, const Box& poster) {
     paintCreature(context, look, 2, {poster.width * 0.84, poster.height * 0.84}, poster.height * 0.24, -1);
     paintCreature(context, look, 0, {poster.width * 0.52, poster.height * 0.95}, poster.height * 0.54, 1);
     shadeCorners(context, poster.width, poster.height, 0.45);
-    if (look.era != Era::Modern)
+    if (look.era != Era::modern) {
         paintInkDots(context, {0, 0, poster.width, poster.height}, poster.width * 0.012, look.deep);
+    }
     cairo_restore(context);
     paintLogo(context, look, {poster.x, poster.y + poster.height * 0.03, poster.width, poster.height * 0.37});
 }
@@ -87,7 +89,7 @@ void paintBanner(cairo_t* context, const GameLook& look, double y, double width,
     cairo_line_to(context, width, y + height * 0.65);
     cairo_line_to(context, 0, y + height * 1.35);
     cairo_close_path(context);
-    setTint(context, blended(look.deep, Black, 0.4));
+    setTint(context, blended(look.deep, black, 0.4));
     cairo_fill_preserve(context);
     cairo_set_line_width(context, height * 0.12);
     setTint(context, look.warm);
@@ -96,7 +98,7 @@ void paintBanner(cairo_t* context, const GameLook& look, double y, double width,
     cairo_translate(context, width / 2, y + height * 0.5);
     cairo_rotate(context, -std::atan2(height * 0.7, width));
     cairo_select_font_face(context, "Liberation Sans", CAIRO_FONT_SLANT_ITALIC, CAIRO_FONT_WEIGHT_BOLD);
-    paintLine(context, Promises[look.seed % Promises.size()], {0, height * 0.22}, 0.5, height * 0.6,
+    paintLine(context, promises[look.seed % promises.size()], {0, height * 0.22}, 0.5, height * 0.6,
               width * 0.92, {1, 0.95, 0.6});
     cairo_restore(context);
 }
@@ -109,29 +111,30 @@ void paintFoot(cairo_t* context, const GameLook& look, const FlyerPhotos& photos
                column * 0.66, foot.height * 0.56, 0.06);
     paintPhoto(context, photos.cabinet, {foot.x + foot.width * 0.855, foot.y + foot.height * 0.34},
                column * 0.7, foot.height * 0.78, 0.03);
-    Tint ink = blended(look.deep, Black, 0.5);
+    Tint ink = blended(look.deep, black, 0.5);
     cairo_select_font_face(context, "Liberation Sans", CAIRO_FONT_SLANT_NORMAL, CAIRO_FONT_WEIGHT_NORMAL);
     double line = foot.height * 0.052;
-    for (std::size_t i = 0; i < SmallPrint.size(); ++i)
+    for (std::size_t i = 0; i < smallPrint.size(); ++i) {
         paintLine(
-            context, SmallPrint[(i + look.seed) % SmallPrint.size()],
+            context, smallPrint[(i + look.seed) % smallPrint.size()],
             {foot.x + foot.width * 0.02, foot.y + foot.height * 0.8 + static_cast<double>(i) * line * 1.15},
             0, line * 0.85, foot.width * 0.45, ink);
+    }
     cairo_select_font_face(context, "Liberation Serif", CAIRO_FONT_SLANT_ITALIC, CAIRO_FONT_WEIGHT_BOLD);
     paintLine(context, look.maker, {foot.x + foot.width * 0.98, foot.y + foot.height * 0.93}, 1,
               foot.height * 0.12, foot.width * 0.48,
-              look.era == Era::Seventies ? Tint{0.8, 0.2, 0.1} : blended(look.main, ink, 0.4));
+              look.era == Era::seventies ? Tint{0.8, 0.2, 0.1} : blended(look.main, ink, 0.4));
 }
 
 } // namespace
 
 void paintFlyer(cairo_t* context, const GameLook& look, const FlyerPhotos& photos, double width,
                 double height) {
-    setLinear(context, {0, 0}, {width, height}, {{0, Paper}, {1, blended(Paper, {0.8, 0.7, 0.5}, 0.3)}});
+    setLinear(context, {0, 0}, {width, height}, {{0, paper}, {1, blended(paper, {0.8, 0.7, 0.5}, 0.3)}});
     cairo_rectangle(context, 0, 0, width, height);
     cairo_fill(context);
-    // The early sheets have a white edge, the later ones are printed to the rim.
-    bool edged = look.era == Era::Seventies || look.era == Era::Golden;
+    // Early flyers have a white margin, later ones are printed to the edge.
+    bool edged = look.era == Era::seventies || look.era == Era::golden;
     double margin = edged ? width * 0.04 : 0;
     Box poster{margin, margin, width - 2 * margin, height * 0.64 - margin};
     paintPoster(context, look, poster);

@@ -1,6 +1,5 @@
-// The printed sheet with which a maker offered a game to the
-// arcades: lettering, hero, small pictures and promises on
-// paper. Called for the flyer folder. It knows nothing of files.
+// Paints the advertising flyer of a game: logo, hero, photographs and slogans on paper. Called for the flyer
+// folder. Writes no files.
 #pragma once
 
 #include "art/game_look.h"
@@ -11,6 +10,6 @@ struct FlyerPhotos {
     const Picture& cabinet;
 };
 
-// Covers the area from (0, 0), three wide and four high.
+// Covers the area from (0, 0), whose shape should be 3:4.
 void paintFlyer(cairo_t* context, const GameLook& look, const FlyerPhotos& photos, double width,
                 double height);

@@ -12,26 +12,26 @@ struct SceneryWord {
     Scenery scenery;
 };
 
-constexpr SceneryWord SceneryWords[] = {
-    {"Moon", Scenery::Space},         {"Comet", Scenery::Space},      {"Gravity", Scenery::Space},
-    {"Astro", Scenery::Space},        {"Quantum", Scenery::Space},    {"Robot", Scenery::Space},
-    {"Ferry", Scenery::Sea},          {"Barnacle", Scenery::Sea},     {"Fujitsubo", Scenery::Sea},
-    {"Lighthouse", Scenery::Sea},     {"Submarine", Scenery::Sea},    {"Aquarium", Scenery::Sea},
-    {"Harbour", Scenery::Sea},        {"Swamp", Scenery::Sea},        {"Goldfish", Scenery::Sea},
-    {"Elevator", Scenery::City},      {"Noodle", Scenery::City},      {"Night Bus", Scenery::City},
-    {"Mecha", Scenery::City},         {"Kikai", Scenery::City},       {"Hotel", Scenery::City},
-    {"Iron", Scenery::City},          {"Kitchen", Scenery::City},     {"Fists", Scenery::City},
-    {"Rally", Scenery::Road},         {"Lane", Scenery::Road},        {"Kart", Scenery::Road},
-    {"Turbo", Scenery::Road},         {"Express", Scenery::Road},     {"Senbei", Scenery::Road},
-    {"Mower", Scenery::Hills},        {"Sky Picnic", Scenery::Hills}, {"Goose", Scenery::Hills},
-    {"Rhinos", Scenery::Desert},      {"Sombrero", Scenery::Desert},  {"Gato", Scenery::Desert},
-    {"Rodeo", Scenery::Desert},       {"Stampede", Scenery::Desert},  {"Samurai", Scenery::Hills},
-    {"Tortoise", Scenery::Hills},     {"Shepherd", Scenery::Hills},   {"Oslo", Scenery::Snow},
-    {"Penguin", Scenery::Snow},       {"Snowdrift", Scenery::Snow},   {"Curling", Scenery::Snow},
-    {"Opera", Scenery::Stage},        {"Trombone", Scenery::Stage},   {"Bassoon", Scenery::Stage},
-    {"Librarian", Scenery::Stage},    {"Thumb", Scenery::Stage},      {"Fencing", Scenery::Stage},
-    {"Diplomacy", Scenery::Stage},    {"Auction", Scenery::Stage},    {"Adventures", Scenery::Hills},
-    {"Stenographer", Scenery::Stage},
+constexpr SceneryWord sceneryWords[] = {
+    {"Moon", Scenery::space},         {"Comet", Scenery::space},      {"Gravity", Scenery::space},
+    {"Astro", Scenery::space},        {"Quantum", Scenery::space},    {"Robot", Scenery::space},
+    {"Ferry", Scenery::sea},          {"Barnacle", Scenery::sea},     {"Fujitsubo", Scenery::sea},
+    {"Lighthouse", Scenery::sea},     {"Submarine", Scenery::sea},    {"Aquarium", Scenery::sea},
+    {"Harbour", Scenery::sea},        {"Swamp", Scenery::sea},        {"Goldfish", Scenery::sea},
+    {"Elevator", Scenery::city},      {"Noodle", Scenery::city},      {"Night Bus", Scenery::city},
+    {"Mecha", Scenery::city},         {"Kikai", Scenery::city},       {"Hotel", Scenery::city},
+    {"Iron", Scenery::city},          {"Kitchen", Scenery::city},     {"Fists", Scenery::city},
+    {"Rally", Scenery::road},         {"Lane", Scenery::road},        {"Kart", Scenery::road},
+    {"Turbo", Scenery::road},         {"Express", Scenery::road},     {"Senbei", Scenery::road},
+    {"Mower", Scenery::hills},        {"Sky Picnic", Scenery::hills}, {"Goose", Scenery::hills},
+    {"Rhinos", Scenery::desert},      {"Sombrero", Scenery::desert},  {"Gato", Scenery::desert},
+    {"Rodeo", Scenery::desert},       {"Stampede", Scenery::desert},  {"Samurai", Scenery::hills},
+    {"Tortoise", Scenery::hills},     {"Shepherd", Scenery::hills},   {"Oslo", Scenery::snow},
+    {"Penguin", Scenery::snow},       {"Snowdrift", Scenery::snow},   {"Curling", Scenery::snow},
+    {"Opera", Scenery::stage},        {"Trombone", Scenery::stage},   {"Bassoon", Scenery::stage},
+    {"Librarian", Scenery::stage},    {"Thumb", Scenery::stage},      {"Fencing", Scenery::stage},
+    {"Diplomacy", Scenery::stage},    {"Auction", Scenery::stage},    {"Adventures", Scenery::hills},
+    {"Stenographer", Scenery::stage},
 };
 
 struct MakerLettering {
@@ -39,75 +39,83 @@ struct MakerLettering {
     Lettering lettering;
 };
 
-constexpr MakerLettering MakerLetterings[] = {
-    {"Tidewater", Lettering::Gold},    {"Moko", Lettering::Fire},       {"Cosmo", Lettering::Neon},
-    {"Lantern", Lettering::Storybook}, {"Borealis", Lettering::Chrome}, {"Gr", Lettering::Storybook},
-    {"Pneumatic", Lettering::Gold},    {"Halfpenny", Lettering::Comic}, {"Ostrich", Lettering::Comic},
-    {"Kiwi", Lettering::Comic},        {"Pi", Lettering::Fire},         {"Vantage", Lettering::Chrome},
-    {"Hexagon", Lettering::Neon},      {"Zembo", Lettering::Fire},      {"Nocturne", Lettering::Chrome},
+constexpr MakerLettering makerLetterings[] = {
+    {"Tidewater", Lettering::gold},    {"Moko", Lettering::fire},       {"Cosmo", Lettering::neon},
+    {"Lantern", Lettering::storybook}, {"Borealis", Lettering::chrome}, {"Gr", Lettering::storybook},
+    {"Pneumatic", Lettering::gold},    {"Halfpenny", Lettering::comic}, {"Ostrich", Lettering::comic},
+    {"Kiwi", Lettering::comic},        {"Pi", Lettering::fire},         {"Vantage", Lettering::chrome},
+    {"Hexagon", Lettering::neon},      {"Zembo", Lettering::fire},      {"Nocturne", Lettering::chrome},
 };
 
 Era eraOf(std::string_view year, std::uint32_t seed) {
     int number = std::atoi(std::string(year).c_str());
-    if (number == 0)
+    if (number == 0) {
         return static_cast<Era>(seed % 5);
-    if (number < 1981)
-        return number < 1000 ? Era::Golden : Era::Seventies;
-    if (number < 1986)
-        return Era::Golden;
-    if (number < 1991)
-        return Era::SixteenBit;
-    return number < 1997 ? Era::Nineties : Era::Modern;
+    }
+    if (number < 1981) {
+        return number < 1000 ? Era::golden : Era::seventies;
+    }
+    if (number < 1986) {
+        return Era::golden;
+    }
+    if (number < 1991) {
+        return Era::sixteenBit;
+    }
+    return number < 1997 ? Era::nineties : Era::modern;
 }
 
 Scenery sceneryOf(const DemoGame& game, std::uint32_t seed) {
-    if (game.display.type == "vector")
-        return Scenery::Wire;
-    for (const SceneryWord& row : SceneryWords) {
-        if (game.description.find(row.word) != std::string_view::npos)
-            return row.scenery;
+    if (game.display.type == "vector") {
+        return Scenery::wire;
     }
-    constexpr std::array Others = {Scenery::Sunburst, Scenery::Sunburst, Scenery::Hills, Scenery::Stage};
-    return Others[seed % Others.size()];
+    for (const SceneryWord& row : sceneryWords) {
+        if (game.description.find(row.word) != std::string_view::npos) {
+            return row.scenery;
+        }
+    }
+    constexpr std::array others = {Scenery::sunburst, Scenery::sunburst, Scenery::hills, Scenery::stage};
+    return others[seed % others.size()];
 }
 
 Lettering letteringOf(const DemoGame& game, Era era, std::uint32_t seed) {
-    if (era == Era::Seventies && game.display.type != "vector")
-        return Lettering::Rainbow;
-    for (const MakerLettering& row : MakerLetterings) {
-        if (game.manufacturer.starts_with(row.maker))
-            return row.lettering;
+    if (era == Era::seventies && game.display.type != "vector") {
+        return Lettering::rainbow;
     }
-    return seed % 2 == 0 ? Lettering::Gold : Lettering::Comic;
+    for (const MakerLettering& row : makerLetterings) {
+        if (game.manufacturer.starts_with(row.maker)) {
+            return row.lettering;
+        }
+    }
+    return seed % 2 == 0 ? Lettering::gold : Lettering::comic;
 }
 
-// Where a scene has a colour of its own, the game's hue only shades it.
+// A scenery with a typical colour is only tinted by the game's hue.
 void mixColours(GameLook& look) {
     double night = look.hue;
     switch (look.scenery) {
-    case Scenery::Sea:
+    case Scenery::sea:
         night = 0.55 + (look.hue - 0.5) * 0.12;
         break;
-    case Scenery::Snow:
+    case Scenery::snow:
         night = 0.60 + (look.hue - 0.5) * 0.14;
         break;
-    case Scenery::Desert:
+    case Scenery::desert:
         night = 0.95 + (look.hue - 0.5) * 0.16;
         break;
-    case Scenery::Space:
+    case Scenery::space:
         night = 0.72 + (look.hue - 0.5) * 0.3;
         break;
-    case Scenery::Stage:
+    case Scenery::stage:
         night = 0.97 + (look.hue - 0.5) * 0.3;
         break;
-    case Scenery::Sunburst:
-    case Scenery::Wire:
+    case Scenery::sunburst:
+    case Scenery::wire:
         break;
-    default: // a dusk of any colour from green-blue to red; the yellows look muddy in the dark
+    default: // any hue from green-blue to red; yellows look muddy when dark
         night = 0.48 + look.hue * 0.5;
         break;
     }
-    double strength = look.era == Era::Seventies ? 0.75 : 0.9;
+    double strength = look.era == Era::seventies ? 0.75 : 0.9;
     look.deep = tintOf(night, strength, 0.2);
     look.main = tintOf(night + 0.05, strength * 0.9, 0.62);
     look.warm = tintOf(night + (look.seed % 2 == 0 ? 0.38 : -0.36), 0.62, 1.0);
@@ -122,9 +130,9 @@ std::string withoutBrackets(std::string_view description) {
 } // namespace
 
 GameLook lookOf(const DemoGame& game) {
-    // A clone looks like the game that it is a version of.
+    // A clone looks like its original.
     const DemoGame* original = findDemoGame(game.cloneOf);
-    const DemoGame& source = original != nullptr ? *original : game;
+    const DemoGame& source = original ? *original : game;
     GameLook look{};
     look.seed = seedOfName(source.name);
     look.hue = look.seed % 360 / 360.0;

@@ -1,26 +1,26 @@
-// How a game looks on everything that is painted of it, so that marquee, flyer and cabinet belong together:
-// its colours, its scenery, its lettering, its hero. Follows from the game's name, year and maker; a few
-// words in the title name the scenery.
+// The visual style of a game, shared by its marquee, flyer, cabinet and title screen: colours, scenery,
+// lettering and the seed of its hero. Derived from the game's name, year and maker; some words in the title
+// determine the scenery.
 #pragma once
 
 #include "art/picture.h"
 #include "games.h"
 
-enum class Era { Seventies, Golden, SixteenBit, Nineties, Modern };
-enum class Scenery { Sunburst, Space, Sea, City, Hills, Road, Stage, Desert, Snow, Wire };
-enum class Lettering { Rainbow, Gold, Chrome, Fire, Neon, Storybook, Comic };
+enum class Era { seventies, golden, sixteenBit, nineties, modern };
+enum class Scenery { sunburst, space, sea, city, hills, road, stage, desert, snow, wire };
+enum class Lettering { rainbow, gold, chrome, fire, neon, storybook, comic };
 
 struct GameLook {
     std::uint32_t seed;
-    double hue; // that of the running game's scene
+    double hue; // of the running game's scene, 0 to 1
     Era era;
     Scenery scenery;
     Lettering lettering;
-    Tint deep;             // night side of the scene
-    Tint main;             // its middle
-    Tint warm;             // its light
-    Tint accent;           // what stands out from all of these
-    std::string title;     // without the remark in brackets
+    Tint deep;             // dark areas
+    Tint main;             // middle tones
+    Tint warm;             // light
+    Tint accent;           // contrasts with all of these
+    std::string title;     // without a remark in brackets
     std::string maker;     // empty when unknown
     std::string makerYear; // "1981 MAKER"
 };

@@ -6,16 +6,17 @@
 
 namespace {
 
-constexpr double FullTurn = 2 * std::numbers::pi;
-constexpr int Columns = 9;
-constexpr int Rows = 8;
+constexpr double fullTurn = 2 * std::numbers::pi;
+constexpr int columns = 9;
+constexpr int rows = 8;
 
-// One circle for each cell that the creature has, grown so that neighbours flow together.
+// One circle for each cell of the creature, large enough to merge with its neighbours.
 void addBody(cairo_t* context, const PixelCanvas& cells, double radius) {
-    for (int row = 0; row < Rows; ++row) {
-        for (int column = 0; column < Columns; ++column) {
-            if (cells.pixels[static_cast<std::size_t>(row * Columns + column)] != 0)
+    for (int row = 0; row < rows; ++row) {
+        for (int column = 0; column < columns; ++column) {
+            if (cells.pixels[static_cast<std::size_t>(row * columns + column)] != 0) {
                 addCircle(context, column + 0.5, row + 0.5, radius);
+            }
         }
     }
 }
@@ -25,13 +26,13 @@ void paintFace(cairo_t* context, std::uint32_t seed, int facing, Tint ink) {
         setTint(context, ink);
         addCircle(context, x, 2.5, 1.12);
         cairo_fill(context);
-        setTint(context, White);
+        setTint(context, white);
         addCircle(context, x, 2.5, 0.92);
         cairo_fill(context);
-        setTint(context, Black);
+        setTint(context, black);
         addCircle(context, x + facing * 0.3, 2.6, 0.46);
         cairo_fill(context);
-        setTint(context, White);
+        setTint(context, white);
         addCircle(context, x + facing * 0.3 - 0.17, 2.42, 0.15);
         cairo_fill(context);
     }
@@ -45,9 +46,9 @@ void paintFace(cairo_t* context, std::uint32_t seed, int facing, Tint ink) {
     cairo_line_to(context, 4.9, 1.35 + frown);
     cairo_stroke(context);
     // A grin with teeth, or an open mouth.
-    cairo_arc(context, 4.5, 4.2, 1.25, 0, FullTurn / 2);
+    cairo_arc(context, 4.5, 4.2, 1.25, 0, fullTurn / 2);
     cairo_close_path(context);
-    setTint(context, seed % 2 == 0 ? White : Tint{0.45, 0.05, 0.1});
+    setTint(context, seed % 2 == 0 ? white : Tint{0.45, 0.05, 0.1});
     cairo_fill_preserve(context);
     cairo_set_line_width(context, 0.26);
     setTint(context, ink);
@@ -66,17 +67,17 @@ void paintFace(cairo_t* context, std::uint32_t seed, int facing, Tint ink) {
 
 void paintCreature(cairo_t* context, const GameLook& look, int number, Point feet, double size, int facing) {
     std::uint32_t seed = number == 0 ? look.seed : mixed(look.seed, static_cast<std::uint32_t>(number));
-    PixelCanvas cells(Columns, Rows);
+    PixelCanvas cells(columns, rows);
     drawCreature(cells, 0, 0, 1, seed, 0, 1, 1);
-    Tint ink = blended(look.deep, Black, 0.75);
+    Tint ink = blended(look.deep, black, 0.75);
     Tint body = number == 0 ? look.accent : tintOf(look.hue + 0.5 + 0.17 * number, 0.75, 0.98);
-    double unit = size / (Rows + 1.2);
+    double unit = size / (rows + 1.2);
     cairo_save(context);
-    cairo_translate(context, feet.x - unit * Columns / 2, feet.y - unit * (Rows + 0.6));
+    cairo_translate(context, feet.x - unit * columns / 2, feet.y - unit * (rows + 0.6));
     cairo_scale(context, unit, unit);
-    setTint(context, Black, 0.35);
+    setTint(context, black, 0.35);
     cairo_save(context);
-    cairo_translate(context, Columns / 2.0, Rows + 0.35);
+    cairo_translate(context, columns / 2.0, rows + 0.35);
     cairo_scale(context, 1, 0.16);
     addCircle(context, 0, 0, 4.2);
     cairo_restore(context);
@@ -85,12 +86,12 @@ void paintCreature(cairo_t* context, const GameLook& look, int number, Point fee
     addBody(context, cells, 1.02);
     cairo_fill(context);
     addBody(context, cells, 0.76);
-    setLinear(context, {0, 0}, {0, Rows},
-              {{0, blended(body, White, 0.35)}, {0.5, body}, {1, blended(body, ink, 0.55)}});
+    setLinear(context, {0, 0}, {0, rows},
+              {{0, blended(body, white, 0.35)}, {0.5, body}, {1, blended(body, ink, 0.55)}});
     cairo_fill_preserve(context);
     cairo_save(context);
     cairo_clip(context);
-    setRadial(context, {2.6, 1.2}, 4.2, {{0, White, 0.65}, {1, White, 0}});
+    setRadial(context, {2.6, 1.2}, 4.2, {{0, white, 0.65}, {1, white, 0}});
     cairo_paint(context);
     cairo_restore(context);
     paintFace(context, seed, facing, ink);

@@ -1,10 +1,9 @@
-// The creature of a game, as the pixels of the running game
-// have it, painted as an illustrator would: round, inked,
-// with a face. Called for marquees, flyers and cabinets.
+// Paints a creature of a game in the style of an illustration, with the shape that the running game draws in
+// pixels. Called for marquees, flyers and cabinets.
 #pragma once
 
 #include "art/game_look.h"
 
-// Stands with its feet on the point. `size` is its height; `facing` -1 looks left, 1 right. Different numbers
-// give different creatures of the same game; 0 is the hero.
+// `feet` is the point between its feet, `size` its height; `facing` is -1 for left, 1 for right. `number`
+// selects one of the game's creatures; 0 is the hero.
 void paintCreature(cairo_t* context, const GameLook& look, int number, Point feet, double size, int facing);

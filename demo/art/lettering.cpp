@@ -8,7 +8,7 @@
 
 namespace {
 
-enum class Bend { Arch, Rise, Bulge, Wave };
+enum class Bend { arch, rise, bulge, wave };
 
 struct Ring {
     double width; // of the stroke, in heights of the letters
@@ -21,7 +21,7 @@ struct Style {
     bool capitals;
     Bend bend;
     bool glows;
-    double depth; // of the block behind the letters, in heights of the letters
+    double depth; // of the extrusion, in heights of the letters
     Tint depthTint;
     std::vector<Ring> rings;   // from the outside in
     std::array<Tint, 4> bands; // of the letters: top, above the middle, below it, foot
@@ -29,42 +29,42 @@ struct Style {
 
 // clang-format off
 Style styleOf(const GameLook& look) {
-    constexpr auto Upright = CAIRO_FONT_SLANT_NORMAL;
-    constexpr auto Italic = CAIRO_FONT_SLANT_ITALIC;
-    constexpr Tint Fire{0.93, 0.16, 0.1};
-    constexpr Tint Golden{1, 0.76, 0.16};
-    constexpr Tint Cream{1, 0.96, 0.82};
-    const Tint ink = blended(look.deep, Black, 0.6);
+    constexpr auto upright = CAIRO_FONT_SLANT_NORMAL;
+    constexpr auto italic = CAIRO_FONT_SLANT_ITALIC;
+    constexpr Tint fire{0.93, 0.16, 0.1};
+    constexpr Tint golden{1, 0.76, 0.16};
+    constexpr Tint cream{1, 0.96, 0.82};
+    const Tint ink = blended(look.deep, black, 0.6);
     switch (look.lettering) {
-    case Lettering::Rainbow:
-        return {"DejaVu Sans", Upright, true, Bend::Arch, false, 0, ink,
-                {{0.62, ink}, {0.5, {0.85, 0.2, 0.13}}, {0.37, {0.96, 0.53, 0.1}}, {0.24, Golden}, {0.11, ink}},
-                {Cream, Cream, Cream, Cream}};
-    case Lettering::Chrome:
-        return {"Liberation Sans", Italic, true, Bend::Rise, false, 0.1, blended(look.main, ink, 0.6),
+    case Lettering::rainbow:
+        return {"DejaVu Sans", upright, true, Bend::arch, false, 0, ink,
+                {{0.62, ink}, {0.5, {0.85, 0.2, 0.13}}, {0.37, {0.96, 0.53, 0.1}}, {0.24, golden}, {0.11, ink}},
+                {cream, cream, cream, cream}};
+    case Lettering::chrome:
+        return {"Liberation Sans", italic, true, Bend::rise, false, 0.1, blended(look.main, ink, 0.6),
                 {{0.24, ink}, {0.12, look.warm}},
-                {Tint{0.45, 0.72, 1}, White, blended(look.deep, {0.1, 0.1, 0.3}, 0.5), blended(look.warm, White, 0.35)}};
-    case Lettering::Fire:
-        return {"Liberation Sans", Italic, true, Bend::Bulge, false, 0.14, {0.35, 0.02, 0.05},
-                {{0.26, Black}, {0.12, White}},
-                {Tint{1, 0.98, 0.55}, Golden, {1, 0.5, 0.06}, Fire}};
-    case Lettering::Neon:
-        return {"Liberation Sans Narrow", Italic, true, Bend::Wave, true, 0, ink,
+                {Tint{0.45, 0.72, 1}, white, blended(look.deep, {0.1, 0.1, 0.3}, 0.5), blended(look.warm, white, 0.35)}};
+    case Lettering::fire:
+        return {"Liberation Sans", italic, true, Bend::bulge, false, 0.14, {0.35, 0.02, 0.05},
+                {{0.26, black}, {0.12, white}},
+                {Tint{1, 0.98, 0.55}, golden, {1, 0.5, 0.06}, fire}};
+    case Lettering::neon:
+        return {"Liberation Sans Narrow", italic, true, Bend::wave, true, 0, ink,
                 {{0.2, ink}, {0.1, look.accent}},
-                {White, blended(look.warm, White, 0.6), look.warm, blended(look.warm, look.accent, 0.4)}};
-    case Lettering::Storybook:
-        return {"Liberation Serif", Italic, false, Bend::Arch, false, 0.06, {0.28, 0.12, 0.05},
-                {{0.24, ink}, {0.1, Golden}},
-                {Cream, Cream, blended(look.warm, Cream, 0.45), look.warm}};
-    case Lettering::Comic:
-        return {"DejaVu Sans Condensed", Upright, true, Bend::Bulge, false, 0.12, ink,
-                {{0.3, ink}, {0.15, White}},
-                {blended(look.accent, White, 0.5), look.accent, look.accent, blended(look.accent, Fire, 0.4)}};
-    case Lettering::Gold:
+                {white, blended(look.warm, white, 0.6), look.warm, blended(look.warm, look.accent, 0.4)}};
+    case Lettering::storybook:
+        return {"Liberation Serif", italic, false, Bend::arch, false, 0.06, {0.28, 0.12, 0.05},
+                {{0.24, ink}, {0.1, golden}},
+                {cream, cream, blended(look.warm, cream, 0.45), look.warm}};
+    case Lettering::comic:
+        return {"DejaVu Sans Condensed", upright, true, Bend::bulge, false, 0.12, ink,
+                {{0.3, ink}, {0.15, white}},
+                {blended(look.accent, white, 0.5), look.accent, look.accent, blended(look.accent, fire, 0.4)}};
+    case Lettering::gold:
     default:
-        return {"Liberation Sans", Upright, true, Bend::Arch, false, 0.12, {0.4, 0.05, 0.08},
+        return {"Liberation Sans", upright, true, Bend::arch, false, 0.12, {0.4, 0.05, 0.08},
                 {{0.28, ink}, {0.13, {0.75, 0.1, 0.12}}},
-                {Tint{1, 1, 0.86}, {1, 0.87, 0.35}, Golden, {0.9, 0.42, 0.08}}};
+                {Tint{1, 1, 0.86}, {1, 0.87, 0.35}, golden, {0.9, 0.42, 0.08}}};
     }
 }
 // clang-format on
@@ -80,29 +80,32 @@ std::vector<std::string> brokenLines(cairo_t* context, const std::string& text, 
     std::istringstream words(text);
     for (std::string word; words >> word;) {
         std::string longer = lines.back().empty() ? word : lines.back() + " " + word;
-        if (lines.back().empty() || lengthOf(context, longer) <= limit)
+        if (lines.back().empty() || lengthOf(context, longer) <= limit) {
             lines.back() = longer;
-        else
+        } else {
             lines.push_back(word);
+        }
     }
     return lines;
 }
 
-constexpr double LinePitch = 0.98; // in font sizes
-constexpr double CapitalHeight = 0.73;
+constexpr double linePitch = 0.98; // in font sizes
+constexpr double capitalHeight = 0.73;
 
-// Sets the largest size that fits and gives the lines.
+// Sets the largest font size that fits and returns the lines.
 std::vector<std::string> fitLines(cairo_t* context, const std::string& text, const Box& box, double& size) {
     std::vector<std::string> lines;
     for (size = box.height * 1.2; size > 5; size *= 0.95) {
         cairo_set_font_size(context, size);
         lines = brokenLines(context, text, box.width);
         double rows = static_cast<double>(lines.size()) - 1;
-        bool fits = (rows * LinePitch + CapitalHeight) * size <= box.height;
-        for (const std::string& line : lines)
+        bool fits = (rows * linePitch + capitalHeight) * size <= box.height;
+        for (const std::string& line : lines) {
             fits = fits && lengthOf(context, line) <= box.width;
-        if (fits)
+        }
+        if (fits) {
             break;
+        }
     }
     return lines;
 }
@@ -111,52 +114,53 @@ Point bent(Point point, Bend bend, const Box& box) {
     double across = (point.x - box.x - box.width / 2) / (box.width / 2);
     double middle = box.y + box.height / 2;
     switch (bend) {
-    case Bend::Arch:
+    case Bend::arch:
         return {point.x, point.y + box.height * 0.16 * (across * across - 0.4)};
-    case Bend::Rise:
+    case Bend::rise:
         return {point.x, middle + (point.y - middle) * (1 + 0.2 * across) - box.height * 0.05 * across};
-    case Bend::Bulge:
+    case Bend::bulge:
         return {point.x, middle + (point.y - middle) * (1.1 - 0.28 * across * across)};
-    case Bend::Wave:
+    case Bend::wave:
         return {point.x, point.y + box.height * 0.07 * std::sin(across * std::numbers::pi)};
     }
     return point;
 }
 
-// The outlines of one line of letters, bent.
+// The outlines of one line of letters, bent into an arc.
 class LetterPath {
 public:
     LetterPath(cairo_t* context, const std::string& text, Point start, Bend bend, const Box& box) {
         cairo_new_path(context);
         cairo_move_to(context, start.x, start.y);
         cairo_text_path(context, text.c_str());
-        path = cairo_copy_path(context);
+        path_ = cairo_copy_path(context);
         cairo_new_path(context);
-        for (int i = 0; i < path->num_data; i += path->data[i].header.length) {
-            for (int point = 1; point < path->data[i].header.length; ++point) {
-                auto& place = path->data[i + point].point;
+        for (int i = 0; i < path_->num_data; i += path_->data[i].header.length) {
+            for (int point = 1; point < path_->data[i].header.length; ++point) {
+                auto& place = path_->data[i + point].point;
                 Point moved = bent({place.x, place.y}, bend, box);
                 place.x = moved.x;
                 place.y = moved.y;
             }
         }
     }
-    ~LetterPath() { cairo_path_destroy(path); }
+    ~LetterPath() { cairo_path_destroy(path_); }
     LetterPath(const LetterPath&) = delete;
     LetterPath& operator=(const LetterPath&) = delete;
 
-    void add(cairo_t* context) const { cairo_append_path(context, path); }
+    void add(cairo_t* context) const { cairo_append_path(context, path_); }
 
 private:
-    cairo_path_t* path;
+    cairo_path_t* path_;
 };
 
 using LetterPaths = std::vector<std::unique_ptr<LetterPath>>;
 
 void addAll(cairo_t* context, const LetterPaths& paths) {
     cairo_new_path(context);
-    for (const auto& path : paths)
+    for (const auto& path : paths) {
         path->add(context);
+    }
 }
 
 void paintBehind(cairo_t* context, const Style& style, const LetterPaths& paths, double size) {
@@ -166,7 +170,7 @@ void paintBehind(cairo_t* context, const Style& style, const LetterPaths& paths,
     addAll(context, paths);
     cairo_restore(context);
     cairo_set_line_width(context, broad * 1.2);
-    setTint(context, Black, 0.4);
+    setTint(context, black, 0.4);
     cairo_stroke(context);
     if (style.glows) {
         cairo_set_operator(context, CAIRO_OPERATOR_SCREEN);
@@ -185,13 +189,13 @@ void paintBehind(cairo_t* context, const Style& style, const LetterPaths& paths,
         addAll(context, paths);
         cairo_restore(context);
         cairo_set_line_width(context, broad * 0.9);
-        setTint(context, blended(style.depthTint, Black, 0.5 * step / steps));
+        setTint(context, blended(style.depthTint, black, 0.5 * step / steps));
         cairo_stroke(context);
     }
 }
 
 void paintFill(cairo_t* context, const Style& style, const LetterPath& path, double baseline, double size) {
-    double top = baseline - size * CapitalHeight;
+    double top = baseline - size * capitalHeight;
     setLinear(context, {0, top}, {0, baseline + size * 0.05},
               {{0, style.bands[0]}, {0.5, style.bands[1]}, {0.54, style.bands[2]}, {1, style.bands[3]}});
     cairo_new_path(context);
@@ -199,7 +203,7 @@ void paintFill(cairo_t* context, const Style& style, const LetterPath& path, dou
     cairo_fill_preserve(context);
     cairo_save(context);
     cairo_clip(context);
-    setLinear(context, {0, top}, {0, top + size * 0.4}, {{0, White, 0.5}, {1, White, 0}});
+    setLinear(context, {0, top}, {0, top + size * 0.4}, {{0, white, 0.5}, {1, white, 0}});
     cairo_paint(context);
     cairo_restore(context);
 }
@@ -213,17 +217,18 @@ std::string inCapitals(const std::string& text) {
         auto before = static_cast<unsigned char>(i > 0 ? result[i - 1] : '\0');
         bool latinSmall = before == 0xC3 && byte >= 0xA0 && byte <= 0xBE;
         bool macronSmall = before == 0xC5 && byte % 2 == 1;
-        if (byte >= 'a' && byte <= 'z')
+        if (byte >= 'a' && byte <= 'z') {
             result[i] = static_cast<char>(byte - 'a' + 'A');
-        else if (latinSmall || macronSmall)
+        } else if (latinSmall || macronSmall) {
             result[i] = static_cast<char>(byte - (latinSmall ? 0x20 : 1));
+        }
     }
     return result;
 }
 
 void paintLogo(cairo_t* context, const GameLook& look, const Box& box) {
     Style style = styleOf(look);
-    // Room for the rings, the block and the bend.
+    // Leaves room for the outlines, the extrusion and the bend.
     Box inner{box.x + box.width * 0.04, box.y + box.height * 0.11, box.width * 0.92, box.height * 0.74};
     cairo_save(context);
     cairo_select_font_face(context, style.face, style.slant, CAIRO_FONT_WEIGHT_BOLD);
@@ -231,11 +236,11 @@ void paintLogo(cairo_t* context, const GameLook& look, const Box& box) {
     std::string text = style.capitals ? inCapitals(look.title) : look.title;
     std::vector<std::string> lines = fitLines(context, text, inner, size);
     double rows = static_cast<double>(lines.size()) - 1;
-    double first = inner.y + (inner.height - rows * LinePitch * size + CapitalHeight * size) / 2;
+    double first = inner.y + (inner.height - rows * linePitch * size + capitalHeight * size) / 2;
     LetterPaths paths;
     for (std::size_t i = 0; i < lines.size(); ++i) {
         double x = inner.x + (inner.width - lengthOf(context, lines[i])) / 2;
-        Point start{x, first + static_cast<double>(i) * LinePitch * size};
+        Point start{x, first + static_cast<double>(i) * linePitch * size};
         paths.push_back(std::make_unique<LetterPath>(context, lines[i], start, style.bend, inner));
     }
     cairo_set_line_join(context, CAIRO_LINE_JOIN_ROUND);
@@ -246,8 +251,9 @@ void paintLogo(cairo_t* context, const GameLook& look, const Box& box) {
         setTint(context, ring.tint);
         cairo_stroke(context);
     }
-    for (std::size_t i = 0; i < paths.size(); ++i)
-        paintFill(context, style, *paths[i], first + static_cast<double>(i) * LinePitch * size, size);
+    for (std::size_t i = 0; i < paths.size(); ++i) {
+        paintFill(context, style, *paths[i], first + static_cast<double>(i) * linePitch * size, size);
+    }
     cairo_restore(context);
 }
 

@@ -1,6 +1,5 @@
-// The logo of a game: its title in the lettering of its maker and
-// time, with outlines, depth, gradients and a bend. Called for
-// marquees, flyers and title screens, and for the small print on them.
+// Paints the logo of a game, its title with outlines, depth, gradients and a bend in a style that suits maker
+// and year; and plain lines of text. Called for marquees, flyers and title screens.
 #pragma once
 
 #include "art/game_look.h"
@@ -12,11 +11,11 @@ struct Box {
     double height;
 };
 
-// As large as the box allows, in as many lines as that takes, in the middle of it.
+// Centred in the box, as large as possible; breaks the title into lines where that helps.
 void paintLogo(cairo_t* context, const GameLook& look, const Box& box);
 
-// One line without ornament; `share` 0 begins at x, 0.5 is centred on it, 1 ends there. Shrunk when it is
-// longer than the limit.
+// One plain line; `share` 0 starts at x, 0.5 is centred on it, 1 ends there. Shrunk if it is longer than the
+// limit.
 void paintLine(cairo_t* context, const std::string& text, Point baseline, double share, double size,
                double limit, Tint tint);
 

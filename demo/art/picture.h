@@ -1,6 +1,6 @@
-// A picture in memory, and the small tools with which the art of the demonstration cabinet is painted:
-// colours, gradients, chance that is the same on every machine. Used by everything in this folder; knows no
-// game.
+// A picture in memory, and drawing helpers for the art of the demonstration cabinet: colours, gradients, and
+// pseudo-random numbers that are the same on every machine. Used by everything in this folder; independent of
+// the games.
 #pragma once
 
 #include <cairo.h>
@@ -16,12 +16,12 @@ struct Tint {
     double blue;
 };
 
-constexpr Tint White{1, 1, 1};
-constexpr Tint Black{0, 0, 0};
+constexpr Tint white{1, 1, 1};
+constexpr Tint black{0, 0, 0};
 
-// Hue around the circle, whole turns apart the same; saturation and brightness 0 to 1.
+// Hue in turns, of which only the fraction counts; saturation and brightness 0 to 1.
 Tint tintOf(double hue, double saturation, double brightness);
-// From the first (share 0) to the second (share 1).
+// Interpolates from the first (share 0) to the second (share 1).
 Tint blended(Tint from, Tint to, double share);
 
 struct GradientStop {
@@ -42,42 +42,41 @@ void setRadial(cairo_t* context, Point centre, double radius, std::initializer_l
 void addCircle(cairo_t* context, double x, double y, double radius);
 void addRoundedBox(cairo_t* context, double x, double y, double width, double height, double corner);
 
-// Darkens the corners of the area from (0, 0), by that share at the very corner.
+// Darkens the area from (0, 0) towards its corners, where the darkening reaches `share`.
 void shadeCorners(cairo_t* context, double width, double height, double share);
 
-// A row of numbers that follows from the seed.
-class Dice {
+// Pseudo-random numbers that depend on the seed only.
+class SeededRandom {
 public:
-    explicit Dice(std::uint32_t firstSeed) : seed(firstSeed) {}
+    explicit SeededRandom(std::uint32_t firstSeed) : seed_(firstSeed) {}
     double between(double low, double high);
     int below(int limit);
 
 private:
-    std::uint32_t seed;
-    std::uint32_t thrown = 0;
+    std::uint32_t seed_;
+    std::uint32_t drawn_ = 0;
 };
 
 class Picture {
 public:
     Picture(int width, int height);
 
-    cairo_t* context() const { return drawing.get(); }
-    cairo_surface_t* surface() const { return pixels.get(); }
-    int width() const { return cairo_image_surface_get_width(pixels.get()); }
-    int height() const { return cairo_image_surface_get_height(pixels.get()); }
+    cairo_t* context() const { return drawing_.get(); }
+    cairo_surface_t* surface() const { return pixels_.get(); }
+    int width() const { return cairo_image_surface_get_width(pixels_.get()); }
+    int height() const { return cairo_image_surface_get_height(pixels_.get()); }
 
-    // Of 8 bits a channel; with a palette when 256 colours are enough. False when the file cannot be written
-    // in full.
+    // With 8 bits a channel, or with a palette if 256 colours suffice. False on a write error.
     bool writePng(const std::string& path) const;
 
 private:
-    struct SurfaceEnd {
+    struct SurfaceDeleter {
         void operator()(cairo_surface_t* surface) const { cairo_surface_destroy(surface); }
     };
-    struct ContextEnd {
+    struct ContextDeleter {
         void operator()(cairo_t* context) const { cairo_destroy(context); }
     };
 
-    std::unique_ptr<cairo_surface_t, SurfaceEnd> pixels;
-    std::unique_ptr<cairo_t, ContextEnd> drawing;
+    std::unique_ptr<cairo_surface_t, SurfaceDeleter> pixels_;
+    std::unique_ptr<cairo_t, ContextDeleter> drawing_;
 };

@@ -1,6 +1,6 @@
-// The painted backgrounds of the art: one kind of landscape for each word of `Scenery`, in the colours of a
-// game. Called for marquees, flyers, side art and title screens. Nothing moves here; the moving scenes of the
-// running games stand in standin/scene.h.
+// Paints the backgrounds of the art: a landscape for each enumerator of `Scenery`, in the colours of a game.
+// Called for marquees, flyers, side art and title screens. The animated scenes of running games are in
+// standin/scene.h.
 #pragma once
 
 #include "art/game_look.h"

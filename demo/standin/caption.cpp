@@ -8,7 +8,7 @@
 
 namespace {
 
-constexpr const char* FontFace = "Liberation Sans";
+constexpr const char* fontFace = "Liberation Sans";
 
 double lengthOf(cairo_t* context, const std::string& text) {
     cairo_text_extents_t extents;
@@ -16,21 +16,23 @@ double lengthOf(cairo_t* context, const std::string& text) {
     return extents.x_advance;
 }
 
-// The text in lines no wider than that, broken at blanks, in the font now set; a longer word stands alone.
+// Breaks the text at blanks into lines of at most that width in the current font; a longer word gets its own
+// line.
 std::vector<std::string> brokenIntoLines(cairo_t* context, std::string_view text, double lineWidth) {
     std::vector<std::string> lines(1);
     std::istringstream words{std::string(text)};
     for (std::string word; words >> word;) {
         std::string longer = lines.back().empty() ? word : lines.back() + " " + word;
-        if (lines.back().empty() || lengthOf(context, longer) <= lineWidth)
+        if (lines.back().empty() || lengthOf(context, longer) <= lineWidth) {
             lines.back() = longer;
-        else
+        } else {
             lines.push_back(word);
+        }
     }
     return lines;
 }
 
-// Sets the largest size in which the text fits the box, and gives its lines.
+// Sets the largest font size in which the text fits the box, and returns its lines.
 std::vector<std::string> fitText(cairo_t* context, std::string_view text, double boxWidth, double boxHeight,
                                  double& size) {
     std::vector<std::string> lines;
@@ -38,15 +40,17 @@ std::vector<std::string> fitText(cairo_t* context, std::string_view text, double
         cairo_set_font_size(context, size);
         lines = brokenIntoLines(context, text, boxWidth);
         bool fits = static_cast<double>(lines.size()) * size * 1.1 <= boxHeight;
-        for (const std::string& line : lines)
+        for (const std::string& line : lines) {
             fits = fits && lengthOf(context, line) <= boxWidth;
-        if (fits)
+        }
+        if (fits) {
             break;
+        }
     }
     return lines;
 }
 
-// Letters with a dark edge, so that they stand out from any scene.
+// Letters with a dark outline, legible on any scene.
 void showEdged(cairo_t* context, double x, double y, const std::string& text, double edge) {
     cairo_move_to(context, x, y);
     cairo_text_path(context, text.c_str());
@@ -57,7 +61,7 @@ void showEdged(cairo_t* context, double x, double y, const std::string& text, do
 }
 
 void drawTitle(cairo_t* context, std::string_view text, double width, double height) {
-    cairo_select_font_face(context, FontFace, CAIRO_FONT_SLANT_ITALIC, CAIRO_FONT_WEIGHT_BOLD);
+    cairo_select_font_face(context, fontFace, CAIRO_FONT_SLANT_ITALIC, CAIRO_FONT_WEIGHT_BOLD);
     double size = 0;
     std::vector<std::string> lines = fitText(context, text, width * 0.9, height * 0.92, size);
     double top = (height - static_cast<double>(lines.size()) * size * 1.1) / 2;
@@ -76,10 +80,10 @@ void drawTitle(cairo_t* context, std::string_view text, double width, double hei
     }
 }
 
-// One line of small lettering; `share` 0 stands at the left, 0.5 in the middle, 1 at the right.
+// One line of small text; `share` 0 is at the left, 0.5 in the middle, 1 at the right.
 void drawSmall(cairo_t* context, const std::string& text, double share, double baseline, double width,
                double size) {
-    cairo_select_font_face(context, FontFace, CAIRO_FONT_SLANT_NORMAL, CAIRO_FONT_WEIGHT_BOLD);
+    cairo_select_font_face(context, fontFace, CAIRO_FONT_SLANT_NORMAL, CAIRO_FONT_WEIGHT_BOLD);
     cairo_set_font_size(context, size);
     double margin = size * 0.8;
     double x = margin + (width - 2 * margin - lengthOf(context, text)) * share;
@@ -96,25 +100,26 @@ std::string makerLine(const DemoGame& game) {
 } // namespace
 
 Caption::Caption(const DemoGame& game, int areaWidth, int areaHeight)
-    : width(areaWidth), height(areaHeight),
-      title(cairo_image_surface_create(CAIRO_FORMAT_ARGB32, areaWidth, areaHeight * 2 / 5)) {
-    cairo_t* context = cairo_create(title.get());
-    double titleHeight = height * 0.33;
-    drawTitle(context, game.description, width, titleHeight);
-    drawSmall(context, makerLine(game), 0.5, titleHeight + height * 0.035, width,
-              std::min(width, height) * 0.032);
+    : width_(areaWidth), height_(areaHeight),
+      title_(cairo_image_surface_create(CAIRO_FORMAT_ARGB32, areaWidth, areaHeight * 2 / 5)) {
+    cairo_t* context = cairo_create(title_.get());
+    double titleHeight = height_ * 0.33;
+    drawTitle(context, game.description, width_, titleHeight);
+    drawSmall(context, makerLine(game), 0.5, titleHeight + height_ * 0.035, width_,
+              std::min(width_, height_) * 0.032);
     cairo_destroy(context);
 }
 
 void Caption::draw(cairo_t* context, double seconds, int score) const {
-    double size = std::min(width, height) * 0.034;
+    double size = std::min(width_, height_) * 0.034;
     std::string digits = std::to_string(score);
     digits.insert(0, 6 - std::min<std::size_t>(6, digits.size()), '0');
-    drawSmall(context, "1UP  " + digits, 0, size * 1.5, width, size);
-    drawSmall(context, "CREDIT  01", 1, size * 1.5, width, size);
-    if (std::fmod(seconds, 1.4) < 1.0)
-        drawSmall(context, "Escape ends the game", 0.5, height - size * 0.7, width, size);
-    cairo_set_source_surface(context, title.get(), 0,
-                             height * 0.05 + std::round(std::sin(seconds * 2) * size * 0.25));
+    drawSmall(context, "1UP  " + digits, 0, size * 1.5, width_, size);
+    drawSmall(context, "CREDIT  01", 1, size * 1.5, width_, size);
+    if (std::fmod(seconds, 1.4) < 1.0) {
+        drawSmall(context, "Escape ends the game", 0.5, height_ - size * 0.7, width_, size);
+    }
+    cairo_set_source_surface(context, title_.get(), 0,
+                             height_ * 0.05 + std::round(std::sin(seconds * 2) * size * 0.25));
     cairo_paint(context);
 }

@@ -1,6 +1,5 @@
-// The lettering of a game's screen: the title, large enough to be
-// read from across a room, and the lines above and below it. Owned by
-// the game window. The title is drawn once, since it does not change.
+// The text on the screen of a running game: the title, large enough to be read from across a room, and the
+// lines above and below it. Owned by the game window. The title is rendered once, since it does not change.
 #pragma once
 
 #include "games.h"
@@ -16,11 +15,11 @@ public:
     void draw(cairo_t* context, double seconds, int score) const;
 
 private:
-    struct SurfaceEnd {
+    struct SurfaceDeleter {
         void operator()(cairo_surface_t* surface) const { cairo_surface_destroy(surface); }
     };
 
-    int width;
-    int height;
-    std::unique_ptr<cairo_surface_t, SurfaceEnd> title;
+    int width_;
+    int height_;
+    std::unique_ptr<cairo_surface_t, SurfaceDeleter> title_;
 };

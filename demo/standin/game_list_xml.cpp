@@ -7,7 +7,7 @@
 
 namespace {
 
-constexpr std::string_view DocumentHead = R"xml(<?xml version="1.0"?>
+constexpr std::string_view documentHead = R"xml(<?xml version="1.0"?>
 <!DOCTYPE mame [
 <!ELEMENT mame (machine+)>
     <!ATTLIST mame build CDATA #IMPLIED debug (yes|no) "no" mameconfig CDATA #REQUIRED>
@@ -75,22 +75,23 @@ std::string element(std::string_view key, std::string_view text) {
 }
 
 std::string machineHead(const DemoGame& game) {
-    constexpr std::string_view Yes = "yes";
-    constexpr std::string_view Unstated;
+    constexpr std::string_view yes = "yes";
+    constexpr std::string_view unstated;
     std::string result = "\t<machine" + attribute("name", game.name) + attribute("sourcefile", "demo.cpp");
-    result += attribute("isbios", game.kind == DemoKind::Bios ? Yes : Unstated);
-    result += attribute("isdevice", game.kind == DemoKind::Device ? Yes : Unstated);
-    result += attribute("ismechanical", game.kind == DemoKind::Mechanical ? Yes : Unstated);
-    bool runnable = game.kind != DemoKind::Device && game.kind != DemoKind::NotRunnable;
-    result += attribute("runnable", runnable ? Unstated : "no");
+    result += attribute("isbios", game.kind == DemoKind::bios ? yes : unstated);
+    result += attribute("isdevice", game.kind == DemoKind::device ? yes : unstated);
+    result += attribute("ismechanical", game.kind == DemoKind::mechanical ? yes : unstated);
+    bool runnable = game.kind != DemoKind::device && game.kind != DemoKind::notRunnable;
+    result += attribute("runnable", runnable ? unstated : "no");
     return result + attribute("cloneof", game.cloneOf) + attribute("romof", game.romOf) + ">\n";
 }
 
-// Two made-up files and two chips; a sum over the name gives each file a checksum of its own.
+// Two invented files and two chips; the checksum of each file is computed from its name.
 std::string innards(const DemoGame& game) {
     std::uint32_t sum = 2166136261u;
-    for (char letter : game.name)
+    for (char letter : game.name) {
         sum = (sum ^ static_cast<unsigned char>(letter)) * 16777619u;
+    }
     std::string result;
     for (const char* region : {"maincpu", "gfx1"}) {
         char checksum[9];
@@ -106,28 +107,34 @@ std::string innards(const DemoGame& game) {
 }
 
 std::string displayElement(const DemoDisplay& display) {
-    if (display.type.empty())
+    if (display.type.empty()) {
         return "";
+    }
     std::string result = "\t\t<display" + attribute("tag", "screen") + attribute("type", display.type) +
                          attribute("rotate", display.rotate);
-    if (display.width > 0)
+    if (display.width > 0) {
         result += attribute("width", display.width) + attribute("height", display.height);
+    }
     return result + attribute("refresh", "60.000000") + "/>\n";
 }
 
 std::string inputElement(const DemoControl& control) {
     std::string result = "\t\t<input" + attribute("players", control.players);
-    if (control.coins > 0)
+    if (control.coins > 0) {
         result += attribute("coins", control.coins);
-    if (control.type.empty())
+    }
+    if (control.type.empty()) {
         return result + "/>\n";
+    }
     result += ">\n";
     for (int player = 1; player <= control.players; ++player) {
         result += "\t\t\t<control" + attribute("type", control.type);
-        if (control.players > 1)
+        if (control.players > 1) {
             result += attribute("player", player);
-        if (control.buttons > 0)
+        }
+        if (control.buttons > 0) {
             result += attribute("buttons", control.buttons);
+        }
         result += attribute("ways", control.ways) + "/>\n";
     }
     return result + "\t\t</input>\n";
@@ -138,7 +145,7 @@ std::string machine(const DemoGame& game) {
     result += element("description", game.description) + element("year", game.year) +
               element("manufacturer", game.manufacturer);
     result += innards(game);
-    if (game.kind != DemoKind::Device) {
+    if (game.kind != DemoKind::device) {
         result += displayElement(game.display) + "\t\t<sound" + attribute("channels", 1) + "/>\n";
         result += inputElement(game.control) + "\t\t<driver" + attribute("status", "good") + "/>\n";
     }
@@ -148,9 +155,10 @@ std::string machine(const DemoGame& game) {
 } // namespace
 
 bool writeGameListXml(std::FILE* out) {
-    std::string text(DocumentHead);
-    for (const DemoGame& game : demoGames())
+    std::string text(documentHead);
+    for (const DemoGame& game : demoGames()) {
         text += machine(game);
+    }
     text += "</mame>\n";
     bool written = std::fwrite(text.data(), 1, text.size(), out) == text.size();
     return std::fflush(out) == 0 && written;

@@ -1,9 +1,8 @@
-// Writes the demonstration games as the XML list of a current emulator. Called for `-listxml`. The list
-// carries more than the front end needs (files, chips, a driver's state), because a real one does and its
-// reader has to pass over it.
+// Writes the demonstration games in the XML format of a current emulator. Called for `-listxml`. The list has
+// more than the front end needs (files, chips, driver status), as a real one has, which its reader must skip.
 #pragma once
 
 #include <cstdio>
 
-// False when the stream could not take all of it.
+// False on a write error.
 bool writeGameListXml(std::FILE* out);

@@ -1,13 +1,12 @@
-// The full-screen window of a running game: shows its scene, answers
-// its keys, and ends on Escape, on a request of the system, or after a
-// time. Called once by the stand-in's main program. It makes no sound.
+// The full-screen window of a running game: shows its scene, reacts to keys, and ends on Escape, on a signal
+// or a close by the window system, or after a given time. Called once by the stand-in's main program. No
+// sound.
 #pragma once
 
 #include "games.h"
 #include "standin/options.h"
 
-enum class GameEnd { Finished, Terminated, NoDisplay };
+enum class GameEnd { finished, terminated, noDisplay };
 
-// Blocks until the game is over; without a time in the options that is up to the player. NoDisplay comes back
-// at once.
+// Blocks until the game ends; without a time in the options the player ends it. Returns noDisplay at once.
 GameEnd playInWindow(const DemoGame& game, const StandinOptions& options);

@@ -1,6 +1,6 @@
-// demo-mame, the stand-in emulator of the demonstration cabinet. `-listxml` writes the list of its games; a
-// game's name shows that game until Escape, or for `-seconds N`, and the program ends with `-exitcode N`;
-// `-verbose` names each key that arrives.
+// demo-mame, the stand-in emulator of the demonstration cabinet. `-listxml` writes the list of its games.
+// With a game's name it runs that game until Escape, or for `-seconds N`, and then exits with the code of
+// `-exitcode N`; `-verbose` prints each key event.
 
 #include "games.h"
 #include "standin/game_list_xml.h"
@@ -13,28 +13,30 @@
 
 namespace {
 
-// What a game costs in time where there is no display to show it on.
-constexpr int DefaultSecondsUnseen = 1;
+// Duration of a game without a display.
+constexpr int defaultSecondsUnseen = 1;
 
-enum ExitCode { Good = 0, WriteFailed = 1, Usage = 2, UnknownGame = 5, Terminated = 143 };
+enum ExitCode { good = 0, writeFailed = 1, usage = 2, unknownGame = 5, terminated = 143 };
 
 } // namespace
 
 int main(int argc, char** argv) {
     StandinOptions options = readStandinOptions(argc, argv);
-    if (options.listXml)
-        return writeGameListXml(stdout) ? Good : WriteFailed;
+    if (options.listXml) {
+        return writeGameListXml(stdout) ? good : writeFailed;
+    }
     if (options.gameName.empty()) {
         std::fputs("usage: demo-mame -listxml | GAME [-seconds N] [-exitcode N] [-verbose]\n", stderr);
-        return Usage;
+        return usage;
     }
     const DemoGame* game = findDemoGame(options.gameName);
-    if (game == nullptr) {
+    if (!game) {
         std::fprintf(stderr, "demo-mame: unknown game \"%s\"\n", options.gameName.c_str());
-        return UnknownGame;
+        return unknownGame;
     }
     GameEnd end = playInWindow(*game, options);
-    if (end == GameEnd::NoDisplay)
-        std::this_thread::sleep_for(std::chrono::seconds(options.seconds.value_or(DefaultSecondsUnseen)));
-    return end == GameEnd::Terminated ? static_cast<int>(Terminated) : options.exitCode;
+    if (end == GameEnd::noDisplay) {
+        std::this_thread::sleep_for(std::chrono::seconds(options.seconds.value_or(defaultSecondsUnseen)));
+    }
+    return end == GameEnd::terminated ? static_cast<int>(terminated) : options.exitCode;
 }

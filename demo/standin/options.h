@@ -1,6 +1,5 @@
-// The command line of the stand-in emulator. Read once by its
-// main program; words that it does not know are skipped, as
-// the options of a real emulator would mean nothing to it.
+// The command line of the stand-in emulator. Read once by its main program. Unknown arguments are skipped, so
+// that options of the real emulator do no harm.
 #pragma once
 
 #include <optional>
@@ -8,10 +7,10 @@
 
 struct StandinOptions {
     bool listXml = false;
-    std::string gameName;       // empty when none was given
-    std::optional<int> seconds; // how long the game lasts; without it, until Escape
+    std::string gameName;       // empty if none was given
+    std::optional<int> seconds; // duration of the game; without it, until Escape
     int exitCode = 0;
-    bool verbose = false; // names each key on standard output
+    bool verbose = false; // prints each key event on standard output
 };
 
 StandinOptions readStandinOptions(int argc, char** argv);

@@ -11,14 +11,16 @@ void PixelCanvas::fill(int left, int top, int rectWidth, int rectHeight, Colour 
     int right = std::min(left + rectWidth, width);
     int bottom = std::min(top + rectHeight, height);
     left = std::max(left, 0);
-    for (int y = std::max(top, 0); y < bottom && left < right; ++y)
+    for (int y = std::max(top, 0); y < bottom && left < right; ++y) {
         std::fill_n(pixels.begin() + static_cast<std::ptrdiff_t>(y) * width + left, right - left, colour);
+    }
 }
 
 std::uint32_t seedOfName(std::string_view name) {
     std::uint32_t seed = 2166136261u;
-    for (char letter : name)
+    for (char letter : name) {
         seed = mixed(seed, static_cast<unsigned char>(letter));
+    }
     return seed;
 }
 
@@ -44,8 +46,9 @@ void drawCreature(PixelCanvas& canvas, int left, int top, int cell, std::uint32_
         for (int column = 0; column < 5; ++column) {
             bool core = column >= 3 && row >= 1 && row <= 5;
             bool set = core || (mixed(seed, static_cast<std::uint32_t>(row * 5 + column)) & 1u) != 0;
-            if (!set)
+            if (!set) {
                 continue;
+            }
             canvas.fill(left + column * cell, top + row * cell, cell, cell, body);
             canvas.fill(left + (8 - column) * cell, top + row * cell, cell, cell, body);
         }

@@ -8,13 +8,13 @@
 
 namespace {
 
-// What a raster scene needs to know, its hue included.
+// The parameters of a raster scene.
 struct Stage {
     PixelCanvas& canvas;
     std::uint32_t seed;
     double hue;
     const SceneMoment& moment;
-    bool titled; // the upper half is covered by lettering
+    bool titled; // the title covers the upper half
 
     int across(double share) const { return static_cast<int>(share * canvas.width); }
     int down(double share) const { return static_cast<int>(share * canvas.height); }
@@ -25,7 +25,7 @@ double hueOf(std::uint32_t seed) {
     return seed % 360 / 360.0;
 }
 
-// Where something that travels `speed` pixels a second stands on a side of that length.
+// Position along a side of something that moves `speed` pixels a second and re-enters at the other end.
 int wrapped(double start, double speed, double seconds, int side) {
     double place = std::fmod(start + speed * seconds, side);
     return static_cast<int>(place < 0 ? place + side : place);
@@ -41,7 +41,7 @@ void drawStars(const Stage& stage, int bottom, int count) {
     }
 }
 
-// Rows of creatures march across, a ship below answers with shots.
+// Rows of creatures march across, a ship below them shoots.
 void drawInvasion(const Stage& stage) {
     stage.canvas.fill(0, 0, stage.canvas.width, stage.canvas.height, colourOf(stage.hue, 0.8, 0.08));
     drawStars(stage, stage.canvas.height, 90);
@@ -53,9 +53,10 @@ void drawInvasion(const Stage& stage) {
     int top = stage.down(stage.titled ? 0.47 : 0.13);
     for (int row = 0; row < rows; ++row) {
         Colour body = colourOf(stage.hue + 0.13 * row, 0.75, 1.0);
-        for (int column = 0; column < columns; ++column)
+        for (int column = 0; column < columns; ++column) {
             drawCreature(stage.canvas, left + column * 19 * cell, top + row * 13 * cell, cell,
                          mixed(stage.seed, static_cast<std::uint32_t>(row)), stage.step(2.5), body, 0);
+        }
     }
     for (int shield = 0; shield < 4 && !stage.titled; ++shield) {
         int x = stage.across(0.125 + 0.25 * shield);
@@ -67,13 +68,14 @@ void drawInvasion(const Stage& stage) {
     }
     int ship = stage.across(0.5 + stage.moment.playerX * 0.42);
     int deck = stage.down(0.9 + stage.moment.playerY * 0.06);
-    for (int shot = 0; shot < 3; ++shot)
+    for (int shot = 0; shot < 3; ++shot) {
         stage.canvas.fill(ship, deck - wrapped(shot * 40, 130, stage.moment.seconds, 120), 1, 5, 0xFFFFFF);
+    }
     drawCreature(stage.canvas, ship - 9, deck, 2, stage.seed ^ 0x5157u, 0,
                  colourOf(stage.hue + 0.5, 0.5, 1.0), 0x202020);
 }
 
-// A road runs to the sunset, with signs beside it.
+// A road towards the sunset, with signs along it.
 void drawRoad(const Stage& stage) {
     int horizon = stage.down(0.52);
     for (int y = 0; y < horizon; ++y) {
@@ -84,8 +86,9 @@ void drawRoad(const Stage& stage) {
     int radius = stage.down(0.16);
     for (int y = -radius; y < 0; ++y) {
         int half = static_cast<int>(std::sqrt(static_cast<double>(radius * radius - y * y)));
-        if (y > -radius / 2 && (-y) % 5 == 0)
+        if (y > -radius / 2 && (-y) % 5 == 0) {
             continue;
+        }
         stage.canvas.fill(stage.across(0.5) - half, horizon + y, half * 2, 1,
                           colourOf(0.14 - 0.1 * (radius + y) / radius, 0.8, 1.0));
     }
@@ -100,20 +103,22 @@ void drawRoad(const Stage& stage) {
         stage.canvas.fill(0, y, stage.canvas.width, 1, colourOf(stage.hue + 0.35, 0.7, stripe ? 0.34 : 0.28));
         stage.canvas.fill(centre - half - kerb, y, (half + kerb) * 2, 1, stripe ? 0xF0F0F0 : 0xC02030);
         stage.canvas.fill(centre - half, y, half * 2, 1, stripe ? 0x3C3C46 : 0x36363F);
-        if (stripe)
+        if (stripe) {
             stage.canvas.fill(centre - half / 24, y, 1 + half / 12, 1, 0xE8E0C0);
+        }
     }
     drawCreature(stage.canvas, stage.across(0.5) - 22, stage.down(0.98) - 40, 5, stage.seed, stage.step(8),
                  colourOf(stage.hue + 0.6, 0.7, 1.0), 0x101010);
 }
 
-// Clouds, ledges of brick with coins over them, a floor, and those who walk there.
+// Clouds, brick ledges with coins above them, a floor with walking creatures.
 void drawPlatforms(const Stage& stage) {
     for (int cloud = 0; cloud < 4; ++cloud) {
         int x = stage.across(0.06 + 0.25 * cloud) + static_cast<int>(stage.seed >> cloud & 15);
         int y = stage.down(0.12 + 0.05 * (cloud % 2));
-        for (int puff = 0; puff < 3; ++puff)
+        for (int puff = 0; puff < 3; ++puff) {
             stage.canvas.fill(x + 6 * puff, y - (puff == 1 ? 4 : 0), 14, puff == 1 ? 9 : 6, 0xE8F0F8);
+        }
     }
     for (int ledge = 0; ledge < 3; ++ledge) {
         int x = stage.across(0.08 + 0.32 * ledge);
@@ -135,7 +140,7 @@ void drawPlatforms(const Stage& stage) {
     }
 }
 
-// Hills in three depths roll past a creature that hops after its fruit.
+// Hills in three layers scroll past a creature that hops after fruit.
 void drawHills(const Stage& stage) {
     for (int y = 0; y < stage.canvas.height; ++y) {
         double share = static_cast<double>(y / 6 * 6) / stage.canvas.height;
@@ -152,8 +157,9 @@ void drawHills(const Stage& stage) {
             stage.canvas.fill(x, top, 1, stage.canvas.height - top, colour);
         }
     }
-    if (!stage.titled)
+    if (!stage.titled) {
         drawPlatforms(stage);
+    }
     for (int fruit = 0; fruit < 6; ++fruit) {
         int x = stage.canvas.width -
                 wrapped(fruit * stage.canvas.width / 6.0, 62, stage.moment.seconds, stage.canvas.width + 20);
@@ -169,24 +175,24 @@ void drawHills(const Stage& stage) {
                  colourOf(stage.hue + 0.55, 0.25, 1.0), 0x101018);
 }
 
-// A hand-held's glass: every place where a figure can be is printed faintly, one at a time is dark.
+// The display of a handheld: all positions of a figure are faintly visible, one at a time is dark.
 void drawGlass(const Stage& stage) {
-    constexpr Colour Glass = 0xB9C4A0;
-    constexpr Colour Faint = 0xA9B491;
-    constexpr Colour Dark = 0x23281F;
-    stage.canvas.fill(0, 0, stage.canvas.width, stage.canvas.height, Glass);
-    stage.canvas.fill(0, stage.down(0.93), stage.canvas.width, 2, Dark);
+    constexpr Colour glass = 0xB9C4A0;
+    constexpr Colour faint = 0xA9B491;
+    constexpr Colour dark = 0x23281F;
+    stage.canvas.fill(0, 0, stage.canvas.width, stage.canvas.height, glass);
+    stage.canvas.fill(0, stage.down(0.93), stage.canvas.width, 2, dark);
     int beat = static_cast<int>(stage.moment.seconds * 3);
     for (int column = 0; column < 6; ++column) {
         int x = stage.across(0.07 + 0.15 * column);
         for (int row = 0; row < 3; ++row) {
             bool lit = (beat + column * 2) % 5 == row;
             drawCreature(stage.canvas, x, stage.down(0.48 + 0.1 * row), 1, stage.seed, row & 1,
-                         lit ? Dark : Faint, Glass);
+                         lit ? dark : faint, glass);
         }
         int place = static_cast<int>((stage.moment.playerX + 1) * 2.99);
         drawCreature(stage.canvas, x - 4, stage.down(0.8), 2, stage.seed ^ 0xABu, 0,
-                     place == column ? Dark : Faint, Glass);
+                     place == column ? dark : faint, glass);
     }
 }
 
@@ -210,14 +216,15 @@ void drawPixelScene(PixelCanvas& canvas, const DemoGame& game, const SceneMoment
     Stage stage{canvas, seed, hueOf(seed), moment, titled};
     bool wheel = game.control.type == "paddle" || game.control.type == "pedal" || game.control.type == "dial";
     bool portrait = canvas.width < canvas.height;
-    if (game.display.type == "lcd")
+    if (game.display.type == "lcd") {
         drawGlass(stage);
-    else if (wheel && !portrait)
+    } else if (wheel && !portrait) {
         drawRoad(stage);
-    else if (portrait || seed % 2 == 0)
+    } else if (portrait || seed % 2 == 0) {
         drawInvasion(stage);
-    else
+    } else {
         drawHills(stage);
+    }
 }
 
 void drawScene(cairo_t* context, const DemoGame& game, const SceneMoment& moment, double width,
@@ -227,7 +234,7 @@ void drawScene(cairo_t* context, const DemoGame& game, const SceneMoment& moment
         drawVectorScene(context, seed, colourOf(hueOf(seed), 0.6, 1.0), moment, width, height);
         return;
     }
-    // The short side has 192 pixels in either position of the tube; they need not be square.
+    // The short side has 192 pixels at every rotation; they need not be square.
     bool portrait = width < height;
     PixelCanvas canvas(portrait ? 192 : 256, portrait ? 256 : 192);
     drawPixelScene(canvas, game, moment, true);

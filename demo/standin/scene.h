@@ -1,7 +1,6 @@
-// The moving picture behind a game's title: which kind of scene it is, its colours and its creatures follow
-// from the game's name and display. Called by the game window for each frame, and for the snapshots of the
-// art. A scene keeps no state:
-// everything follows from the moment that is passed in.
+// The animated scene of a running game. Its kind, colours and creatures depend on the game's name and
+// display. Called by the game window for each frame, and for snapshots and movies of the demonstration
+// cabinet. Keeps no state: the picture depends on the arguments only.
 #pragma once
 
 #include "games.h"
@@ -19,9 +18,9 @@ struct SceneMoment {
 void drawScene(cairo_t* context, const DemoGame& game, const SceneMoment& moment, double width,
                double height);
 
-// The same at the resolution of the canvas; `titled` leaves the upper half to the lettering. Not for a game
-// on a vector tube.
+// The same at the resolution of the canvas; with `titled` the upper half stays free for the title. Not for a
+// game with a vector display.
 void drawPixelScene(PixelCanvas& canvas, const DemoGame& game, const SceneMoment& moment, bool titled);
 
-// Puts a canvas on the area from (0, 0), each of its pixels as a sharp block.
+// Enlarges a canvas to the area from (0, 0), without smoothing.
 void paintEnlarged(cairo_t* context, PixelCanvas& canvas, double width, double height);

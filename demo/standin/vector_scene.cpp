@@ -6,9 +6,9 @@
 
 namespace {
 
-constexpr double FullTurn = 2 * std::numbers::pi;
+constexpr double fullTurn = 2 * std::numbers::pi;
 
-// A beam: a wide faint stroke for the glow and a thin bright one for the line itself. Uses up the path.
+// Strokes the current path as a glowing line, wide and faint, then thin and bright. Clears the path.
 void strokeBeam(cairo_t* context, Colour colour, double lineWidth) {
     double red = (colour >> 16 & 0xFF) / 255.0;
     double green = (colour >> 8 & 0xFF) / 255.0;
@@ -21,7 +21,7 @@ void strokeBeam(cairo_t* context, Colour colour, double lineWidth) {
     cairo_stroke(context);
 }
 
-// The floor: lines that meet at the horizon and others that come nearer.
+// A floor grid: lines that meet at the horizon, and lines that approach.
 void addFloor(cairo_t* context, const SceneMoment& moment, double width, double height) {
     double horizon = height * 0.66;
     double middle = width * (0.5 - moment.playerX * 0.2);
@@ -36,12 +36,12 @@ void addFloor(cairo_t* context, const SceneMoment& moment, double width, double 
     }
 }
 
-// A prism of `sides` sides that turns about two axes around the given centre.
+// A prism with `sides` sides, rotating about two axes around the given centre.
 void addPrism(cairo_t* context, int sides, double centreX, double centreY, double size, double angle) {
-    constexpr int MostSides = 8;
-    std::array<std::array<double, 2>, MostSides * 2> corners;
+    constexpr int mostSides = 8;
+    std::array<std::array<double, 2>, mostSides * 2> corners;
     for (int i = 0; i < sides * 2; ++i) {
-        double turn = FullTurn * (i % sides) / sides + angle;
+        double turn = fullTurn * (i % sides) / sides + angle;
         double x = std::cos(turn);
         double depth = std::sin(turn);
         double y = i < sides ? -0.7 : 0.7;

@@ -1,6 +1,5 @@
-// The scene of a game on a vector tube: glowing lines over
-// a black screen, in the colours of the game. Called by
-// drawScene only. It keeps nothing between two pictures.
+// The scene of a game with a vector display: glowing lines on black, in the colours of the game. Called by
+// drawScene only. Keeps no state.
 #pragma once
 
 #include "standin/pixel_canvas.h"

@@ -15,7 +15,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-// Width and height of the picture, 0 and 0 when it cannot be read to its end.
+// Width and height of the picture, both 0 if it cannot be decoded completely.
 std::pair<unsigned, unsigned> sizeOf(const std::string& path) {
     png_image image{};
     image.version = PNG_IMAGE_VERSION;
@@ -28,7 +28,7 @@ std::pair<unsigned, unsigned> sizeOf(const std::string& path) {
     return whole ? std::pair{image.width, image.height} : std::pair{0U, 0U};
 }
 
-TEST(ArtPack, PaintsWhatIsMissingAndOneFileIsDamaged) {
+TEST(ArtPackTest, WritesMissingPicturesAndOneDamagedFile) {
     const TemporaryFolder folder;
     const char* const directories[] = {"marquees", "cabinets", "snap", "titles", "flyers"};
     int placeholders = 0;
@@ -43,7 +43,7 @@ TEST(ArtPack, PaintsWhatIsMissingAndOneFileIsDamaged) {
     }
     std::string problem;
     ASSERT_TRUE(writeArtPack(".", problem)) << problem;
-    // A tube of 288 by 224 that stands upright.
+    // A display of 288 by 224 that is rotated by 90 degrees.
     EXPECT_EQ(sizeOf("snap/barnacle.png"), (std::pair{224U, 288U}));
     EXPECT_EQ(sizeOf("titles/barnacle.png"), (std::pair{224U, 288U}));
     for (const char* path :
@@ -56,10 +56,10 @@ TEST(ArtPack, PaintsWhatIsMissingAndOneFileIsDamaged) {
         EXPECT_NE(file.path().extension(), ".part") << file.path();
         placeholders -= file.is_regular_file() && fs::file_size(file) == 4 ? 1 : 0;
     }
-    EXPECT_EQ(placeholders, 0) << "what is there stays as it is";
+    EXPECT_EQ(placeholders, 0) << "an existing file was changed";
 }
 
-TEST(ArtPack, SaysWhatItCannotWrite) {
+TEST(ArtPackTest, ReportsAFolderThatItCannotWrite) {
     const TemporaryFolder folder;
     folder.write("flyers", "a file where a folder should be");
     std::string problem;

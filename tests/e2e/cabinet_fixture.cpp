@@ -19,7 +19,7 @@ constexpr int screenHeight = 1024;
 constexpr std::uint32_t barColour = 0xBC1454; // the highlight colour in the cabinet's settings
 
 bool shown(const DemoGame& game) {
-    bool playable = game.kind == DemoKind::Game || game.kind == DemoKind::Mechanical;
+    bool playable = game.kind == DemoKind::game || game.kind == DemoKind::mechanical;
     const DemoGame* original = findDemoGame(game.cloneOf);
     return playable && (original ? original->romPresent : game.romPresent);
 }

@@ -73,9 +73,9 @@ protected:
 
     static Samples tone(double pitch, double seconds, double volume) {
         Samples samples;
-        for (int index = 0; index < static_cast<int>(seconds * SoundRate); ++index) {
+        for (int index = 0; index < static_cast<int>(seconds * soundRate); ++index) {
             samples.push_back(static_cast<std::int16_t>(
-                32000 * volume * std::sin(2 * std::numbers::pi * pitch * index / SoundRate)));
+                32000 * volume * std::sin(2 * std::numbers::pi * pitch * index / soundRate)));
         }
         return samples;
     }
@@ -86,7 +86,7 @@ protected:
 
     void writeMovie(const std::string& name, double pitch, int seconds) const {
         constexpr int framesPerSecond = 25;
-        AviWriter writer({movieSize, movieSize, framesPerSecond, SoundRate});
+        AviWriter writer({movieSize, movieSize, framesPerSecond, soundRate});
         for (int number = 0; number < seconds * framesPerSecond; ++number) {
             writer.addPicture(std::vector<std::uint32_t>(movieSize * movieSize, 0xFFFFFF));
             writer.addSound(tone(pitch, 1.0 / framesPerSecond, 0.5));

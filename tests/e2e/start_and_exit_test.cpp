@@ -67,7 +67,7 @@ TEST_F(CabinetTest, TheFirstStartGeneratesTheListAndKeysMoveTheSelection) {
     Screenshot first = waitForGameList();
     std::string list = readFile("listinfo.dat");
     auto hidden = std::ranges::count_if(demoGames(), [](const DemoGame& game) {
-        return game.kind != DemoKind::Game && game.kind != DemoKind::Mechanical;
+        return game.kind != DemoKind::game && game.kind != DemoKind::mechanical;
     });
     EXPECT_EQ(countOf(list, "resource ("), hidden);
     EXPECT_EQ(countOf(list, "game ("), static_cast<int>(demoGames().size()) - hidden);

@@ -19,7 +19,7 @@ constexpr int numberedWidth = 160; // ten columns of 16 pixels: a white one, the
 constexpr int numberedHeight = 48;
 
 inline std::string numberedMovie(int pictures, int framesPerSecond, double pitch = 0) {
-    AviWriter writer({numberedWidth, numberedHeight, framesPerSecond, pitch > 0 ? SoundRate : 0});
+    AviWriter writer({numberedWidth, numberedHeight, framesPerSecond, pitch > 0 ? soundRate : 0});
     const double seconds = 1.0 / framesPerSecond;
     for (int number = 0; number < pictures; ++number) {
         std::vector<std::uint32_t> pixels;

@@ -49,7 +49,7 @@ protected:
 
     // One picture, and a second of sound.
     static std::string whiteMovie(SIZE size, bool sound) {
-        AviWriter writer({size.cx, size.cy, 10, sound ? SoundRate : 0});
+        AviWriter writer({size.cx, size.cy, 10, sound ? soundRate : 0});
         writer.addPicture(std::vector<std::uint32_t>(static_cast<std::size_t>(size.cx * size.cy), 0xFFFFFF));
         if (sound) {
             writer.addSound(::play({{0, 1, 440, 0, 0.8, 0}}, 1));
