@@ -1,6 +1,6 @@
-// Device contexts: memory ones, what is selected in any of them, and the state that drawing reads. Called by
-// everything that draws. Those of windows are made in painting.h; the objects that are selected in
-// drawing_objects.h.
+// Device contexts: creating and deleting memory device contexts, and the selected objects and text state of
+// any device context. Called by everything that draws. Window device contexts are created in painting.h, the
+// objects to select in drawing_objects.h, shapes.h and text.h.
 #pragma once
 
 #include "platform/types.h"
@@ -10,22 +10,24 @@ constexpr int OPAQUE = 2;
 
 constexpr int LOGPIXELSY = 90;
 
-// A memory device context, with a 1x1 bitmap, a white brush, a black pen and the system font selected. `like`
-// may be null.
+// Creates a memory device context with a 1x1 bitmap, a white brush, a black pen and the system font selected.
+// `like` is ignored. Returns null when 10,000 device contexts exist.
 HDC CreateCompatibleDC(HDC like);
 
-// Ends a memory device context. What it has selected is let go; an object that was deleted while selected
-// ends here.
+// Deletes a memory device context and deselects its objects, which destroys those that are already deleted
+// and not selected elsewhere. Returns FALSE for a bad handle or a window's device context.
 BOOL DeleteDC(HDC dc);
 
-// Selects a bitmap, brush, pen or font and gives the one that it replaces. Null and no change for anything
-// else, for a bitmap in a window's device context, and for a bitmap that another device context holds.
+// Selects a bitmap, brush, pen or font and returns the object of the same kind that it replaces. Returns null
+// and changes nothing for a bad handle, for a bitmap in a window's device context, and for a bitmap that is
+// selected in another device context.
 HGDIOBJ SelectObject(HDC dc, HGDIOBJ object);
 
-// LOGPIXELSY: 96 dots per inch, always. 0 for any other index.
+// Returns 96 (dots per inch) for LOGPIXELSY, on every machine, and 0 for any other index or a bad handle.
 int GetDeviceCaps(HDC dc, int index);
 
-// State of the device context for text. Each gives the former value (0xFFFFFFFF or 0 on a bad handle).
+// Text state of the device context. Each function returns the previous value; for a bad handle the colour
+// functions return 0xFFFFFFFF and SetBkMode returns 0, which it also does for an invalid mode.
 COLORREF SetTextColor(HDC dc, COLORREF color);
 COLORREF SetBkColor(HDC dc, COLORREF color);
 int SetBkMode(HDC dc, int mode);

@@ -1,6 +1,7 @@
-// Bitmaps and brushes, and the end of all drawing objects: those, pens (shapes.h) and fonts (text.h). Called
-// by everything that draws. An object lives until DeleteObject, and after that as long as a device context
-// has it selected; stock objects cannot be deleted. Objects are selected in device_contexts.h.
+// Creation of bitmaps and solid brushes, and deletion of every drawing object, including pens (shapes.h) and
+// fonts (text.h). Called by everything that draws. An object that is selected when it is deleted is destroyed
+// once no device context has it selected any more. Creating an object returns null when 10,000 exist. Objects
+// are selected with device_contexts.h.
 #pragma once
 
 #include "platform/types.h"
@@ -17,20 +18,20 @@ struct BITMAP {
     LPVOID bmBits;
 };
 
-// A black bitmap, owned by the caller. A width or height of 0 gives one of 1x1; null for negative sizes and
-// when there is no memory.
+// Creates a black bitmap, owned by the caller. If the width or height is 0, it is 1x1. `like` is ignored.
+// Returns null if a side is negative or above 32767 pixels, or memory runs out.
 HBITMAP CreateCompatibleBitmap(HDC like, int width, int height);
 
-// A brush of one colour, owned by the caller.
+// Creates a solid brush, owned by the caller.
 HBRUSH CreateSolidBrush(COLORREF color);
 
-// A stock object, owned by the platform: BLACK_BRUSH. Null for any other number.
+// Returns the stock brush for BLACK_BRUSH, owned by the platform, and null for any other index.
 HGDIOBJ GetStockObject(int index);
 
-// Deletes an object. Deleting one that is selected takes effect when the last device context lets it go;
-// deleting a stock object has no effect; both give TRUE. FALSE when there is no such object.
+// Deletes an object. Its handle becomes invalid immediately, even if the object is still selected. Deleting a
+// stock object has no effect and returns TRUE. Returns FALSE for a bad handle.
 BOOL DeleteObject(HGDIOBJ object);
 
-// Describes a bitmap into a BITMAP (bmBits is null) and gives the bytes written; 0 for anything else or a
-// size below that of BITMAP.
+// Fills the BITMAP at `result` with the description of a bitmap (bmBits is null) and returns the number of
+// bytes written. Returns 0 for any other object, a bad handle, or a `size` below sizeof(BITMAP).
 int GetObjectA(HGDIOBJ object, int size, LPVOID result);

@@ -1,15 +1,15 @@
-// The description of a font. Filled by whoever makes or lists fonts through text.h and font_list.h, and read
-// where fonts are found and loaded.
+// The Win32 description of a font: input of CreateFontIndirectA (text.h) and output of EnumFontFamiliesExA
+// (font_list.h).
 #pragma once
 
 #include "platform/types.h"
 
 struct LOGFONTA {
-    LONG lfHeight;      // negative: the em height in pixels; positive: the cell height; 0: a default size
-    LONG lfWidth;       // not used
-    LONG lfEscapement;  // tenths of a degree, counter-clockwise; rounded to a quarter turn
-    LONG lfOrientation; // not used: glyphs always follow the escapement
-    LONG lfWeight;      // 0 for any, 400 regular, 700 bold, 800 extra bold
+    LONG lfHeight;      // pixels; negative: em height, positive: cell height, 0: default size
+    LONG lfWidth;       // ignored
+    LONG lfEscapement;  // tenths of a degree counter-clockwise, rounded to a multiple of 900
+    LONG lfOrientation; // ignored: glyphs always follow the escapement
+    LONG lfWeight;      // 1 to 1000: 400 regular, 700 bold; 0 means regular
     BYTE lfItalic;
     BYTE lfUnderline;
     BYTE lfStrikeOut;

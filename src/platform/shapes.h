@@ -1,6 +1,5 @@
-// Pens, hollow brushes and the outlines that they draw. Called by the
-// image browser for the ring around the selected tile. Pens and brushes
-// are selected by device_contexts.h and deleted by drawing_objects.h.
+// Pens, brushes by description, and rounded rectangles. Called by the image browser for the ring around the
+// selected tile. Pens and brushes are selected with device_contexts.h and deleted with drawing_objects.h.
 #pragma once
 
 #include "platform/types.h"
@@ -15,15 +14,16 @@ struct LOGBRUSH {
     std::uintptr_t lbHatch;
 };
 
-// A pen of one colour, owned by the caller. A width of 0 is one pixel; null for any other style or a negative
-// width.
+// Creates a solid pen, owned by the caller. The width is in pixels; 0 means 1. Returns null for a style other
+// than PS_SOLID or a negative width.
 HPEN CreatePen(int style, int width, COLORREF color);
 
-// A brush, owned by the caller: BS_SOLID, or BS_HOLLOW, which fills nothing. Null for any other style.
+// Creates a BS_SOLID brush, or a BS_HOLLOW one, which fills nothing. The caller owns it. Returns null for any
+// other style.
 HBRUSH CreateBrushIndirect(const LOGBRUSH* description);
 
-// Draws a rectangle with rounded corners: the inside with the selected brush, the outline with the selected
-// pen. The corners may come in any order; right and bottom lie just outside. The outline runs along the
-// outermost pixels of the rectangle, and a wide pen lies half on either side of them. The corners are
-// quarters of an ellipse of the given width and height. FALSE on a bad handle.
+// Draws a rectangle with rounded corners, filled with the selected brush and outlined with the selected pen.
+// left/right and top/bottom may be swapped; the larger one is exclusive. The outline is centred on the
+// outermost pixels of the rectangle, so half of a wide pen falls outside. The corners are quarters of an
+// ellipse of the given width and height. An empty rectangle draws nothing. Returns FALSE for a bad handle.
 BOOL RoundRect(HDC dc, int left, int top, int right, int bottom, int ellipseWidth, int ellipseHeight);

@@ -1,7 +1,7 @@
-// Wave files: one sound at a time, mixed by SDL2_mixer with whatever else the machine plays. Called by the
-// sounds of the front end and by the process entry. The device is opened with the first sound, by a thread of
-// its own, so that a slow, missing or silent sound server costs the caller nothing; without one, all is
-// silence. Music and movies stand in media.h.
+// Wave file playback, one sound at a time. Called by the front end's sounds and by the process entry. A
+// separate thread opens the device on the first PlaySoundA, so that a slow or missing sound server does not
+// block the caller for long; without a device nothing is audible and no error is reported. Music and movies
+// are in media.h.
 #pragma once
 
 #include "platform/types.h"
@@ -11,15 +11,18 @@ constexpr DWORD SND_ASYNC = 0x00001;
 constexpr DWORD SND_NODEFAULT = 0x00002;
 constexpr DWORD SND_FILENAME = 0x20000;
 
-// Ends the sound that plays and plays a file: RIFF WAVE of any usual coding, whatever its name. SND_ASYNC
-// returns at once; SND_SYNC returns at the end of the sound, and at once when there is nothing to hear: no
-// file, a damaged one, no device. A request from outside to end the program ends the sound. The screen stays
-// alive meanwhile, and no message is dispatched. Only plain files are played whose samples, as the device
-// takes them, need at most 64 MiB: nearly six minutes. A null path only ends the sound. SND_FILENAME and
-// SND_NODEFAULT are taken for given, and module must be null. FALSE for a synchronous sound that could not be
-// played.
+// Stops the current sound and plays a file; a null path only stops. The file must be a regular file that
+// contains RIFF WAVE in PCM, floating point, A-law, mu-law or ADPCM, whatever its name, and must need at most
+// 64 MiB once converted to the device's format (nearly six minutes).
+//
+// With SND_ASYNC the call returns immediately. With SND_SYNC it returns after the sound has ended, or
+// immediately if the file is missing or damaged or there is no device; meanwhile the screen is refreshed but
+// no message is dispatched, and an external request to terminate the program stops the sound.
+//
+// SND_FILENAME and SND_NODEFAULT are always implied; `module` is ignored. Returns FALSE only for a
+// synchronous sound that could not be played.
 BOOL PlaySoundA(LPCSTR path, HMODULE module, DWORD flags);
 
-// Inside the platform: gives the sound device up for a child, at once or at the end of the sound that plays.
-// The next sound opens it again.
+// For the platform only: releases the sound device so that a child process can use it, immediately or after
+// the current sound has ended. The next sound reopens it.
 void soundGiveUp();

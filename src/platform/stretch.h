@@ -1,6 +1,5 @@
-// Device-independent bitmaps, and the operations that draw
-// them and read them back. Called by the pictures. The filter
-// that reduces and enlarges stands in resample.h.
+// Device-independent bitmaps: drawing them scaled, and reading a bitmap back into one. Called by the picture
+// code. The scaling filter is in drawing/resample.h.
 #pragma once
 
 #include "platform/types.h"
@@ -26,7 +25,7 @@ struct BITMAPINFOHEADER {
     DWORD biSizeImage;
     LONG biXPelsPerMeter;
     LONG biYPelsPerMeter;
-    DWORD biClrUsed; // entries of the palette; 0 means as many as the bits can tell apart
+    DWORD biClrUsed; // palette entries; 0 means 1 << biBitCount
     DWORD biClrImportant;
 };
 static_assert(sizeof(BITMAPINFOHEADER) == 40);
@@ -37,16 +36,18 @@ struct BITMAPINFO {
 };
 static_assert(sizeof(BITMAPINFO) == 44);
 
-// Draws a whole bitmap of 1, 4, 8 or 24 bits a pixel, stretched to the target rectangle and cut to the
-// surface, and gives the number of its rows; a pixel beyond the palette is black. A target size below 1 draws
-// nothing and gives 0, as does everything that is not offered: a source other than the whole bitmap, rows
-// from the top, a usage other than DIB_RGB_COLORS, an operation other than SRCCOPY. Rows of `bits` are padded
-// to 4 bytes.
+// Draws a whole uncompressed bitmap of 1, 4, 8 or 24 bits per pixel, scaled to the target rectangle and
+// clipped to the surface, and returns its number of rows. Rows of `bits` are padded to 4 bytes. A pixel whose
+// index is beyond the palette is black.
+//
+// Returns 0 and draws nothing if the target width or height is below 1, and in the unsupported cases: a
+// source rectangle other than the whole bitmap, top-down rows, a usage other than DIB_RGB_COLORS, an
+// operation other than SRCCOPY.
 int StretchDIBits(HDC dc, int x, int y, int width, int height, int sourceX, int sourceY, int sourceWidth,
                   int sourceHeight, const void* bits, const BITMAPINFO* info, UINT usage, DWORD operation);
 
-// Copies a bitmap into `bits`, as 24 bits a pixel with rows from the bottom padded to 4 bytes, and gives the
-// number of its rows. 0 unless the header says 24 bits and the size of the bitmap, all rows are asked for,
-// and the usage is DIB_RGB_COLORS.
+// Copies a bitmap into `bits` as 24 bits per pixel, bottom row first, rows padded to 4 bytes, and returns the
+// number of rows. Returns 0 unless the header specifies 24 bits and the size of the bitmap, all rows are
+// requested, and the usage is DIB_RGB_COLORS. `dc` is ignored.
 int GetDIBits(HDC dc, HBITMAP bitmap, UINT firstRow, UINT rows, void* bits, const BITMAPINFO* info,
               UINT usage);

@@ -1,13 +1,13 @@
-// Fonts, text and its metrics. Called by everything that draws
-// text. Text is 8-bit, in the Windows code page 1252, and
-// becomes glyphs here only; one line at a time, without shaping.
+// Fonts, text output and text metrics. Called by everything that draws text. Text is 8-bit in Windows code
+// page 1252 and is mapped to glyphs byte by byte, without shaping or kerning. Each call handles one line;
+// wrapping is left to the caller.
 #pragma once
 
 #include "platform/logical_font.h"
 #include "platform/types.h"
 
-// The documented record; tmHeight, tmAscent, tmDescent, tmInternalLeading, tmExternalLeading and tmWeight are
-// filled, the rest is 0.
+// Win32 text metrics, in pixels. Only tmHeight, tmAscent, tmDescent, tmInternalLeading, tmExternalLeading and
+// tmWeight are filled in; the other fields are 0.
 struct TEXTMETRICA {
     LONG tmHeight;
     LONG tmAscent;
@@ -31,21 +31,22 @@ struct TEXTMETRICA {
     BYTE tmCharSet;
 };
 
-// A font, owned by the caller. The face name is matched as family or full name, without regard to case; a
-// face that is not installed gets a metric-compatible one. A weight or slant that the face lacks is made from
-// it. Null when the machine has no usable font at all or the height is absurd (above 4096 pixels).
+// Creates a font, which the caller deletes with DeleteObject. The face name is matched case-insensitively
+// against family and full names; a face that is not installed is replaced by a metric-compatible one. A bold
+// or slanted style that the face lacks is synthesised. Returns null when no usable font is installed or the
+// absolute height exceeds 4096 pixels.
 HFONT CreateFontIndirectA(const LOGFONTA* description);
 
-// Metrics of the selected font along its own axes, the same at every escapement: the height is ascent plus
-// descent of the font's OS/2 table, the external leading what its hhea table asks for beyond that. FALSE on a
-// bad handle.
+// Retrieves the metrics of the selected font. They do not depend on the escapement. The height is the ascent
+// plus the descent from the font's OS/2 table; the external leading is the part of the hhea line spacing that
+// exceeds it. Returns FALSE for a bad handle.
 BOOL GetTextMetricsA(HDC dc, TEXTMETRICA* metrics);
 
-// Width (sum of the advances) and height of `length` bytes of text in the selected font, along its own axes.
-// FALSE on a bad handle or a negative length.
+// Measures `length` bytes of text in the selected font: cx is the sum of the advances, cy the font height.
+// They do not depend on the escapement. Returns FALSE for a bad handle or a negative length.
 BOOL GetTextExtentPoint32A(HDC dc, LPCSTR text, int length, SIZE* size);
 
-// Draws `length` bytes of text in the text colour. (x, y) is the top left corner of the text cell along the
-// text's own axes, at every escapement. With OPAQUE the cell is filled with the background colour first. Cut
-// to the surface.
+// Draws `length` bytes of text in the text colour, clipped to the surface. (x, y) is the top left corner of
+// the unrotated text cell, which the escapement rotates about that point. In OPAQUE mode the cell is filled
+// with the background colour first. Returns FALSE for a bad handle or a negative length.
 BOOL TextOutA(HDC dc, int x, int y, LPCSTR text, int length);
