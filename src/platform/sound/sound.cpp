@@ -19,9 +19,9 @@ namespace {
 
 using namespace std::chrono_literals;
 
-// How long the caller waits for a device that does not answer.
-constexpr auto longestStart = 2000ms;
-constexpr auto longestRelease = 1000ms; // closing lets what is buffered be heard, a third of a second
+// How long the caller waits for a device that does not respond.
+constexpr auto startTimeout = 2000ms;
+constexpr auto releaseTimeout = 1000ms; // closing plays out the buffer, which takes up to a third of a second
 
 constexpr std::int64_t waitStep = 5 * nanosecondsPerMillisecond;
 
@@ -33,15 +33,15 @@ struct Request {
     std::uint64_t number = 0;
 };
 
-// What the caller and the thread of the device share. Never destroyed: the thread may outlive the program's
-// last line when a sound server hangs.
+// State shared by the caller and the device thread. Never destroyed, because with a hanging sound server the
+// thread may still run while static objects are destroyed.
 struct SoundService {
     std::mutex mutex;
     std::condition_variable changed;
-    std::deque<Request> waiting;
+    std::deque<Request> pending;
     std::uint64_t lastNumber = 0;
-    std::uint64_t served = 0;     // number of the newest request that has been carried out
-    std::int64_t soundLength = 0; // nanoseconds of the sound of that request; 0 for silence
+    std::uint64_t served = 0;     // number of the newest completed request
+    std::int64_t soundLength = 0; // of that request's sound, in nanoseconds; 0 if nothing plays
     bool running = false;
 };
 
@@ -68,11 +68,11 @@ void serveRequests() {
     SoundDevice device;
     std::unique_lock lock(shared.mutex);
     for (;;) {
-        shared.changed.wait_for(lock, device.timeToNextCheck(), [&] { return !shared.waiting.empty(); });
+        shared.changed.wait_for(lock, device.timeToNextCheck(), [&] { return !shared.pending.empty(); });
         std::optional<Request> request;
-        if (!shared.waiting.empty()) {
-            request = shared.waiting.front();
-            shared.waiting.pop_front();
+        if (!shared.pending.empty()) {
+            request = shared.pending.front();
+            shared.pending.pop_front();
         }
         if (request && request->order == Order::quit) {
             return;
@@ -101,19 +101,19 @@ std::uint64_t post(Order order, const std::string& path) {
     SoundService& shared = service();
     const std::lock_guard lock(shared.mutex);
     if (order != Order::release) {
-        shared.waiting.clear(); // what nobody has looked at would be cut off at once
+        shared.pending.clear(); // superseded before the thread has read them
     }
-    shared.waiting.push_back({order, path, ++shared.lastNumber});
+    shared.pending.push_back({order, path, ++shared.lastNumber});
     shared.changed.notify_all();
     return shared.lastNumber;
 }
 
-// The device is closed before the display ends SDL; a server that hangs is left to itself.
+// Closes the device before the display shuts SDL down. Does not wait longer for a server that hangs.
 void endService() {
     SoundService& shared = service();
     post(Order::quit, "");
     std::unique_lock lock(shared.mutex);
-    shared.changed.wait_for(lock, longestRelease, [&] { return !shared.running; });
+    shared.changed.wait_for(lock, releaseTimeout, [&] { return !shared.running; });
 }
 
 bool isRunning() {
@@ -131,11 +131,11 @@ void startService() {
     static_cast<void>(registered);
 }
 
-// The length of the sound in nanoseconds once it plays; 0 when there is nothing to hear. Waits by the
-// machine's own time, which a virtual clock does not see.
+// Waits until the sound plays and returns its length in nanoseconds; 0 if it cannot be played. The time limit
+// uses the real clock, because a virtual clock does not advance while the device thread works.
 std::int64_t waitForStart(std::uint64_t number) {
     SoundService& shared = service();
-    const auto limit = std::chrono::steady_clock::now() + longestStart;
+    const auto limit = std::chrono::steady_clock::now() + startTimeout;
     std::unique_lock lock(shared.mutex);
     while (shared.served != number && std::chrono::steady_clock::now() < limit && !endRequested()) {
         if (!shared.changed.wait_for(lock, 5ms, [&] { return shared.served == number; })) {
@@ -179,5 +179,5 @@ void soundGiveUp() {
     const std::uint64_t number = post(Order::release, "");
     SoundService& shared = service();
     std::unique_lock lock(shared.mutex);
-    shared.changed.wait_for(lock, longestRelease, [&] { return shared.served >= number; });
+    shared.changed.wait_for(lock, releaseTimeout, [&] { return shared.served >= number; });
 }

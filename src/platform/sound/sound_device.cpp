@@ -15,14 +15,15 @@ using namespace std::chrono_literals;
 
 constexpr int wantedFrequency = 48000;
 constexpr int wantedChannels = 2;
-constexpr int bufferFrames = 1024; // 21 ms: a move is heard with its picture
+constexpr int bufferFrames = 1024; // 21 ms, so that a sound starts with the picture it belongs to
 constexpr int channel = 0;
 
-// A machine without sound is asked again only so often, since each try looks for every kind of server.
+// Minimum time between attempts to open a device, because each attempt probes every kind of sound server.
 constexpr auto retryInterval = 5s;
 
-// A server that went away leaves a device that takes sound and plays none. SDL numbers what it opens from 2.
-bool deviceLives() {
+// A device whose server has exited still accepts samples but plays nothing; SDL then reports it as stopped.
+// The mixer does not expose its device ID; SDL assigns IDs from 2 upwards.
+bool deviceIsAlive() {
     constexpr SDL_AudioDeviceID firstDevice = 2;
     constexpr SDL_AudioDeviceID lastDevice = 16;
     for (SDL_AudioDeviceID id = firstDevice; id <= lastDevice; ++id) {
@@ -41,7 +42,7 @@ SoundDevice::~SoundDevice() {
 }
 
 bool SoundDevice::open() {
-    if (opened_ && deviceLives()) {
+    if (opened_ && deviceIsAlive()) {
         return true;
     }
     close();
@@ -96,7 +97,7 @@ void SoundDevice::closeWhenSilent() {
 }
 
 void SoundDevice::check() {
-    if (closeWhenSilent_ && (Mix_Playing(channel) == 0 || !deviceLives())) {
+    if (closeWhenSilent_ && (Mix_Playing(channel) == 0 || !deviceIsAlive())) {
         close();
     }
 }

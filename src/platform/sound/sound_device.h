@@ -1,6 +1,5 @@
-// The sound device and the one sound on it, over SDL2_mixer. Used by the
-// thread of the sound service alone; every call may wait for the sound
-// server. It knows nothing of the front end or of time other than its own.
+// The sound device and the sound that it plays, using SDL2_mixer. Used only by the device thread in
+// sound.cpp, because any call may block on the sound server. Not thread-safe; uses the real clock only.
 #pragma once
 
 #include <SDL_mixer.h>
@@ -13,21 +12,21 @@
 
 class SoundDevice {
 public:
-    // Closes the device and releases what SDL keeps for the thread.
+    // Closes the device and frees SDL's thread-local data, so it must run on the device thread.
     ~SoundDevice();
 
-    // Ends the sound that plays, opens the device when it is closed or dead, and plays the file. Gives the
-    // sound's length in nanoseconds, up to the moment when its end has left the device's buffer; 0 when there
-    // is nothing to hear.
+    // Stops the current sound, opens the device if it is closed or dead, and plays the file. Returns the time
+    // in nanoseconds until the end of the sound has left the device's buffer, or 0 if it cannot be played.
     std::int64_t play(const std::string& path);
 
     void stop();
 
-    // Closes the device now or, from check, after the end of the sound.
+    // Closes the device, immediately if no sound plays, otherwise from check() after the sound has ended.
     void closeWhenSilent();
     void close();
 
-    // Does what has become due, and the time until that wants another look.
+    // Closes the device if that is pending and the sound has ended; timeToNextCheck() returns the interval at
+    // which to call it.
     void check();
     std::chrono::milliseconds timeToNextCheck() const;
 
@@ -44,7 +43,7 @@ private:
     bool closeWhenSilent_ = false;
     int frequency_ = 0;
     int channels_ = 0;
-    std::vector<std::uint8_t> samples_; // of the chunk
+    std::vector<std::uint8_t> samples_; // referenced by chunk_
     Chunk chunk_;
     std::chrono::steady_clock::time_point nextTry_{};
 };

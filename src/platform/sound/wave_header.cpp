@@ -4,19 +4,19 @@
 
 namespace {
 
-constexpr int mostChannels = 8;
-constexpr int lowestFrequency = 4000;
-constexpr int highestFrequency = 192000;
+constexpr int maxChannels = 8;
+constexpr int minFrequency = 4000;
+constexpr int maxFrequency = 192000;
 
 constexpr std::size_t riffBytes = 12;
 constexpr std::size_t chunkHeaderBytes = 8;
 constexpr std::size_t formatBytes = 16;
 constexpr std::size_t extensibleBytes = 40;
-constexpr std::size_t longestExtension = 256; // 34 bytes are usual
+constexpr std::size_t maxExtensionBytes = 256; // 34 bytes are usual
 constexpr std::uint16_t extensibleTag = 0xFFFE;
 
-// Follows the tag of the coding in the identifier of an extensible format.
-constexpr std::string_view subformatTail("\x00\x00\x00\x00\x10\x00\x80\x00\x00\xAA\x00\x38\x9B\x71", 14);
+// The bytes of an extensible format's GUID that follow the two-byte tag of the coding.
+constexpr std::string_view subformatSuffix("\x00\x00\x00\x00\x10\x00\x80\x00\x00\xAA\x00\x38\x9B\x71", 14);
 
 std::uint32_t number(std::string_view bytes, std::size_t offset, int size) {
     std::uint32_t value = 0;
@@ -31,7 +31,7 @@ struct Chunk {
     std::uint32_t size = 0;
 };
 
-// The first chunk of the name whose header lies in `start`.
+// Returns the first chunk of that name whose header is within `start`.
 std::optional<Chunk> findChunk(std::string_view start, std::string_view name) {
     std::uint64_t offset = riffBytes;
     while (offset + chunkHeaderBytes <= start.size()) {
@@ -45,21 +45,21 @@ std::optional<Chunk> findChunk(std::string_view start, std::string_view name) {
     return {};
 }
 
-// The tag of the coding; 0 for an extensible format without one.
+// Returns the tag of the coding, or 0 for an extensible format that has none or that is ADPCM.
 std::uint32_t tagOf(std::string_view format) {
     const std::uint32_t tag = number(format, 0, 2);
     if (tag != extensibleTag) {
         return tag;
     }
-    const bool known = format.size() >= extensibleBytes && format.substr(26, 14) == subformatTail;
+    const bool known = format.size() >= extensibleBytes && format.substr(26, 14) == subformatSuffix;
     const std::uint32_t subformat = known ? number(format, 24, 2) : 0;
     const bool adpcm = subformat == static_cast<std::uint32_t>(WaveCoding::msAdpcm) ||
                        subformat == static_cast<std::uint32_t>(WaveCoding::imaAdpcm);
-    return adpcm ? 0 : subformat; // an extensible format has no room for what these need
+    return adpcm ? 0 : subformat; // an extensible format has no room for their parameters
 }
 
-// Checks that bits and block fit the coding, and counts the samples of a block.
-bool completeBlock(WaveHeader& header) {
+// Returns whether the sample and block sizes are valid for the coding, and sets blockFrames.
+bool setBlockFrames(WaveHeader& header) {
     const int channels = header.channels;
     const int bits = header.bits;
     header.blockFrames = 1;
@@ -72,12 +72,12 @@ bool completeBlock(WaveHeader& header) {
     case WaveCoding::muLaw:
         return bits == 8 && header.blockBytes == channels;
     case WaveCoding::msAdpcm: {
-        const int start = 7 * channels; // two samples of each channel among it
+        const int start = 7 * channels; // block header, contains two samples of each channel
         header.blockFrames = 2 + (header.blockBytes - start) * 2 / channels;
         return bits == 4 && header.blockBytes >= start;
     }
     case WaveCoding::imaAdpcm: {
-        const int start = 4 * channels; // one sample of each channel among it
+        const int start = 4 * channels; // block header, contains one sample of each channel
         header.blockFrames = 1 + (header.blockBytes - start) * 2 / channels;
         return bits == 4 && header.blockBytes >= start;
     }
@@ -92,13 +92,13 @@ bool readFormat(std::string_view format, WaveHeader& header) {
     header.channels = static_cast<int>(number(format, 2, 2));
     header.blockBytes = static_cast<int>(number(format, 12, 2));
     header.bits = static_cast<int>(number(format, 14, 2));
-    if (header.channels < 1 || header.channels > mostChannels || frequency < lowestFrequency ||
-        frequency > highestFrequency || !completeBlock(header)) {
+    if (header.channels < 1 || header.channels > maxChannels || frequency < minFrequency ||
+        frequency > maxFrequency || !setBlockFrames(header)) {
         return false;
     }
     header.frequency = static_cast<int>(frequency);
     if (header.coding == WaveCoding::msAdpcm || header.coding == WaveCoding::imaAdpcm) {
-        header.extension = format.substr(formatBytes, longestExtension);
+        header.extension = format.substr(formatBytes, maxExtensionBytes);
     }
     return true;
 }

@@ -1,6 +1,6 @@
-// The header of a wave file: which coding it names, and where and how long its sound is. Called by the wave
-// sounds before anything is decoded. It takes bytes from anywhere, allocates nothing of their size and knows
-// neither files nor devices.
+// Parses and validates the header of a wave file: its coding, and the offset and size of its sound data.
+// Called by wave_sound.cpp before anything is decoded. The bytes are untrusted; nothing is allocated. Reading
+// the file and decoding are left to the caller.
 #pragma once
 
 #include <cstdint>
@@ -21,20 +21,21 @@ struct WaveHeader {
     int channels = 0;              // 1 to 8
     int frequency = 0;             // hertz, 4,000 to 192,000
     int bits = 0;                  // of a sample
-    int blockBytes = 0;            // a block of ADPCM, and otherwise one sample of each channel
-    int blockFrames = 0;           // samples of a channel in a block, at most
-    std::string_view extension;    // what the format record holds beyond its 16 fixed bytes, of ADPCM only
+    int blockBytes = 0;            // ADPCM: one block; otherwise one sample of each channel
+    int blockFrames = 0;           // maximum samples per channel in a block
+    std::string_view extension;    // format chunk beyond its 16 fixed bytes, ADPCM only; a view of `start`
     std::uint64_t soundOffset = 0; // bytes from the start of the file
-    std::uint64_t soundBytes = 0;  // whole blocks that lie inside the file
+    std::uint64_t soundBytes = 0;  // whole blocks within the file
 };
 
-// Reads the header from the start of a file of so many bytes. The fields above are within the bounds stated
-// there and agree with each other. Nothing for a file that is not RIFF WAVE, names another coding or values
-// out of bounds, or has more before its sound than `start` holds.
+// Parses the header from `start`, the first bytes of a file of `fileSize` bytes. The fields of the result are
+// within the bounds stated above and consistent with each other. Returns nothing if the file is not RIFF
+// WAVE, its coding is unsupported, a value is out of bounds, or the sound data begins beyond `start`.
 std::optional<WaveHeader> readWaveHeader(std::string_view start, std::uint64_t fileSize);
 
-// The most samples of each channel that the sound can hold.
+// Returns the maximum number of samples per channel that the sound can contain.
 std::uint64_t waveFrames(const WaveHeader& header);
 
-// The bytes that so many of them take as 16-bit samples of another frequency and number of channels.
+// Returns the size in bytes of `frames` samples per channel after conversion to 16-bit samples of the given
+// frequency (hertz) and number of channels.
 std::uint64_t convertedWaveBytes(const WaveHeader& header, std::uint64_t frames, int frequency, int channels);

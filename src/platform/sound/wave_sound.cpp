@@ -15,14 +15,14 @@
 
 namespace {
 
-constexpr std::uint64_t largestSound = std::uint64_t{64} << 20; // bytes, converted
+constexpr std::uint64_t maxSoundBytes = std::uint64_t{64} << 20; // bytes, converted
 
-// Tags and pictures may lie before the sound.
-constexpr std::size_t longestStart = std::size_t{1} << 20;
+// Bytes of the file that are searched for the header, since tags and pictures may precede the sound data.
+constexpr std::size_t maxHeaderBytes = std::size_t{1} << 20;
 
 constexpr std::size_t pieceBytes = std::size_t{64} << 10;
 
-// Reads up to so many bytes, fewer only at the end of the file.
+// Reads `size` bytes, or fewer at the end of the file or after a read error.
 std::string readPart(const FileDescriptor& file, std::size_t size) {
     std::string part(size, '\0');
     std::size_t filled = 0;
@@ -47,7 +47,8 @@ void appendChunk(std::string& text, const char* name, const std::string& content
     text += content;
 }
 
-// A wave file of its own around some blocks of the sound, with nothing in it that was not checked.
+// Wraps some blocks of the sound in a complete wave file built from the validated header only, so that the
+// decoder never sees unchecked bytes of the original header.
 std::string pieceFile(const WaveHeader& header, const std::string& blocks) {
     const auto frequency = static_cast<std::size_t>(header.frequency);
     const auto blockBytes = static_cast<std::size_t>(header.blockBytes);
@@ -68,9 +69,9 @@ std::string pieceFile(const WaveHeader& header, const std::string& blocks) {
     return file;
 }
 
-// Converts decoded samples in steps that end where samples of both frequencies meet, so that no step is
-// heard. Each is converted together with its neighbourhood, further than SDL's filter reaches. The result
-// never grows beyond its capacity.
+// Converts decoded samples in steps. A step ends where sample positions of both frequencies coincide and is
+// converted with margins wider than SDL's filter, so that the seams are inaudible. The result never grows
+// beyond its capacity.
 class Converter {
 public:
     Converter(const SDL_AudioSpec& from, int frequency, int channels)
@@ -89,23 +90,23 @@ public:
         stepBytes_ = stepUnits * unit * frameBytes_;
         convertedMargin_ = marginUnits * unitBytes;
         convertedStep_ = stepUnits * unitBytes;
-        waiting_.assign(marginBytes_, silence_);
+        pending_.assign(marginBytes_, silence_);
     }
 
     bool usable() const { return usable_; }
 
     void add(const Uint8* samples, std::size_t size, std::vector<std::uint8_t>& result) {
-        waiting_.insert(waiting_.end(), samples, samples + size);
+        pending_.insert(pending_.end(), samples, samples + size);
         addedBytes_ += size;
         std::size_t start = 0;
-        for (; waiting_.size() - start >= stepBytes_ + 2 * marginBytes_; start += stepBytes_) {
-            convertStep(waiting_.data() + start, result);
+        for (; pending_.size() - start >= stepBytes_ + 2 * marginBytes_; start += stepBytes_) {
+            convertStep(pending_.data() + start, result);
         }
-        waiting_.erase(waiting_.begin(), waiting_.begin() + static_cast<std::ptrdiff_t>(start));
+        pending_.erase(pending_.begin(), pending_.begin() + static_cast<std::ptrdiff_t>(start));
     }
 
-    // Converts what is left, with silence after it. Gives the number of samples of each channel that were
-    // added.
+    // Converts the remaining samples, followed by silence. Returns the number of samples per channel added in
+    // total.
     std::uint64_t finish(std::vector<std::uint8_t>& result) {
         const std::uint64_t frames = addedBytes_ / frameBytes_;
         const std::vector<Uint8> silence(stepBytes_ + marginBytes_, silence_);
@@ -114,7 +115,7 @@ public:
     }
 
 private:
-    static constexpr std::size_t filterFrames = 512; // what SDL's own streams keep, of the lower frequency
+    static constexpr std::size_t filterFrames = 512; // as SDL's audio streams use, at the lower frequency
     static constexpr std::size_t stepFrames = std::size_t{1} << 14;
 
     void convertStep(const Uint8* window, std::vector<std::uint8_t>& result) {
@@ -138,14 +139,14 @@ private:
     std::size_t convertedMargin_ = 0;
     std::size_t convertedStep_ = 0;
     std::uint64_t addedBytes_ = 0;
-    std::vector<Uint8> waiting_; // a margin of what was converted before, then what has to be
+    std::vector<Uint8> pending_; // the margin, already converted, then samples to convert
 };
 
 struct FreeSamples {
     void operator()(Uint8* samples) const { SDL_FreeWAV(samples); }
 };
 
-// Decodes all blocks from the file's present place on.
+// Decodes all blocks, starting at the current file offset.
 void decode(const FileDescriptor& file, const WaveHeader& header, int frequency, int channels,
             std::vector<std::uint8_t>& result) {
     const auto blockBytes = static_cast<std::uint64_t>(header.blockBytes);
@@ -187,11 +188,11 @@ std::vector<std::uint8_t> loadWaveSound(const std::string& path, int frequency, 
     if (!file.isOpen() || fstat(file.number(), &status) != 0) {
         return {};
     }
-    const std::string start = readPart(file, longestStart);
+    const std::string start = readPart(file, maxHeaderBytes);
     const auto header = readWaveHeader(start, static_cast<std::uint64_t>(status.st_size));
     const std::uint64_t size =
         header ? convertedWaveBytes(*header, waveFrames(*header), frequency, channels) : 0;
-    if (size == 0 || size > largestSound ||
+    if (size == 0 || size > maxSoundBytes ||
         lseek(file.number(), static_cast<off_t>(header->soundOffset), SEEK_SET) < 0) {
         return {};
     }

@@ -1,11 +1,12 @@
-// Wave files as samples for a device: read, decoded and converted in pieces, so that the memory of a sound is
-// that of its result. Called by the sound device. It plays nothing and reports nothing but by its result.
+// Loads wave files as samples in the device's format. Called by the sound device, which plays them. A file is
+// read, decoded and converted in pieces, so that peak memory use is close to the size of the result.
 #pragma once
 
 #include <cstdint>
 #include <string>
 #include <vector>
 
-// The whole sound as 16-bit samples of that frequency and number of channels. Empty for silence: no plain
-// file, no wave file whose header makes sense, or more than 64 MiB of samples.
+// Returns the whole sound as interleaved 16-bit samples at the given frequency (hertz) and number of
+// channels. Returns an empty vector if the path is not a regular file, the header is invalid (wave_header.h),
+// or the result would exceed 64 MiB. A sound that is damaged further on ends where decoding fails.
 std::vector<std::uint8_t> loadWaveSound(const std::string& path, int frequency, int channels);

@@ -20,7 +20,7 @@ std::optional<WaveHeader> headerOf(const std::string& bytes) {
 
 } // namespace
 
-TEST(WaveHeader, AcceptsWhatSoundCardsPlay) {
+TEST(WaveHeader, AcceptsTheSupportedCodings) {
     const Coding codings[] = {
         {"8 bits", 1, 1, 4000, 8},
         {"16", 1, 8, 192000, 16},
@@ -32,7 +32,7 @@ TEST(WaveHeader, AcceptsWhatSoundCardsPlay) {
         {"MS", 2, 2, 22050, 4},
         {"IMA", 17, 2, 22050, 4},
         {"extensible", 1, 6, 48000, 24, true},
-        {"its float", 3, 2, 44100, 32, true},
+        {"extensible float", 3, 2, 44100, 32, true},
     };
     for (const Coding& coding : codings) {
         const auto header = headerOf(wave(coding));
@@ -49,7 +49,7 @@ TEST(WaveHeader, AcceptsWhatSoundCardsPlay) {
     }
 }
 
-TEST(WaveHeader, RefusesWhatMakesNoSense) {
+TEST(WaveHeader, RejectsInvalidAndUnsupportedHeaders) {
     const Coding codings[] = {
         {"slow", 1, 1, 3999, 8},        {"fast", 1, 1, 192001, 16},
         {"no channel", 1, 0, 8000, 8},  {"nine", 1, 9, 8000, 8},
@@ -92,7 +92,7 @@ TEST(WaveHeader, CountsOnlyWholeBlocksInsideTheFile) {
               (0xFFFFFFFCULL * 96000 + 44099) / 44100 * 2);
 }
 
-TEST(WaveHeader, DamagedOnesKeepToTheirBounds) {
+TEST(WaveHeader, DamagedHeadersStayWithinTheirBounds) {
     std::mt19937 random(7);
     const Coding codings[] = {sound, {"", 2, 2, 22050, 4}, {"", 17, 1, 22050, 4}, {"", 1, 2, 8000, 8, true}};
     int accepted = 0;

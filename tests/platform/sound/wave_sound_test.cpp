@@ -13,7 +13,7 @@ namespace {
 
 constexpr int frequency = 48000;
 
-// The left samples.
+// The samples of the left channel.
 std::vector<int> samplesOf(const std::vector<std::uint8_t>& bytes) {
     std::vector<int> samples;
     for (std::size_t at = 0; at + 4 <= bytes.size(); at += 4) {
@@ -26,7 +26,7 @@ std::vector<int> samplesOf(const std::vector<std::uint8_t>& bytes) {
 
 } // namespace
 
-TEST(WaveSound, IsConvertedInPiecesWithoutASeam) {
+TEST(WaveSound, ConvertsInPiecesWithoutSeams) {
     const TemporaryFolder folder;
     for (const std::uint32_t rate : {44100U, 44101U, 8000U, 96000U}) {
         std::string sound;
