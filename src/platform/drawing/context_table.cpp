@@ -7,8 +7,8 @@ namespace {
 
 constexpr unsigned deviceContextHandleKind = 2;
 
-// As for objects: a limit that only a program that forgets to delete can reach.
-constexpr std::size_t largestContextCount = 10000;
+// Far above normal use, so that a leak of device contexts fails here before it exhausts memory.
+constexpr std::size_t maxContextCount = 10000;
 
 HandleTable<DeviceContext>& contexts() {
     static HandleTable<DeviceContext> table(deviceContextHandleKind);
@@ -22,7 +22,7 @@ std::uintptr_t numberOf(HDC dc) {
 } // namespace
 
 HDC addContext(HGDIOBJ bitmap, Surface* surface) {
-    if (contexts().size() >= largestContextCount) {
+    if (contexts().size() >= maxContextCount) {
         return nullptr;
     }
     auto context = std::make_unique<DeviceContext>();

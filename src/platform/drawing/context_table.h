@@ -1,15 +1,14 @@
-// The inside of a device context, for the drawing and text operations:
-// what is selected in it and its text state. Inside the platform only.
-// The selected objects themselves belong to object_table.h.
+// The table of device contexts: the state of each one, looked up by handle. Used by the drawing and text
+// operations and by windows, inside the platform only. The selected objects are owned by object_table.h.
 #pragma once
 
 #include "platform/device_contexts.h"
 #include "platform/drawing/surface.h"
 
-struct FontObject; // fonts.h
+struct FontObject; // fonts/fonts.h
 
 struct DeviceContext {
-    Surface* surface = nullptr; // never null: the selected bitmap's, or the window's
+    Surface* surface = nullptr; // not owned, never null: the selected bitmap's or the window's
     HGDIOBJ bitmap = nullptr;   // null in a window's device context
     HGDIOBJ brush = nullptr;
     HGDIOBJ pen = nullptr;
@@ -19,18 +18,19 @@ struct DeviceContext {
     int backgroundMode = OPAQUE;
 };
 
-// Makes a context that draws into the selected bitmap, or into the surface when the bitmap is null, with the
-// stock objects selected. Null when there are too many. The context must exist where one is removed.
+// Creates a device context that draws into `surface`, with the stock brush, pen and font selected. `surface`
+// is that of `bitmap`, or any other with a null bitmap. Returns null if 10,000 device contexts exist.
+// removeContext requires a valid handle.
 HDC addContext(HGDIOBJ bitmap, Surface* surface);
 void removeContext(HDC dc);
 
-// The record behind a handle, or null. Valid until the context is deleted.
+// Returns the device context of a handle, or null for a bad handle. Valid until it is deleted.
 DeviceContext* findDeviceContext(HDC dc);
 
-// The font selected in a context: the system font when none was, null when the machine has no font.
+// Returns the font selected in a device context, initially the system font. Null if no font is installed.
 FontObject* selectedFont(const DeviceContext& context);
 
-// A device context that draws into a surface of somebody else's, which must outlive it and may be resized
-// under it. Ended by deleteSurfaceDC; DeleteDC does not end it.
+// Creates a device context that draws into a surface owned by the caller. The surface must outlive the device
+// context and may be resized meanwhile. Delete it with deleteSurfaceDC; DeleteDC refuses it.
 HDC createSurfaceDC(Surface* surface);
 bool deleteSurfaceDC(HDC dc);

@@ -9,9 +9,9 @@ namespace {
 
 constexpr COLORREF invalidColor = 0xFFFFFFFF;
 
-// Whether the context may take the bitmap: a bitmap that others draw into at the same time is shared by
-// nobody, but the stock bitmap that every new context holds is.
-bool mayTakeBitmap(const DeviceContext& context, HGDIOBJ handle, const GdiObject& bitmap) {
+// A bitmap can be selected in one memory device context at a time, except the stock bitmap, which is selected
+// in every new one.
+bool canSelectBitmap(const DeviceContext& context, HGDIOBJ handle, const GdiObject& bitmap) {
     return context.bitmap && (bitmap.stock || bitmap.selections == 0 || context.bitmap == handle);
 }
 
@@ -39,7 +39,7 @@ HGDIOBJ SelectObject(HDC dc, HGDIOBJ handle) {
     }
     HGDIOBJ* place = &context->font;
     if (Surface* surface = std::get_if<Surface>(&object->content)) {
-        if (!mayTakeBitmap(*context, handle, *object)) {
+        if (!canSelectBitmap(*context, handle, *object)) {
             return nullptr;
         }
         context->surface = surface;

@@ -10,15 +10,15 @@
 
 namespace {
 
-// One axis of a copy: where it starts in the target and the source, and how many pixels it takes.
+// One axis of a copy, in pixels: its start in the target and in the source, and its length.
 struct Span {
     std::int64_t target = 0;
     std::int64_t source = 0;
     std::int64_t length = 0;
 };
 
-// Cuts a span to the sizes of both surfaces.
-Span cut(Span span, std::int64_t targetSize, std::int64_t sourceSize) {
+// Clips a span to the sizes of both surfaces.
+Span clip(Span span, std::int64_t targetSize, std::int64_t sourceSize) {
     const std::int64_t skipped = std::max({std::int64_t{0}, -span.target, -span.source});
     span.target += skipped;
     span.source += skipped;
@@ -26,12 +26,12 @@ Span cut(Span span, std::int64_t targetSize, std::int64_t sourceSize) {
     return span;
 }
 
-// Rows go in the order in which no source row is written before it is read; memmove does the same inside a
-// row.
+// On an overlapping copy downwards the rows are copied from the last to the first, so that no source row is
+// overwritten before it is read; memmove does the same within a row.
 void copyRows(Surface& target, const Surface& source, const Span& across, const Span& down) {
-    const bool upwards = down.target > down.source;
+    const bool lastRowFirst = down.target > down.source;
     for (std::int64_t i = 0; i < down.length; ++i) {
-        const std::int64_t line = upwards ? down.length - 1 - i : i;
+        const std::int64_t line = lastRowFirst ? down.length - 1 - i : i;
         std::memmove(target.row(static_cast<int>(down.target + line)) + across.target,
                      source.row(static_cast<int>(down.source + line)) + across.source,
                      static_cast<std::size_t>(across.length) * sizeof(std::uint32_t));
@@ -61,8 +61,8 @@ BOOL BitBlt(HDC target, int x, int y, int width, int height, HDC source, int sou
     }
     Surface& to = *targetContext->surface;
     const Surface& from = *sourceContext->surface;
-    const Span across = cut({x, sourceX, width}, to.width, from.width);
-    const Span down = cut({y, sourceY, height}, to.height, from.height);
+    const Span across = clip({x, sourceX, width}, to.width, from.width);
+    const Span down = clip({y, sourceY, height}, to.height, from.height);
     if (across.length > 0 && down.length > 0) {
         copyRows(to, from, across, down);
     }

@@ -8,28 +8,27 @@ namespace {
 
 constexpr unsigned objectHandleKind = 3;
 
-// More than any sound use needs; a program that forgets to delete is stopped here and not by the machine's
-// memory.
-constexpr std::size_t largestObjectCount = 10000;
+// Far above normal use, so that a leak of objects fails here before it exhausts memory.
+constexpr std::size_t maxObjectCount = 10000;
 
 HandleTable<GdiObject>& objects() {
     static HandleTable<GdiObject> table(objectHandleKind);
     return table;
 }
 
-// A handle is a number in the clothes of a pointer and is never followed.
+// A handle is a number cast to a pointer type; it is never dereferenced.
 std::uintptr_t numberOf(HGDIOBJ handle) {
     return reinterpret_cast<std::uintptr_t>(handle);
 }
 
 HGDIOBJ add(std::unique_ptr<GdiObject> object) {
-    if (objects().size() >= largestObjectCount) {
+    if (objects().size() >= maxObjectCount) {
         return nullptr;
     }
     return reinterpret_cast<HGDIOBJ>(objects().insert(std::move(object)));
 }
 
-// A brush, a pen or a font.
+// Content is that of a brush, a pen or a font.
 template <typename Content> std::unique_ptr<GdiObject> objectOf(Content content) {
     auto object = std::make_unique<GdiObject>();
     object->content = std::move(content);

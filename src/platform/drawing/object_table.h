@@ -1,7 +1,7 @@
-// Bitmaps, brushes, pens and fonts behind their handles: how they are made, counted while selected, and
-// ended. Three rules carry them: a count of selections, deletion that waits for it, stock objects that
-// survive it. Called by the device contexts and the drawing operations, inside the platform only; it knows
-// nothing of contexts or of drawing.
+// The table of drawing objects: it owns bitmaps, brushes, pens and fonts, looked up by handle. Objects are
+// reference-counted by the device contexts that have them selected: a deleted object is destroyed when that
+// count reaches 0, a stock object never. Called by the device contexts and the drawing operations, inside the
+// platform only.
 #pragma once
 
 #include "platform/drawing/surface.h"
@@ -18,41 +18,41 @@ struct Pen {
 };
 
 struct GdiObject {
-    // A bitmap, the colour of a brush, a brush that fills nothing, a pen, or a font. The font is null only in
-    // the system font before its first use and on a machine without fonts.
+    // A bitmap, a solid brush (its colour), a hollow brush, a pen, or a font. The font is null only in the
+    // system font, which is loaded on first use, and stays null if no font is installed.
     std::variant<Surface, COLORREF, HollowBrush, Pen, std::unique_ptr<FontObject>> content;
     int selections = 0; // device contexts that have it selected
     bool stock = false;
-    bool deleted = false; // DeleteObject came while it was selected
+    bool deleted = false; // DeleteObject was called while it was selected
 };
 
 enum class Stock { Bitmap, BlackBrush, WhiteBrush, BlackPen, SystemFont };
 
-// Shared objects that live as long as the program: a 1x1 bitmap, two brushes, and the pen and font of a new
-// device context.
+// Returns a shared object that exists until the program ends: a 1x1 bitmap, a brush, or the pen or font of a
+// new device context.
 HGDIOBJ stockObject(Stock which);
 
-// The object behind a handle, or null. One that was deleted while selected is given only by findSelected.
+// Return the object of a handle, or null for a bad handle. findSelected also returns objects that were
+// deleted while selected.
 GdiObject* findObject(HGDIOBJ handle);
 GdiObject* findSelected(HGDIOBJ handle);
 
-// As DeleteObject. False when there is no such object.
+// Deletes an object by the rules of DeleteObject. Returns false for a bad handle.
 bool deleteObject(HGDIOBJ handle);
 
-// Counts a selection in and out. Letting go of the last selection of a deleted object ends it.
+// Increments and decrements the selection count. letGoObject destroys a deleted object whose count reaches 0.
 void holdObject(HGDIOBJ handle);
 void letGoObject(HGDIOBJ handle);
 
-// Makes an object, owned by the handle; null when there are too many objects, and for a bitmap without
-// memory.
+// Create an object, owned by the table until it is deleted. Return null if 10,000 objects exist; addBitmap
+// also for a size that Surface::resize refuses.
 HBITMAP addBitmap(int width, int height);
 HBRUSH addBrush(COLORREF color);
 HPEN addPen(const Pen& pen);
 HBRUSH addHollowBrush();
 
-// Makes a font an object of its own, owned by the handle; null for a null font.
+// Adds a font to the table, which takes ownership. Returns null for a null font or if 10,000 objects exist.
 HFONT adoptFont(std::unique_ptr<FontObject> font);
 
-// Objects that live, those of the stock included. Constant after balanced use: the tests look for leaks with
-// it.
+// Returns the number of existing objects, including stock objects. Used by the tests to detect leaks.
 std::size_t liveObjectCount();

@@ -8,8 +8,9 @@
 
 namespace {
 
-// A picture that is reduced further is thinned out first, which bounds time and memory for monsters.
-constexpr int largestReduction = 32;
+// A picture that is reduced by more than this is subsampled first, which bounds time and memory for huge
+// pictures.
+constexpr int maxReduction = 32;
 
 constexpr double filterRadius = 2;
 
@@ -21,7 +22,7 @@ double catmullRom(double distance) {
     return x < filterRadius ? ((-0.5 * x + 2.5) * x - 4) * x + 2 : 0;
 }
 
-// One direction of a stretch: which pixels of the source make a pixel of the target, and with which weights.
+// One axis of a resampling: which source pixels contribute to a target pixel, and with which weights.
 class Axis {
 public:
     Axis(int source, int target)
@@ -31,10 +32,10 @@ public:
         exact_.resize(static_cast<std::size_t>(count_));
     }
 
-    // Weights of each target pixel. One more than are used where their number is odd.
+    // Number of weights per target pixel, rounded up to even.
     int taps() const { return count_ + count_ % 2; }
 
-    // Fills taps() weights, which sum to 1 << weightBits, and gives the first source pixel.
+    // Writes taps() weights, which sum to 1 << weightBits, and returns the first source pixel.
     int weightsOf(std::int64_t target, std::int16_t* weights) {
         const double center = (static_cast<double>(target) + 0.5) * scale_ - 0.5;
         const auto wanted = static_cast<std::int64_t>(std::ceil(center - filterRadius * width_));
@@ -45,45 +46,46 @@ public:
             sum += exact_[static_cast<std::size_t>(tap)];
         }
         std::fill_n(weights, taps(), std::int16_t{0});
-        int rest = 1 << weightBits;
+        int remainder = 1 << weightBits;
         for (int tap = 0; tap < count_; ++tap) {
             const double share = exact_[static_cast<std::size_t>(tap)] / sum;
             weights[tap] = static_cast<std::int16_t>(std::lround(share * (1 << weightBits)));
-            rest -= weights[tap];
+            remainder -= weights[tap];
         }
-        // What rounding left over, so that an even colour stays as it is.
-        *std::max_element(weights, weights + count_) += static_cast<std::int16_t>(rest);
+        // The largest weight absorbs the rounding error, so that a uniform colour is reproduced exactly.
+        *std::max_element(weights, weights + count_) += static_cast<std::int16_t>(remainder);
         return first;
     }
 
 private:
     int source_;
-    double scale_; // source pixels for one target pixel
-    double width_; // how far the filter is widened
+    double scale_; // source pixels per target pixel
+    double width_; // factor by which the filter is widened, at least 1
     int count_ = 0;
     std::vector<double> exact_;
 };
 
-// The pixels of an axis that are kept: every `step`-th.
-struct Thinned {
+// Subsampling of an axis: every `step`-th source pixel is used, `count` in total.
+struct Subsampling {
     int step = 1;
     int count = 0;
 
-    Thinned(int source, int target) {
-        const std::int64_t most = static_cast<std::int64_t>(target) * largestReduction;
+    Subsampling(int source, int target) {
+        const std::int64_t most = static_cast<std::int64_t>(target) * maxReduction;
         step = static_cast<int>((source + most - 1) / most);
         count = (source + step - 1) / step;
     }
 };
 
-// Gives rows of the source from the top, as blue, green and red bytes. Those that have to be unpacked are
-// kept while a stretch may still ask for them: as many as lie under the filter at a time.
+// Returns rows of the source, counted from the top, as blue, green and red bytes. Rows that need unpacking
+// are cached; the cache holds as many rows as the filter covers at once.
 class RowReader {
 public:
-    RowReader(const PictureSource& source, const Thinned& columns, const Thinned& rows)
+    RowReader(const PictureSource& source, const Subsampling& columns, const Subsampling& rows)
         : source_(source), columns_(columns), rows_(rows) {}
 
-    void keep(int rows) {
+    // Sets the number of rows to cache, unless rows can be read in place.
+    void setCacheSize(int rows) {
         if (source_.bitsPerPixel == 24 && columns_.step == 1) {
             return;
         }
@@ -132,14 +134,14 @@ private:
     }
 
     const PictureSource& source_;
-    Thinned columns_;
-    Thinned rows_;
+    Subsampling columns_;
+    Subsampling rows_;
     std::vector<Unpacked> unpacked_;
 };
 
-// Where and with what the pixels of one target row are made from a mixed row.
+// The start values and weights from which mixColumns computes the pixels of a target row.
 struct Columns {
-    std::vector<std::int32_t> starts; // values, three a pixel
+    std::vector<std::int32_t> starts; // index of the first value, three values per pixel
     std::vector<std::int16_t> weights;
     int taps = 0;
 
@@ -164,12 +166,12 @@ void resample(const PictureSource& source, const Placement& place, Surface& targ
     if (left >= right || top >= bottom) {
         return;
     }
-    const Thinned across(source.width, place.width);
-    const Thinned down(source.height, place.height);
+    const Subsampling across(source.width, place.width);
+    const Subsampling down(source.height, place.height);
     const Columns columns(Axis(across.count, place.width), left - place.x, right - left);
     Axis rowAxis(down.count, place.height);
     RowReader reader(source, across, down);
-    reader.keep(rowAxis.taps());
+    reader.setCacheSize(rowAxis.taps());
     std::vector<std::int16_t> weights(static_cast<std::size_t>(rowAxis.taps()));
     std::vector<const std::uint8_t*> rows(weights.size());
     std::vector<std::int16_t> mixed(3 * static_cast<std::size_t>(across.count) + mixedSlack);

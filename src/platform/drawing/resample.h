@@ -1,6 +1,5 @@
-// The filter that reduces and enlarges pictures: Catmull-Rom, widened by the factor of a reduction, rows
-// first and then columns. Called by StretchDIBits. It draws only what lies on the surface and knows nothing
-// of device contexts or bitmap headers.
+// Picture scaling with a separable Catmull-Rom filter, widened by the factor of a reduction. Called by
+// StretchDIBits, which interprets the bitmap header. Only the pixels on the surface are computed.
 #pragma once
 
 #include "platform/drawing/surface.h"
@@ -8,17 +7,17 @@
 #include <array>
 #include <cstddef>
 
-// A picture of 1, 4, 8 or 24 bits a pixel, rows from the bottom up; 24 bits are blue, green, red.
+// A picture of 1, 4, 8 or 24 bits per pixel, bottom row first; 24 bits are blue, green, red. Not owned.
 struct PictureSource {
     const std::uint8_t* bits = nullptr;
     int width = 0;
     int height = 0;
     int bitsPerPixel = 0;
-    std::size_t stride = 0;                      // bytes from row to row
-    std::array<std::uint32_t, 256> palette = {}; // 0x00RRGGBB, for 8 bits and fewer
+    std::size_t stride = 0;                      // bytes per row
+    std::array<std::uint32_t, 256> palette = {}; // 0x00RRGGBB, up to 8 bits per pixel
 };
 
-// Where the picture goes. Any part may lie outside of the surface.
+// The target rectangle in pixels, which may extend beyond the surface.
 struct Placement {
     int x = 0;
     int y = 0;
@@ -26,4 +25,5 @@ struct Placement {
     int height = 0; // at least 1
 };
 
+// Draws the picture scaled to the target rectangle and clipped to the surface.
 void resample(const PictureSource& source, const Placement& place, Surface& target);

@@ -1,24 +1,24 @@
-// The two inner loops of the picture filter, in whole numbers. Called by resample.cpp only. The build takes
-// resample_rows_sse2.cpp where the processor has it and resample_rows_plain.cpp elsewhere; both give the same
-// result to the bit.
+// The two inner loops of the picture filter, in fixed-point arithmetic. Called by resample.cpp only. The
+// build compiles resample_rows_sse2.cpp on processors with SSE2 and resample_rows_plain.cpp elsewhere; both
+// produce bit-identical results.
 #pragma once
 
 #include <cstddef>
 #include <cstdint>
 
-// The weights of one result sum to 1 << weightBits. Between the loops a value has mixedBits below the point,
-// and room above it for what the filter overshoots.
+// The weights of one result sum to 1 << weightBits. Between the loops, values have mixedBits fractional bits
+// and headroom for the overshoot of the filter.
 constexpr int weightBits = 14;
 constexpr int mixedBits = 6;
 
-// Bytes and values that an inner loop may read beyond the last one that counts.
+// Number of values that the loops may read beyond the end of a mixed row.
 constexpr std::size_t mixedSlack = 8;
 
-// Mixes `count` rows of `length` bytes into one. `count` is even.
+// Computes the weighted sum of `count` rows of `length` bytes. `count` is even.
 void mixRows(const std::uint8_t* const* rows, const std::int16_t* weights, int count, std::int16_t* mixed,
              int length);
 
-// Mixes neighbouring pixels of a mixed row of blue, green, red values into `count` pixels 0x00RRGGBB. Pixel i
-// takes `taps` pixels from value starts[i] on, with weights[i * taps] and so on; `taps` is even.
+// Computes `count` pixels 0x00RRGGBB from a mixed row of blue, green and red values. Pixel i is the sum of
+// `taps` pixels, starting at mixed[starts[i]], weighted by weights[i * taps] onwards. `taps` is even.
 void mixColumns(const std::int16_t* mixed, const std::int32_t* starts, const std::int16_t* weights, int taps,
                 std::uint32_t* pixels, int count);

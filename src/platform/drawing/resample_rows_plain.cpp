@@ -12,7 +12,7 @@ constexpr int pixelShift = weightBits + mixedBits;
 
 void mixRows(const std::uint8_t* const* rows, const std::int16_t* weights, int count, std::int16_t* mixed,
              int length) {
-    // Short blocks with the rows outside are what a compiler makes vector operations of.
+    // Fixed-size blocks with the loop over the rows outside allow the compiler to vectorise the inner loop.
     constexpr int blockLength = 64;
     for (int start = 0; start < length; start += blockLength) {
         const int blockEnd = std::min(blockLength, length - start);

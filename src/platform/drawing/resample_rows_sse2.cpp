@@ -14,7 +14,7 @@ __m128i loadBytes(const void* bytes) {
     return _mm_loadu_si128(static_cast<const __m128i*>(bytes));
 }
 
-// Two neighbouring weights, repeated four times.
+// Two adjacent weights, repeated four times.
 __m128i loadPair(const std::int16_t* weights) {
     std::int32_t pair = 0;
     std::memcpy(&pair, weights, sizeof(pair));
@@ -29,7 +29,7 @@ std::int16_t mixOne(const std::uint8_t* const* rows, const std::int16_t* weights
     return static_cast<std::int16_t>(sum >> rowShift);
 }
 
-// The sums of one pixel: blue, green, red and a fourth that means nothing.
+// The sums of one pixel: blue, green, red and an unused fourth.
 __m128i mixPixel(const std::int16_t* values, const std::int16_t* weights, int taps) {
     __m128i sum = _mm_set1_epi32(1 << (pixelShift - 1));
     for (int tap = 0; tap < taps; tap += 2, values += 6) {
@@ -46,8 +46,8 @@ __m128i packPixels(__m128i a, __m128i b, __m128i c, __m128i d) {
     return _mm_and_si128(bytes, _mm_set1_epi32(0x00FFFFFF));
 }
 
-// Here and below: a number that is known when compiling lets the loop over it be unrolled. 4 are those of
-// every enlargement.
+// Here and in mixAllRows, a tap count known at compile time lets the compiler unroll the loop over the taps.
+// Every enlargement has 4 taps.
 template <int KnownTaps>
 void mixAllColumns(const std::int16_t* mixed, const std::int32_t* starts, const std::int16_t* weights,
                    int anyTaps, std::uint32_t* pixels, int count) {

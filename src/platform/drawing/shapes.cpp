@@ -10,10 +10,10 @@
 
 namespace {
 
-// Far beyond every surface, and within what cairo's coordinates hold.
-constexpr int farthest = 100000;
+// Coordinates are clamped to this: far beyond every surface, and within cairo's range.
+constexpr int maxCoordinate = 100000;
 
-// The line in the middle of the outline, and the radii of its corners.
+// The centre line of the outline, and the radii of its corners.
 struct RoundedPath {
     double left;
     double top;
@@ -23,20 +23,21 @@ struct RoundedPath {
     double radiusY;
 };
 
-// The ends of a side, in order.
+// The ends of one axis of the rectangle, first <= last.
 struct Ends {
     int first;
     int last;
 };
 
 Ends endsOf(int a, int b) {
-    const int near = std::clamp(a, -farthest, farthest);
-    const int far = std::clamp(b, -farthest, farthest);
+    const int near = std::clamp(a, -maxCoordinate, maxCoordinate);
+    const int far = std::clamp(b, -maxCoordinate, maxCoordinate);
     return {std::min(near, far), std::max(near, far)};
 }
 
-// The middle of a pen that covers the pixel: an even width has one pixel more before it than behind it.
-double penMiddle(int pixel, int penWidth) {
+// Returns the centre of a pen that covers the pixel. An even width covers one pixel more before it than after
+// it.
+double penCentre(int pixel, int penWidth) {
     return pixel - penWidth / 2 + penWidth * 0.5;
 }
 
@@ -89,7 +90,7 @@ void drawPath(Surface& surface, const RoundedPath& path, const Pen& pen, const C
 } // namespace
 
 HPEN CreatePen(int style, int width, COLORREF color) {
-    return style == PS_SOLID && width >= 0 ? addPen({std::clamp(width, 1, farthest), color}) : nullptr;
+    return style == PS_SOLID && width >= 0 ? addPen({std::clamp(width, 1, maxCoordinate), color}) : nullptr;
 }
 
 HBRUSH CreateBrushIndirect(const LOGBRUSH* description) {
@@ -111,10 +112,10 @@ BOOL RoundRect(HDC dc, int left, int top, int right, int bottom, int ellipseWidt
     }
     const Pen& pen = std::get<Pen>(findSelected(context->pen)->content);
     RoundedPath path{};
-    path.left = penMiddle(across.first, pen.width);
-    path.top = penMiddle(down.first, pen.width);
-    path.right = penMiddle(across.last - 1, pen.width);
-    path.bottom = penMiddle(down.last - 1, pen.width);
+    path.left = penCentre(across.first, pen.width);
+    path.top = penCentre(down.first, pen.width);
+    path.right = penCentre(across.last - 1, pen.width);
+    path.bottom = penCentre(down.last - 1, pen.width);
     path.radiusX = std::min(std::abs(ellipseWidth * 0.5), (path.right - path.left) / 2);
     path.radiusY = std::min(std::abs(ellipseHeight * 0.5), (path.bottom - path.top) / 2);
     drawPath(*context->surface, path, pen, std::get_if<COLORREF>(&findSelected(context->brush)->content));

@@ -9,7 +9,7 @@
 
 namespace {
 
-bool isOffered(const BITMAPINFOHEADER& header) {
+bool isSupported(const BITMAPINFOHEADER& header) {
     const WORD bits = header.biBitCount;
     return header.biSize == sizeof(header) && header.biPlanes == 1 && header.biCompression == BI_RGB &&
            header.biWidth > 0 && header.biHeight > 0 && (bits == 1 || bits == 4 || bits == 8 || bits == 24);
@@ -43,7 +43,7 @@ PictureSource sourceOf(const BITMAPINFO& info, const void* bits) {
 int StretchDIBits(HDC dc, int x, int y, int width, int height, int sourceX, int sourceY, int sourceWidth,
                   int sourceHeight, const void* bits, const BITMAPINFO* info, UINT usage, DWORD operation) {
     DeviceContext* context = findDeviceContext(dc);
-    if (!context || !bits || !info || !isOffered(info->bmiHeader) || usage != DIB_RGB_COLORS ||
+    if (!context || !bits || !info || !isSupported(info->bmiHeader) || usage != DIB_RGB_COLORS ||
         operation != SRCCOPY) {
         return 0;
     }
@@ -59,7 +59,7 @@ int StretchDIBits(HDC dc, int x, int y, int width, int height, int sourceX, int 
 int GetDIBits(HDC, HBITMAP bitmap, UINT firstRow, UINT rows, void* bits, const BITMAPINFO* info, UINT usage) {
     const GdiObject* object = findObject(bitmap);
     const auto* surface = object ? std::get_if<Surface>(&object->content) : nullptr;
-    if (!surface || !bits || !info || !isOffered(info->bmiHeader) || usage != DIB_RGB_COLORS) {
+    if (!surface || !bits || !info || !isSupported(info->bmiHeader) || usage != DIB_RGB_COLORS) {
         return 0;
     }
     const BITMAPINFOHEADER& header = info->bmiHeader;

@@ -5,7 +5,7 @@
 
 namespace {
 
-constexpr int largestSide = 32767;
+constexpr int maxSide = 32767;
 
 struct PixelArea {
     int left;
@@ -14,7 +14,7 @@ struct PixelArea {
     int bottom;
 };
 
-PixelArea cut(const Area& area, int width, int height) {
+PixelArea clip(const Area& area, int width, int height) {
     const auto within = [](std::int64_t place, int size) {
         return static_cast<int>(std::clamp<std::int64_t>(place, 0, size));
     };
@@ -29,7 +29,7 @@ bool Surface::resize(int newWidth, int newHeight) {
     width = 0;
     height = 0;
     changed = true;
-    if (newWidth < 1 || newHeight < 1 || newWidth > largestSide || newHeight > largestSide) {
+    if (newWidth < 1 || newHeight < 1 || newWidth > maxSide || newHeight > maxSide) {
         return false;
     }
     const std::size_t count = static_cast<std::size_t>(newWidth) * static_cast<std::size_t>(newHeight);
@@ -43,7 +43,7 @@ bool Surface::resize(int newWidth, int newHeight) {
 }
 
 void Surface::fill(const Area& area, std::uint32_t pixel) {
-    const auto [left, top, right, bottom] = cut(area, width, height);
+    const auto [left, top, right, bottom] = clip(area, width, height);
     if (left >= right || top >= bottom) {
         return;
     }
@@ -56,7 +56,7 @@ void Surface::fill(const Area& area, std::uint32_t pixel) {
 }
 
 void Surface::clearUnusedBytes(const Area& area) {
-    const auto [left, top, right, bottom] = cut(area, width, height);
+    const auto [left, top, right, bottom] = clip(area, width, height);
     for (int y = top; y < bottom; ++y) {
         std::uint32_t* line = row(y);
         for (int x = left; x < right; ++x) {
