@@ -1,5 +1,4 @@
-// Owners of cairo's objects, which end them. Included where fonts are loaded and where text and shapes are
-// drawn.
+// unique_ptr types for cairo's objects. Included by the font loading, text and shape code.
 #pragma once
 
 #include <cairo.h>

@@ -13,15 +13,15 @@
 
 namespace {
 
-// Gives the list of installed fonts back when the program ends, which else counts as leaked.
+// Frees fontconfig's list of installed fonts at exit, which leak checkers would otherwise report.
 struct FontconfigUse {
     ~FontconfigUse() { FcFini(); }
 };
 
-// From this weight on a face counts as bold.
-constexpr int boldFrom = 600;
+// Faces of at least this weight count as bold.
+constexpr int minBoldWeight = 600;
 
-// In the index of a variable font as a whole, in place of the number of a named instance.
+// Set in the index of a variable font as a whole, where a named instance has its number.
 constexpr unsigned variableFaceMark = 0x80000000;
 
 const FcChar8* fontconfigText(const std::string& text) {
@@ -33,7 +33,7 @@ int numberOf(FcPattern* pattern, const char* property, int otherwise) {
     return FcPatternGetInteger(pattern, property, 0, &value) == FcResultMatch ? value : otherwise;
 }
 
-// 1 to 1000. A variable font has a range here, its named instances have a number each.
+// Returns the weight, 1 to 1000; 400 for a variable font, which has a range instead of a number.
 int weightOf(FcPattern* pattern) {
     double weight = FC_WEIGHT_REGULAR;
     return FcPatternGetDouble(pattern, FC_WEIGHT, 0, &weight) == FcResultMatch
@@ -45,13 +45,13 @@ bool isSlanted(FcPattern* pattern) {
     return numberOf(pattern, FC_SLANT, FC_SLANT_ROMAN) != FC_SLANT_ROMAN;
 }
 
-// A face has its names in several languages; any of them will do.
-bool hasName(FcPattern* pattern, const char* property, const FontRequest& request, bool asBeginning) {
+// Compares the requested name with the face's names in all languages, or with their beginnings.
+bool hasName(FcPattern* pattern, const char* property, const FontRequest& request, bool asPrefix) {
     FcChar8* value = nullptr;
     for (int i = 0; FcPatternGetString(pattern, property, i, &value) == FcResultMatch; ++i) {
-        const bool same = asBeginning ? strncasecmp(reinterpret_cast<const char*>(value),
-                                                    request.name.c_str(), request.name.size()) == 0
-                                      : FcStrCmpIgnoreCase(value, fontconfigText(request.name)) == 0;
+        const bool same = asPrefix ? strncasecmp(reinterpret_cast<const char*>(value), request.name.c_str(),
+                                                 request.name.size()) == 0
+                                   : FcStrCmpIgnoreCase(value, fontconfigText(request.name)) == 0;
         if (same) {
             return true;
         }
@@ -61,10 +61,10 @@ bool hasName(FcPattern* pattern, const char* property, const FontRequest& reques
 
 struct InstalledName {
     bool isFamily = false;
-    FcPattern* face = nullptr; // with this full name; borrowed from the configuration
+    FcPattern* face = nullptr; // with this full name; owned by fontconfig
 };
 
-InstalledName findInstalled(const FontRequest& request, bool asBeginning) {
+InstalledName findInstalled(const FontRequest& request, bool asPrefix) {
     InstalledName found;
     for (const FcSetName set : {FcSetSystem, FcSetApplication}) {
         const FcFontSet* fonts = FcConfigGetFonts(nullptr, set);
@@ -73,10 +73,10 @@ InstalledName findInstalled(const FontRequest& request, bool asBeginning) {
             if (!flagOf(font, FC_OUTLINE)) {
                 continue;
             }
-            if (!asBeginning && hasName(font, FC_FAMILY, request, false)) {
+            if (!asPrefix && hasName(font, FC_FAMILY, request, false)) {
                 return {true, nullptr};
             }
-            if (!found.face && hasName(font, FC_FULLNAME, request, asBeginning)) {
+            if (!found.face && hasName(font, FC_FULLNAME, request, asPrefix)) {
                 found.face = font;
             }
         }
@@ -84,11 +84,12 @@ InstalledName findInstalled(const FontRequest& request, bool asBeginning) {
     return found;
 }
 
-// Takes one style word off the end of a name, for names like "Arial Bold" of a face that is not installed.
-bool takeStyleWord(FontRequest& request) {
+// Moves one style word from the end of the name into the weight and slant of the request, for names like
+// "Arial Bold" of a face that is not installed. Returns false if there is none.
+bool removeStyleWord(FontRequest& request) {
     struct StyleWord {
         const char* word;
-        int weight; // 0: says nothing of the weight
+        int weight; // 0: does not affect the weight
         bool italic;
     };
     static constexpr StyleWord styleWords[] = {
@@ -115,16 +116,17 @@ FontChoice choiceOf(FcPattern* face, const FontRequest& request) {
     choice.index = (static_cast<unsigned>(index) & variableFaceMark) != 0 ? index & 0xFFFF : index;
     choice.variations = textOf(face, FC_FONT_VARIATIONS);
     choice.weight = weightOf(face);
-    // The machine's own rules may already have answered a lack with these two, and then claim the weight and
-    // the slant.
+    // The system's fontconfig rules may already have replaced a missing style by a matrix or FC_EMBOLDEN, and
+    // then report the requested weight and slant as those of the face.
     FcMatrix* matrix = nullptr;
     const bool sheared = FcPatternGetMatrix(face, FC_MATRIX, 0, &matrix) == FcResultMatch && matrix->xy != 0;
-    choice.embolden = flagOf(face, FC_EMBOLDEN) || (request.weight >= boldFrom && choice.weight < boldFrom);
+    choice.embolden =
+        flagOf(face, FC_EMBOLDEN) || (request.weight >= minBoldWeight && choice.weight < minBoldWeight);
     choice.slant = sheared || (request.italic && !isSlanted(face));
     return choice;
 }
 
-// The best face for the request by fontconfig's rules; of the given width unless that is -1.
+// Returns fontconfig's best match for the request. `width` is an FC_WIDTH value, or -1 for any.
 std::optional<FontChoice> match(const FontRequest& request, int width) {
     const FontPattern wanted(FcPatternCreate());
     if (!request.name.empty()) {
@@ -138,7 +140,7 @@ std::optional<FontChoice> match(const FontRequest& request, int width) {
     FcPatternAddBool(wanted.get(), FC_SCALABLE, FcTrue);
     FcPatternAddBool(wanted.get(), FC_OUTLINE, FcTrue);
     FcPatternAddBool(wanted.get(), FC_COLOR, FcFalse);
-    // The text is Latin, whatever language the machine speaks.
+    // The text is Latin in every locale.
     FcPatternAddString(wanted.get(), FC_LANG, reinterpret_cast<const FcChar8*>("en"));
     FcConfigSubstitute(nullptr, wanted.get(), FcMatchPattern);
     FcDefaultSubstitute(wanted.get());
@@ -150,17 +152,17 @@ std::optional<FontChoice> match(const FontRequest& request, int width) {
     return choiceOf(found.get(), request);
 }
 
-// A face that was named with its style, or the one of its family that adds what the request wants beyond
-// that.
-std::optional<FontChoice> chooseLike(FcPattern* face, const FontRequest& request) {
-    const bool boldEnough = request.weight < boldFrom || weightOf(face) >= boldFrom;
-    const bool slantedEnough = !request.italic || isSlanted(face);
-    if (boldEnough && slantedEnough) {
+// Returns the face itself if it has the requested weight and slant, otherwise the face of its family that
+// matches them best.
+std::optional<FontChoice> chooseStyleOf(FcPattern* face, const FontRequest& request) {
+    const bool hasWeight = request.weight < minBoldWeight || weightOf(face) >= minBoldWeight;
+    const bool hasSlant = !request.italic || isSlanted(face);
+    if (hasWeight && hasSlant) {
         return choiceOf(face, request);
     }
     FontRequest sibling;
     sibling.name = textOf(face, FC_FAMILY);
-    sibling.weight = boldEnough ? weightOf(face) : request.weight;
+    sibling.weight = hasWeight ? weightOf(face) : request.weight;
     sibling.italic = request.italic || isSlanted(face);
     return match(sibling, numberOf(face, FC_WIDTH, FC_WIDTH_NORMAL));
 }
@@ -178,9 +180,9 @@ std::optional<FontChoice> chooseFont(FontRequest request) {
         installed = findInstalled(request, true);
     }
     if (installed.face) {
-        return chooseLike(installed.face, request);
+        return chooseStyleOf(installed.face, request);
     }
-    while (!installed.isFamily && takeStyleWord(request)) {
+    while (!installed.isFamily && removeStyleWord(request)) {
     }
     return match(request, -1);
 }

@@ -1,6 +1,6 @@
-// Finds the font file for a face name, weight and slant through fontconfig.
-// Called by fonts.cpp, which keeps what was found: a search costs
-// milliseconds on a machine with thousands of fonts. Loads and draws nothing.
+// Finds the font file for a face name, weight and slant using fontconfig. Called by fonts.cpp, which loads
+// the file and caches the result, because a search takes milliseconds with thousands of fonts installed. Does
+// not open font files.
 #pragma once
 
 #include <optional>
@@ -11,21 +11,21 @@ struct FontChoice {
     int index = 0; // of the face in its file, with the named instance in the high 16 bits
     std::string variations;
     int weight = 400;      // of the face itself, 1 to 1000
-    bool embolden = false; // the face lacks the weight that was asked for
-    bool slant = false;    // the face lacks the slant
+    bool embolden = false; // the face lacks the requested weight
+    bool slant = false;    // the face lacks the requested slant
     bool operator==(const FontChoice&) const = default;
 };
 
-// Has the list of installed fonts given back when the program ends. Before any use of it.
+// Registers the release of fontconfig's data at exit. Call it before any use of fontconfig.
 void releaseFontconfigAtExit();
 
 struct FontRequest {
-    std::string name;       // UTF-8, a family or a full name
-    bool nameIsCut = false; // only the first part of a longer name
+    std::string name;       // UTF-8, a family or full name
+    bool nameIsCut = false; // `name` is the truncated beginning of a longer name
     int weight = 400;       // 1 to 1000
     bool italic = false;
 };
 
-// The installed outline face that comes nearest, or nothing when there is none at all. An installed family or
-// full name is found without regard to case; any other name gets fontconfig's substitute for it.
+// Returns the installed outline face that matches best, or nothing if none is installed. Family and full
+// names are matched case-insensitively; a name that is not installed yields fontconfig's substitute.
 std::optional<FontChoice> chooseFont(FontRequest request);

@@ -1,5 +1,5 @@
-// Patterns of fontconfig, the descriptions of installed faces: their owner, and their values. Called where a
-// face is found or opened and where the installed ones are listed.
+// Owner of fontconfig patterns (descriptions of faces) and access to their properties. Used by the font
+// matching, loading and listing code.
 #pragma once
 
 #include <fontconfig/fontconfig.h>
@@ -12,6 +12,6 @@ struct DestroyFontPattern {
 };
 using FontPattern = std::unique_ptr<FcPattern, DestroyFontPattern>;
 
-// The first value of a property; false or empty when the pattern has none.
+// Return the first value of a property; false or an empty string if the pattern does not have it.
 bool flagOf(FcPattern* pattern, const char* property);
 std::string textOf(FcPattern* pattern, const char* property);

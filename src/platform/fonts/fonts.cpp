@@ -23,18 +23,18 @@
 namespace {
 
 constexpr int defaultHeight = 16;
-constexpr int largestHeight = 4096;
+constexpr int maxHeight = 4096;
 
-// The application has a font for the list and one for the status bar, each in two forms.
-constexpr std::size_t facesKept = 12;
+// Faces in the cache. The application uses up to four at a time: the list and the status bar have two each.
+constexpr std::size_t maxCachedFaces = 12;
 
-// Fraction of its height by which a slanted letter leans, that of most oblique faces.
+// Horizontal shear per unit of height of a synthesised slant, as in most oblique faces.
 constexpr double slantSlope = 0.2;
 
-// Pixels of em height for each pixel by which strokes are widened.
+// Pixels of em height per pixel by which strokes are widened.
 constexpr int emPerPixelOfBoldness = 24;
 
-// What a face is asked for, as it stands in the description.
+// The face that a LOGFONTA asks for.
 struct FaceKey {
     std::string name; // code page 1252
     int weight = 0;
@@ -46,7 +46,7 @@ struct FaceKey {
     }
 };
 
-struct KeptFace {
+struct CachedFace {
     FaceKey key;
     std::shared_ptr<const FontFace> face;
 };
@@ -86,8 +86,8 @@ cairo_font_face_t* openFile(const FontChoice& choice) {
     return cairo_ft_font_face_create_for_pattern(pattern.get());
 }
 
-// The documented formulas: ascent and descent of the OS/2 table, and the line gap of the hhea table as far as
-// these do not hold it already.
+// Uses the formulas documented for Windows: ascent and descent are those of the OS/2 table, and the external
+// leading is the part of the hhea table's line spacing that exceeds them.
 void readMetrics(FT_Face source, FontFace& face) {
     const auto* horizontal = static_cast<const TT_HoriHeader*>(FT_Get_Sfnt_Table(source, FT_SFNT_HHEA));
     const auto* windows = static_cast<const TT_OS2*>(FT_Get_Sfnt_Table(source, FT_SFNT_OS2));
@@ -108,7 +108,7 @@ void readGlyphs(FT_Face source, FontFace& face) {
     constexpr unsigned deleteCharacter = 0x7F;
     const bool isSymbol = !source->charmap && FT_Select_Charmap(source, FT_ENCODING_MS_SYMBOL) == 0;
     for (unsigned byte = 0; byte < face.glyphs.size(); ++byte) {
-        // A control character is a blank: fonts have a box for it, or nothing.
+        // A control character is drawn as a blank, because fonts have a box or no glyph for it.
         const unsigned letter = byte < ' ' || byte == deleteCharacter ? ' ' : byte;
         const unsigned code =
             isSymbol ? symbolArea + letter : codePageToUnicode(static_cast<unsigned char>(letter));
@@ -119,7 +119,7 @@ void readGlyphs(FT_Face source, FontFace& face) {
     }
 }
 
-// False when the file is no outline font after all.
+// Returns false if the file is not a usable outline font.
 bool readFace(FT_Face source, FontFace& face) {
     if (!FT_IS_SCALABLE(source) || source->units_per_EM == 0) {
         return false;
@@ -158,7 +158,7 @@ std::shared_ptr<const FontFace> openChoice(const FontChoice& choice) {
     return usable ? face : nullptr;
 }
 
-// A face that is listed but cannot be loaded gives way to the default one.
+// Falls back to the default face if the one that fontconfig lists cannot be loaded.
 std::shared_ptr<const FontFace> openFace(const FaceKey& key) {
     for (const std::string& name : {utf8Of(key.name), std::string()}) {
         const bool cut = key.name.size() == sizeof(LOGFONTA::lfFaceName) - 1;
@@ -171,26 +171,26 @@ std::shared_ptr<const FontFace> openFace(const FaceKey& key) {
     return nullptr;
 }
 
-// The faces used last, the latest first.
+// Returns the face from a cache of recently used ones, most recent first, or loads it.
 std::shared_ptr<const FontFace> findFace(const FaceKey& key) {
-    static std::vector<KeptFace> kept;
+    static std::vector<CachedFace> cache;
     const auto place =
-        std::find_if(kept.begin(), kept.end(), [&](const KeptFace& one) { return one.key.same(key); });
-    if (place != kept.end()) {
-        std::rotate(kept.begin(), place, place + 1);
-        return kept.front().face;
+        std::find_if(cache.begin(), cache.end(), [&](const CachedFace& one) { return one.key.same(key); });
+    if (place != cache.end()) {
+        std::rotate(cache.begin(), place, place + 1);
+        return cache.front().face;
     }
     std::shared_ptr<const FontFace> face = openFace(key);
     if (face) {
-        if (kept.size() == facesKept) {
-            kept.pop_back();
+        if (cache.size() == maxCachedFaces) {
+            cache.pop_back();
         }
-        kept.insert(kept.begin(), KeptFace{key, face});
+        cache.insert(cache.begin(), CachedFace{key, face});
     }
     return face;
 }
 
-// The em height whose cell is as high as asked, or the nearest below.
+// Returns the largest em height whose cell is at most `cellHeight` pixels high, at least 1.
 int emHeightForCell(const FontFace& face, int cellHeight) {
     FontObject trial;
     trial.face = std::shared_ptr<const FontFace>(std::shared_ptr<const FontFace>(), &face);
@@ -201,7 +201,7 @@ int emHeightForCell(const FontFace& face, int cellHeight) {
     return trial.emHeight;
 }
 
-// The quarter turn nearest to an escapement in tenths of a degree counter-clockwise.
+// Rounds the escapement, in tenths of a degree counter-clockwise, to a quarter turn.
 void setDirection(FontObject& font, LONG escapement) {
     constexpr int quarterTurn = 900;
     constexpr int stepsX[] = {1, 0, -1, 0};
@@ -239,7 +239,7 @@ int FontObject::advance(unsigned char byte) const {
 
 std::unique_ptr<FontObject> loadFont(const LOGFONTA& description) {
     const std::int64_t height = description.lfHeight;
-    if (height < -largestHeight || height > largestHeight) {
+    if (height < -maxHeight || height > maxHeight) {
         return nullptr;
     }
     FaceKey key;

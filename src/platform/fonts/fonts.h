@@ -1,7 +1,6 @@
-// Fonts as they are measured and drawn: a face, a size and a direction. Called by the text operations and by
-// the objects behind the handles. Loaded faces are kept and shared behind the scenes, because every frame
-// makes and deletes its fonts anew. Finding the file of a face is the business of font_match.h, drawing that
-// of text.cpp.
+// Loaded fonts, ready to measure and draw text: a face, a size and a direction. Called by the text operations
+// and by the object table, which owns the fonts. Loaded faces are cached and shared between fonts, because
+// every frame creates and deletes its fonts. font_match.h finds the file of a face, text.cpp draws.
 #pragma once
 
 #include "platform/fonts/cairo_owners.h"
@@ -11,7 +10,7 @@
 #include <cstdint>
 #include <memory>
 
-// A face at no size. Lengths are in units of the em, `unitsPerEm` of them; up is positive.
+// A face, independent of size. Lengths are in font units, `unitsPerEm` per em; up is positive.
 struct FontFace {
     CairoFontFace handle;
     int unitsPerEm = 0;
@@ -19,9 +18,9 @@ struct FontFace {
     int descent = 0; // below the baseline, positive
     int externalLeading = 0;
     int weight = 400;      // 1 to 1000
-    bool embolden = false; // the face lacks the weight or slant that was asked for, and drawing adds it
-    bool slant = false;
-    // What a glyph may cover, from its origin.
+    bool embolden = false; // the face lacks the requested weight, so drawing synthesises it
+    bool slant = false;    // likewise for the slant
+    // Bounding box of all glyphs, relative to the origin of a glyph.
     int inkLeft = 0;
     int inkRight = 0;
     int inkTop = 0;
@@ -35,17 +34,18 @@ struct FontObject {
     std::shared_ptr<const FontFace> face;
     CairoScaledFont scaled;
     int emHeight = 0; // pixels
-    int boldness = 0; // pixels by which strokes are widened, and glyphs set apart, to make the face bold
-    // The step of one pixel along the text on the screen, a quarter turn's.
+    int boldness = 0; // pixels by which strokes and advances are widened to synthesise bold
+    // Unit vector of the text direction on the screen; one of the four axis directions.
     int directionX = 1;
     int directionY = 0;
 
-    // A length of the face in whole pixels at this size.
+    // Converts font units to pixels at this size, rounded to the nearest.
     int pixels(int units) const;
-    // The same at every escapement.
+    // Advance and height in pixels, independent of the direction.
     int advance(unsigned char byte) const;
     int height() const { return pixels(face->ascent) + pixels(face->descent); }
 };
 
-// The font for a description, by the rules of CreateFontIndirectA.
+// Loads the font for a description by the rules of CreateFontIndirectA (platform/text.h). Returns null where
+// that function does.
 std::unique_ptr<FontObject> loadFont(const LOGFONTA& description);

@@ -22,13 +22,13 @@ namespace {
 
 constexpr const char* standardFaces[] = {"Arial", "Courier New", "Times New Roman"};
 
-// Type 1 faces are left out: they are the twins of OpenType ones under other names.
+// Type 1 faces are excluded, because they duplicate OpenType faces under other names.
 bool isTrueTypeOrOpenType(FcPattern* font) {
     const std::string format = textOf(font, FC_FONTFORMAT);
     return format == "TrueType" || format == "CFF";
 }
 
-// A symbol font or one of another script would leave the whole screen unreadable.
+// Choosing a symbol font or one of another script would make the whole screen unreadable.
 bool hasLatinLetters(FcCharSet* characters) {
     constexpr std::string_view sample = "AZaz09";
     return std::ranges::all_of(sample, [characters](char letter) {
@@ -36,26 +36,25 @@ bool hasLatinLetters(FcCharSet* characters) {
     });
 }
 
-// A symbol font can have its signs in the places of the letters, and then seems to have letters. Either it
-// says what it is, or it lacks the typographic apostrophe, which hardly any text font does without.
-bool maySymbolsBeLetters(FcPattern* font, FcCharSet* characters) {
+// A symbol font can have its symbols at the code points of the letters. Such a font is either flagged as a
+// symbol font or lacks the typographic apostrophe, which almost every text font has.
+bool maybeSymbolFont(FcPattern* font, FcCharSet* characters) {
     constexpr FcChar32 apostrophe = 0x2019;
     return flagOf(font, FC_SYMBOL) || FcCharSetHasChar(characters, apostrophe) == FcFalse;
 }
 
-// Whether a glyph of this name can be the letter A. A name that only counts the glyphs, or none, says
-// nothing.
+// Returns whether a glyph of this name can be the letter A. An empty or merely numbered name proves nothing
+// against it.
 bool canBeLetterA(std::string_view glyphName) {
-    constexpr std::string_view beginnings[] = {"A.", "uni0041", "u0041", "glyph", "gid", "cid", "index"};
+    constexpr std::string_view prefixes[] = {"A.", "uni0041", "u0041", "glyph", "gid", "cid", "index"};
     return glyphName.empty() || glyphName == "A" ||
-           std::ranges::any_of(beginnings, [glyphName](std::string_view beginning) {
-               return glyphName.starts_with(beginning);
-           });
+           std::ranges::any_of(
+               prefixes, [glyphName](std::string_view prefix) { return glyphName.starts_with(prefix); });
 }
 
-// Name of the glyph that stands for the letter A; empty when the face has no names. Nothing for a file that
+// Returns the name of the glyph for the letter A; empty if the face has no glyph names, nothing if the file
 // cannot be opened.
-std::optional<std::string> nameOfLetterA(const std::string& file, int index) {
+std::optional<std::string> glyphNameOfLetterA(const std::string& file, int index) {
     constexpr FT_ULong symbolArea = 0xF000;
     FT_Library library = nullptr;
     FT_Face face = nullptr;
@@ -74,8 +73,8 @@ std::optional<std::string> nameOfLetterA(const std::string& file, int index) {
     return result;
 }
 
-// Opening a font file is slow beside all the rest, so the answer is kept for the run.
-bool areLettersReal(FcPattern* font) {
+// Opening a font file is slow compared with the rest of the enumeration, so results are cached until exit.
+bool hasRealLetters(FcPattern* font) {
     static std::map<std::pair<std::string, int>, bool> answers;
     int index = 0;
     FcPatternGetInteger(font, FC_INDEX, 0, &index);
@@ -84,20 +83,20 @@ bool areLettersReal(FcPattern* font) {
     if (known != answers.end()) {
         return known->second;
     }
-    const std::optional<std::string> name = nameOfLetterA(key.first, index);
+    const std::optional<std::string> name = glyphNameOfLetterA(key.first, index);
     return answers[key] = name && canBeLetterA(*name);
 }
 
-// The whole of a variable font is left out: its named instances are faces of their own.
+// The entry for a variable font as a whole is excluded; its named instances are listed separately.
 bool isListed(FcPattern* font) {
     FcCharSet* characters = nullptr;
     return flagOf(font, FC_OUTLINE) && !flagOf(font, FC_COLOR) && !flagOf(font, FC_VARIABLE) &&
            isTrueTypeOrOpenType(font) &&
            FcPatternGetCharSet(font, FC_CHARSET, 0, &characters) == FcResultMatch &&
-           hasLatinLetters(characters) && (!maySymbolsBeLetters(font, characters) || areLettersReal(font));
+           hasLatinLetters(characters) && (!maybeSymbolFont(font, characters) || hasRealLetters(font));
 }
 
-// A face has its name in several languages.
+// Returns the English full name, or the first if there is no English one.
 std::string fullNameOf(FcPattern* font) {
     FcChar8* first = nullptr;
     FcChar8* name = nullptr;

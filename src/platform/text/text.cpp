@@ -12,9 +12,8 @@
 
 namespace {
 
-// Larger letters are drawn as outlines, so that their pictures are not kept: each would take a hundred
-// kilobytes.
-constexpr int largestKeptEmHeight = 128;
+// Larger glyphs are drawn as outlines, so that cairo does not cache their images, which take 100 KB each.
+constexpr int maxCachedEmHeight = 128;
 
 std::int64_t widthOf(const FontObject& font, LPCSTR text, int length) {
     std::int64_t width = 0;
@@ -24,14 +23,15 @@ std::int64_t widthOf(const FontObject& font, LPCSTR text, int length) {
     return width;
 }
 
-// Where a text stands: its own axes lie on the screen with the origin at the top left corner of its cell.
+// Maps text coordinates to the screen. The text's origin is the top left corner of its cell; its axes point
+// along the text and down from it.
 struct Placement {
     std::int64_t x = 0;
     std::int64_t y = 0;
     int directionX = 1;
     int directionY = 0;
 
-    // A point of the text's own axes on the screen.
+    // Convert a point from text to screen coordinates.
     std::int64_t screenX(std::int64_t along, std::int64_t down) const {
         return x + along * directionX - down * directionY;
     }
@@ -39,16 +39,18 @@ struct Placement {
         return y + along * directionY + down * directionX;
     }
 
-    // A rectangle of the text's own axes on the screen.
-    Area screenArea(const Area& own) const {
-        const auto [left, right] = std::minmax({screenX(own.left, own.top), screenX(own.right, own.bottom)});
-        const auto [top, bottom] = std::minmax({screenY(own.left, own.top), screenY(own.right, own.bottom)});
+    // Converts a rectangle from text to screen coordinates.
+    Area screenArea(const Area& area) const {
+        const auto [left, right] =
+            std::minmax({screenX(area.left, area.top), screenX(area.right, area.bottom)});
+        const auto [top, bottom] =
+            std::minmax({screenY(area.left, area.top), screenY(area.right, area.bottom)});
         return {left, top, right, bottom};
     }
 };
 
-// Draws the glyphs of one text. They are handed over in portions of fixed size, and those that cannot touch
-// the surface not at all, so that neither a long text nor a far place costs memory.
+// Draws the glyphs of one text. They are passed to cairo in batches of fixed size, and glyphs that cannot
+// touch the surface are skipped, so that memory use does not depend on the length or position of the text.
 class GlyphPainter {
 public:
     GlyphPainter(Surface& surface, const FontObject& font, const Placement& placement, COLORREF color)
@@ -89,10 +91,11 @@ private:
                          std::abs(font_.pixels(face.inkTop)), std::abs(font_.pixels(face.inkBottom))});
     }
 
-    // A face that lacks the bold form is drawn again beside itself, each time one pixel further.
+    // Draws the batch. Bold is synthesised by drawing it again, each time shifted by one pixel along the
+    // text.
     void show() {
         for (int pass = 0; count_ > 0; ++pass) {
-            if (font_.emHeight > largestKeptEmHeight) {
+            if (font_.emHeight > maxCachedEmHeight) {
                 cairo_glyph_path(cairo_.get(), glyphs_.data(), static_cast<int>(count_));
                 cairo_fill(cairo_.get());
             } else {
@@ -118,7 +121,7 @@ private:
     std::size_t count_ = 0;
 };
 
-// The pixels that the glyphs of a text can have touched, with two to spare for hinting.
+// Returns the pixels that the glyphs of a text may have touched, with a margin of two for hinting.
 Area inkArea(const FontObject& font, const Placement& placement, std::int64_t width) {
     const FontFace& face = *font.face;
     const int baseline = font.pixels(face.ascent);
