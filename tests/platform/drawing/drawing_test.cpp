@@ -16,7 +16,7 @@ namespace {
 
 constexpr int side = 12;
 
-// A surface with its device context and a different value in every pixel.
+// A surface with a device context. Every pixel has a different value.
 struct Canvas {
     Canvas() {
         surface.resize(side, side);
@@ -32,7 +32,7 @@ struct Canvas {
     HDC dc = createSurfaceDC(&surface);
 };
 
-// What a copy that reads a snapshot of the source makes of the target.
+// Returns the expected target pixels of a copy that reads from a snapshot of the source.
 std::vector<std::uint32_t> copied(const Canvas& target, POINT to, SIZE size, const Canvas& source,
                                   POINT from) {
     std::vector<std::uint32_t> result = target.pixels();
@@ -49,10 +49,10 @@ std::vector<std::uint32_t> copied(const Canvas& target, POINT to, SIZE size, con
 
 } // namespace
 
-TEST(Drawing, FillRectSetsExactlyTheCutRectangle) {
+TEST(Drawing, FillRectSetsExactlyTheClippedRectangle) {
     const RECT rects[] = {{2, 3, 5, 7}, {-4, -4, 3, 3}, {9, 9, 40, 40}, {5, 5, 5, 9},
                           {8, 8, 3, 3}, {-9, 2, -3, 5}, {30, 0, 40, 9}, {INT_MIN, INT_MIN, INT_MAX, INT_MAX}};
-    HBRUSH brush = CreateSolidBrush(0xFF112233); // the highest byte of a colour means nothing
+    HBRUSH brush = CreateSolidBrush(0xFF112233); // the highest byte of a colour is ignored
     for (const RECT& rect : rects) {
         Canvas canvas;
         std::vector<std::uint32_t> wanted = canvas.pixels();
@@ -84,7 +84,7 @@ TEST(Drawing, BitBltCopiesAsFromASnapshotInEveryDirection) {
     }
 }
 
-TEST(Drawing, BitBltOutsideOrMalformedChangesNothing) {
+TEST(Drawing, InvalidOrOutsideBitBltChangesNothing) {
     Canvas target;
     const Canvas source;
     const std::vector<std::uint32_t> before = target.pixels();
@@ -116,7 +116,7 @@ TEST(Drawing, BitmapsAreBlackDescribedAndLimited) {
     EXPECT_EQ(CreateCompatibleBitmap(nullptr, INT_MAX, INT_MAX), nullptr);
 }
 
-TEST(Drawing, AContextHandsBackWhatIsReplaced) {
+TEST(Drawing, SelectObjectReturnsTheReplacedObject) {
     HDC memory = CreateCompatibleDC(nullptr);
     const std::size_t before = liveObjectCount();
     const LOGFONTA description{};
@@ -145,7 +145,7 @@ TEST(Drawing, AContextHandsBackWhatIsReplaced) {
     EXPECT_FALSE(DeleteDC(memory));
 }
 
-TEST(Drawing, DeletionWaitsForEveryDeviceContext) {
+TEST(Drawing, DeletedObjectsExistWhileSelected) {
     HDC first = CreateCompatibleDC(nullptr);
     HDC second = CreateCompatibleDC(first);
     const std::size_t before = liveObjectCount();
@@ -169,7 +169,7 @@ TEST(Drawing, DeletionWaitsForEveryDeviceContext) {
     EXPECT_TRUE(DeleteDC(second));
 }
 
-TEST(Drawing, ABitmapServesOneMemoryContextOnly) {
+TEST(Drawing, ABitmapIsSelectedInOneMemoryContextOnly) {
     const Canvas canvas;
     HDC first = CreateCompatibleDC(canvas.dc);
     HDC second = CreateCompatibleDC(canvas.dc);
@@ -184,7 +184,7 @@ TEST(Drawing, ABitmapServesOneMemoryContextOnly) {
     DeleteObject(bitmap);
 }
 
-TEST(Drawing, ForeignHandlesAreRefused) {
+TEST(Drawing, RejectsHandlesOfOtherKinds) {
     Canvas canvas;
     HDC memory = CreateCompatibleDC(nullptr);
     HBRUSH brush = CreateSolidBrush(0);

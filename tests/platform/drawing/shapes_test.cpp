@@ -12,7 +12,7 @@ namespace {
 
 constexpr int side = 60;
 
-// Draws a ring with a red pen on black.
+// A ring drawn with a red pen on black.
 struct Ring {
     Ring(int penWidth, RECT rect, int corner, UINT brushStyle = BS_HOLLOW) {
         surface.resize(side, side);
@@ -36,10 +36,10 @@ struct Ring {
 
 } // namespace
 
-// Halfway down, where no corner is, each side is as wide as its pen and lies half on either side of the
-// outermost pixels.
+// Through the middle, away from the corners, each side is as wide as the pen and centred on the outermost
+// pixels.
 TEST(Shapes, SidesAreCrispAndInPlace) {
-    const Ring warmUp(1, {0, 0, 9, 9}, 1); // makes the stock objects
+    const Ring warmUp(1, {0, 0, 9, 9}, 1); // creates the stock objects
     const std::size_t objects = liveObjectCount();
     const RECT rects[] = {{10, 12, 50, 48}, {50, 48, 10, 12}, {50, 12, 10, 48}};
     for (const int width : {0, 1, 2, 3, 8}) {
@@ -71,13 +71,13 @@ TEST(Shapes, CornersAreRoundOrSquare) {
     EXPECT_EQ(round.at(9, 9), 0xFF0000U);
 }
 
-TEST(Shapes, TheInsideIsTheBrush) {
+TEST(Shapes, TheBrushFillsTheInside) {
     EXPECT_EQ(Ring(4, {10, 10, 50, 50}, 4, BS_SOLID).at(30, 30), 0x00FF00U);
     EXPECT_EQ(Ring(4, {10, 10, 50, 50}, 4, BS_HOLLOW).at(30, 30), 0U);
-    EXPECT_EQ(Ring(4, {10, 10, 10, 50}, 4, BS_HOLLOW).at(10, 30), 0U); // nothing is that narrow
+    EXPECT_EQ(Ring(4, {10, 10, 10, 50}, 4, BS_HOLLOW).at(10, 30), 0U); // an empty rectangle
 }
 
-TEST(Shapes, WhatIsNotOffered) {
+TEST(Shapes, RejectsUnsupportedArguments) {
     const LOGBRUSH hatched{2, 0, 0};
     EXPECT_EQ(CreatePen(1, 3, 0), nullptr);
     EXPECT_EQ(CreatePen(PS_SOLID, -1, 0), nullptr);

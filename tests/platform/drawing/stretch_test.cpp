@@ -26,7 +26,7 @@ struct Canvas {
     HDC dc = createSurfaceDC(&surface);
 };
 
-// A bitmap with a palette of grays in steps that tell every index apart.
+// A bitmap with a palette of grays in which every index has a different value.
 struct Bitmap {
     Bitmap(int bits, int width, int height)
         : stride((bits * width + 31) / 32 * 4), memory(sizeof(BITMAPINFOHEADER) + 256 * sizeof(RGBQUAD)),
@@ -41,7 +41,7 @@ struct Bitmap {
     BITMAPINFO* info() { return reinterpret_cast<BITMAPINFO*>(memory.data()); }
     BITMAPINFOHEADER& header() { return info()->bmiHeader; }
 
-    // Sets a pixel, counted from the top, to an index, or to a gray for 24 bits.
+    // Sets a pixel to a palette index, or to a gray value for 24 bits. Rows count from the top.
     void set(int x, int y, int value) {
         const int bits = header().biBitCount;
         BYTE* row = rows.data() + (header().biHeight - 1 - y) * stride;
@@ -65,7 +65,7 @@ struct Bitmap {
 
 } // namespace
 
-TEST(Stretch, SameSizeIsACopyAtEveryDepthAndCut) {
+TEST(Stretch, SameSizeIsAClippedCopyAtEveryDepth) {
     for (const int bits : {1, 4, 8, 24}) {
         Bitmap bitmap(bits, 21, 9);
         const int most = (1 << std::min(bits, 8)) - 1;
@@ -87,7 +87,7 @@ TEST(Stretch, SameSizeIsACopyAtEveryDepthAndCut) {
     }
 }
 
-TEST(Stretch, AnEvenColourStaysExactAndFillsExactlyItsRectangle) {
+TEST(Stretch, AUniformColourIsExactAndFillsExactlyTheRectangle) {
     for (const SIZE size : {SIZE{1, 1}, SIZE{37, 3}, SIZE{5, 300}, SIZE{1999, 17}, SIZE{64, 64}}) {
         Bitmap bitmap(24, size.cx, size.cy);
         for (int i = 0; i < size.cx * size.cy; ++i) {
@@ -105,7 +105,7 @@ TEST(Stretch, AnEvenColourStaysExactAndFillsExactlyItsRectangle) {
     }
 }
 
-TEST(Stretch, ReducesFineDetailToItsMean) {
+TEST(Stretch, ReducesFineDetailToItsAverage) {
     for (const SIZE size : {SIZE{25, 25}, SIZE{31, 17}, SIZE{7, 40}}) {
         Bitmap bitmap(1, 100, 100);
         for (int i = 0; i < 100 * 100; ++i) {
@@ -120,7 +120,7 @@ TEST(Stretch, ReducesFineDetailToItsMean) {
     }
 }
 
-TEST(Stretch, KeepsASlopeStraightAndInPlace) {
+TEST(Stretch, KeepsAGradientLinearAndInPlace) {
     for (const int width : {900, 640, 170, 80}) {
         Bitmap bitmap(8, 256, 4);
         for (int i = 0; i < 256 * 4; ++i) {
@@ -146,7 +146,7 @@ TEST(Stretch, AnIndexBeyondThePaletteIsBlack) {
     EXPECT_EQ(canvas.surface.row(0)[1], 0U);
 }
 
-TEST(Stretch, MonstersEndSoon) {
+TEST(Stretch, HugeSizesFinishInBoundedTime) {
     Bitmap wide(1, 400000, 3);
     Bitmap tall(8, 1, 400000);
     wide.rows.assign(wide.rows.size(), 0xFF);
@@ -161,7 +161,7 @@ TEST(Stretch, MonstersEndSoon) {
     }
 }
 
-TEST(Stretch, WhatIsNotOfferedDrawsNothing) {
+TEST(Stretch, UnsupportedArgumentsDrawNothing) {
     Bitmap bitmap(24, 4, 4);
     Canvas canvas(4, 4);
     EXPECT_EQ(bitmap.draw(nullptr, 0, 0, 4, 4), 0);

@@ -31,7 +31,7 @@ std::string fileFor(const char* name, bool emphasised) {
     return choice ? choice->file.substr(choice->file.rfind('/') + 1) : "";
 }
 
-// Lets the machine have no font but the given ones, for the life of the object.
+// Replaces the installed fonts by the given files during the lifetime of the object.
 class OnlyFonts {
 public:
     explicit OnlyFonts(std::initializer_list<std::string> files) : former_(FcConfigReference(nullptr)) {
@@ -53,7 +53,7 @@ private:
 
 } // namespace
 
-TEST(Fonts, NamesFindFamiliesFullNamesAndSubstitutes) {
+TEST(Fonts, FindsFamiliesFullNamesAndSubstitutes) {
     const struct {
         const char* name;
         const char* regular;
@@ -82,14 +82,14 @@ TEST(Fonts, NamesFindFamiliesFullNamesAndSubstitutes) {
     }
 }
 
-TEST(Fonts, AWeightOrSlantThatTheFaceLacksIsMadeFromIt) {
+TEST(Fonts, SynthesisesMissingWeightAndSlant) {
     const std::string regular = chooseFont({"Liberation Sans"})->file;
     const std::string bold = chooseFont({"Liberation Sans Bold"})->file;
     {
         const OnlyFonts one{regular};
         std::optional<FontChoice> choice = chooseFont({"Liberation Sans", false, 800, true});
         EXPECT_TRUE(choice && choice->embolden && choice->slant);
-        // A key that nothing else uses, so that the face is not one loaded earlier.
+        // A key that no other test uses, so that the face does not come from the cache.
         const LOGFONTA plain = described("Sole Face", -20, 401);
         const LOGFONTA emphasised = described("Sole Face", -20, 801, true);
         const std::unique_ptr<FontObject> light = loadFont(plain);
@@ -113,7 +113,7 @@ TEST(Fonts, AWeightOrSlantThatTheFaceLacksIsMadeFromIt) {
     EXPECT_TRUE(choice && choice->file == bold && !choice->embolden && choice->slant);
 }
 
-TEST(Fonts, AMachineWithoutFontsHasNone) {
+TEST(Fonts, LoadsNothingWithoutInstalledFonts) {
     const OnlyFonts none{};
     const LOGFONTA description = described("Face Of No Machine", -20);
     EXPECT_EQ(loadFont(description), nullptr);
@@ -122,7 +122,7 @@ TEST(Fonts, AMachineWithoutFontsHasNone) {
 }
 
 TEST(Fonts, MetricsComeFromTheTablesOfTheFont) {
-    // Units of the em of 2048: Liberation 1854, 434 and a gap of 67; DejaVu 1901, 483 and none.
+    // In units of 1/2048 em: Liberation 1854, 434 and a line gap of 67; DejaVu 1901, 483 and no gap.
     const struct {
         const char* face;
         LONG height;
@@ -141,10 +141,10 @@ TEST(Fonts, MetricsComeFromTheTablesOfTheFont) {
     }
 }
 
-TEST(Fonts, TheWindowsTableGoesBeforeTheGeneralOne) {
+TEST(Fonts, TheOs2TableTakesPrecedenceOverHhea) {
     std::ifstream original(chooseFont({"Liberation Sans"})->file, std::ios::binary);
     std::string bytes((std::istreambuf_iterator<char>(original)), std::istreambuf_iterator<char>());
-    const std::size_t entry = bytes.find("OS/2"); // of the table directory: tag, checksum, offset, length
+    const std::size_t entry = bytes.find("OS/2"); // table directory entry: tag, checksum, offset, length
     ASSERT_LT(entry, 500U);
     std::size_t table = 0;
     for (std::size_t i = 8; i < 12; ++i) {
@@ -161,7 +161,7 @@ TEST(Fonts, TheWindowsTableGoesBeforeTheGeneralOne) {
     std::remove(file.c_str());
 }
 
-TEST(Fonts, HeightsAreOfTheEmTheCellOrTheDefault) {
+TEST(Fonts, HeightsAreEmCellOrDefault) {
     for (int height = 2; height < 100; ++height) {
         const std::unique_ptr<FontObject> cell = loadFont(described("Liberation Sans", height));
         ASSERT_TRUE(cell);

@@ -27,25 +27,25 @@ std::multiset<std::string> installedFonts() {
     return names;
 }
 
-// Makes a private set of fonts the machine's; before the first use of any font.
+// Configures a private set of installed fonts. Call it before the first use of any font.
 void useFonts(const TemporaryFolder& folder, const std::string& what) {
     const std::string config =
         "<fontconfig>" + what + "<cachedir>" + folder.pathOf("cache") + "</cachedir></fontconfig>";
     setenv("FONTCONFIG_FILE", folder.write("fonts.conf", config).c_str(), 1);
 }
 
-TEST(FontList, GivesEachOutlineFaceOnceByItsFullName) {
+TEST(FontList, ListsEachOutlineFaceOnceByItsFullName) {
     const std::multiset<std::string> names = installedFonts();
     EXPECT_EQ(names.count("DejaVu Sans"), 1U);
     EXPECT_EQ(names.count("Liberation Serif Bold Italic"), 1U);
-    EXPECT_EQ(names.count("Arial"), 1U) << "its substitute goes by that name";
+    EXPECT_EQ(names.count("Arial"), 1U) << "the substitute is listed under the standard name";
     for (const std::string& name : names) {
         EXPECT_EQ(names.count(name), 1U) << name;
         EXPECT_NE(name, "");
     }
 }
 
-TEST(FontList, CountsTwoCopiesOfAFaceOnce) {
+TEST(FontList, ListsTwoCopiesOfAFaceOnce) {
     const TemporaryFolder folder;
     std::filesystem::create_directory("fonts");
     constexpr const char* source = "/usr/share/fonts/truetype/dejavu/DejaVuSans.ttf";
@@ -57,8 +57,8 @@ TEST(FontList, CountsTwoCopiesOfAFaceOnce) {
               (std::multiset<std::string>{"Arial", "Courier New", "DejaVu Sans", "Times New Roman"}));
 }
 
-// Patches the font file so that the glyph of the letter A has another of the standard names; with a negative
-// number no glyph has a name.
+// Patches the font file so that the glyph of the letter A has another standard glyph name, by its index; with
+// a negative index no glyph has a name.
 std::string withNameOfA(std::string font, int name) {
     constexpr std::size_t glyphOfA = 36;
     const std::size_t entry = font.find("post") + 8;
@@ -74,7 +74,7 @@ std::string withNameOfA(std::string font, int name) {
     return font;
 }
 
-TEST(FontList, LeavesOtherFormatsAndSymbolFontsOut) {
+TEST(FontList, ExcludesOtherFormatsAndSymbolFonts) {
     constexpr int letterA = 36;
     constexpr int dollar = 7;
     const struct {
@@ -123,7 +123,7 @@ TEST(FontList, LeavesOtherFormatsAndSymbolFontsOut) {
         FcFontSetAdd(fonts, font);
     }
     FcCharSetDestroy(ascii);
-    for (int round = 0; round < 2; ++round) { // the second time without opening a file
+    for (int round = 0; round < 2; ++round) { // the second round uses cached results, the files are removed
         const std::multiset<std::string> names = installedFonts();
         for (const auto& row : rows) {
             EXPECT_EQ(names.count(row.name), row.listed ? 1U : 0U) << row.name << round;
@@ -132,7 +132,7 @@ TEST(FontList, LeavesOtherFormatsAndSymbolFontsOut) {
     }
 }
 
-TEST(FontList, IsEmptyOnAMachineWithoutFonts) {
+TEST(FontList, IsEmptyWithoutInstalledFonts) {
     const TemporaryFolder folder;
     useFonts(folder, "");
     EXPECT_TRUE(installedFonts().empty());

@@ -20,8 +20,7 @@ constexpr std::uint32_t paper = 0x00204060;
 
 constexpr LONG escapements[] = {0, -900, -1800, 900};
 
-// Where a point of the upright square comes to lie in the turned one. `far` is side - 1 for pixels and side
-// for their corners.
+// Rotates a point of the square by the escapement. `far` is side - 1 for pixels and side for pixel corners.
 POINT turned(LONG escapement, int x, int y, int far) {
     switch (escapement) {
     case -900:
@@ -35,7 +34,7 @@ POINT turned(LONG escapement, int x, int y, int far) {
     }
 }
 
-// A square of paper with a font selected.
+// A square surface in the paper colour, with a font selected.
 class Page {
 public:
     Page(const char* face, int height, LONG escapement, bool emphasised = false) {
@@ -53,7 +52,7 @@ public:
         SetBkMode(dc, TRANSPARENT);
         surface.changed = false;
     }
-    ~Page() { // the font goes first: the context still has it
+    ~Page() { // the font is deleted while the context has it selected
         DeleteObject(font);
         deleteSurfaceDC(dc);
     }
@@ -120,8 +119,8 @@ TEST(Text, OpaqueFillsExactlyTheCell) {
     }
 }
 
-TEST(Text, TurnedGlyphsAreTheUprightOnesTurned) {
-    // The rasteriser rounds by direction; beyond this the shape would differ.
+TEST(Text, GlyphsRotateWithTheEscapement) {
+    // The rasteriser's rounding depends on the direction; a larger difference means another shape.
     constexpr int tolerance = 32;
     const std::string_view text = "Hg\xE9 Wo(4)";
     for (const int height : {-10, -16, -30}) {
@@ -146,8 +145,8 @@ TEST(Text, TurnedGlyphsAreTheUprightOnesTurned) {
     }
 }
 
-TEST(Text, InkLiesInTheCellAndHasTheTextColour) {
-    for (const int height : {-12, -160}) { // the large one is drawn as outlines
+TEST(Text, GlyphsStayInTheCellAndHaveTheTextColour) {
+    for (const int height : {-12, -160}) { // the larger size is drawn as outlines
         Page page("Liberation Sans", height, 0);
         SetTextColor(page.dc, 0x0000FF);
         const SIZE cell = page.extent("H");
@@ -181,7 +180,7 @@ TEST(Text, ControlCharactersAreBlanks) {
     }
 }
 
-TEST(Text, LongAndFarTextsAreCutNotRefused) {
+TEST(Text, LongAndDistantTextsAreClipped) {
     const std::string million(1000000, 'W');
     Page expected("Liberation Sans", -20, 0);
     const int step = expected.width("W");
@@ -208,7 +207,7 @@ TEST(Text, LongAndFarTextsAreCutNotRefused) {
     EXPECT_EQ(Page("Liberation Sans", -4000, 0).width(million), INT_MAX);
 }
 
-TEST(Text, UnknownLettersDrawAndBadArgumentsDoNot) {
+TEST(Text, DrawsUnknownLettersAndRejectsBadArguments) {
     Page page("DejaVu Sans", -16, 0);
     SIZE size{};
     EXPECT_TRUE(TextOutA(page.dc, 5, 5, nullptr, 0));
