@@ -1,7 +1,7 @@
 // Creation of bitmaps and solid brushes, and deletion of every drawing object, including pens (shapes.h) and
 // fonts (text.h). Called by everything that draws. An object that is selected when it is deleted is destroyed
-// once no device context has it selected any more. Creating an object returns null when 10,000 exist. Objects
-// are selected with device_contexts.h.
+// once no device context has it selected any more. At most 10,000 objects can exist; creating another one
+// returns null. Objects are selected with device_contexts.h.
 #pragma once
 
 #include "platform/types.h"

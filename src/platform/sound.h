@@ -1,6 +1,6 @@
 // Wave file playback, one sound at a time. Called by the front end's sounds and by the process entry. A
-// separate thread opens the device on the first PlaySoundA, so that a slow or missing sound server does not
-// block the caller for long; without a device nothing is audible and no error is reported. Music and movies
+// separate thread opens the device on the first PlaySoundA, so that a sound server that hangs delays the
+// caller by at most 2 seconds; without a device nothing is audible and no error is printed. Music and movies
 // are in media.h.
 #pragma once
 

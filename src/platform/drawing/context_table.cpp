@@ -28,11 +28,11 @@ HDC addContext(HGDIOBJ bitmap, Surface* surface) {
     auto context = std::make_unique<DeviceContext>();
     context->surface = surface;
     context->bitmap = bitmap;
-    context->brush = stockObject(Stock::WhiteBrush);
-    context->pen = stockObject(Stock::BlackPen);
-    context->font = stockObject(Stock::SystemFont);
+    context->brush = stockObject(Stock::whiteBrush);
+    context->pen = stockObject(Stock::blackPen);
+    context->font = stockObject(Stock::systemFont);
     for (HGDIOBJ object : {context->bitmap, context->brush, context->pen, context->font}) {
-        holdObject(object);
+        retainObject(object);
     }
     return reinterpret_cast<HDC>(contexts().insert(std::move(context)));
 }
@@ -40,7 +40,7 @@ HDC addContext(HGDIOBJ bitmap, Surface* surface) {
 void removeContext(HDC dc) {
     const std::unique_ptr<DeviceContext> context = contexts().remove(numberOf(dc));
     for (HGDIOBJ object : {context->bitmap, context->brush, context->pen, context->font}) {
-        letGoObject(object);
+        releaseObject(object);
     }
 }
 

@@ -18,9 +18,9 @@ struct DeviceContext {
     int backgroundMode = OPAQUE;
 };
 
-// Creates a device context that draws into `surface`, with the stock brush, pen and font selected. `surface`
-// is that of `bitmap`, or any other with a null bitmap. Returns null if 10,000 device contexts exist.
-// removeContext requires a valid handle.
+// Creates a device context that draws into `surface`, with the stock brush, pen and font selected.
+// `surface` belongs to `bitmap`, which becomes selected; `bitmap` is null for a surface that is not a bitmap.
+// Returns null if 10,000 device contexts exist. removeContext requires a valid handle.
 HDC addContext(HGDIOBJ bitmap, Surface* surface);
 void removeContext(HDC dc);
 

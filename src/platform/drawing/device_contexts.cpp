@@ -18,7 +18,7 @@ bool canSelectBitmap(const DeviceContext& context, HGDIOBJ handle, const GdiObje
 } // namespace
 
 HDC CreateCompatibleDC(HDC) {
-    HGDIOBJ bitmap = stockObject(Stock::Bitmap);
+    HGDIOBJ bitmap = stockObject(Stock::bitmap);
     return addContext(bitmap, std::get_if<Surface>(&findObject(bitmap)->content));
 }
 
@@ -50,9 +50,9 @@ HGDIOBJ SelectObject(HDC dc, HGDIOBJ handle) {
     } else if (std::holds_alternative<Pen>(object->content)) {
         place = &context->pen;
     }
-    holdObject(handle);
+    retainObject(handle);
     HGDIOBJ former = std::exchange(*place, handle);
-    letGoObject(former);
+    releaseObject(former);
     return former;
 }
 

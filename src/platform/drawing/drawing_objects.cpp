@@ -17,7 +17,7 @@ HBRUSH CreateSolidBrush(COLORREF color) {
 }
 
 HGDIOBJ GetStockObject(int index) {
-    return index == BLACK_BRUSH ? stockObject(Stock::BlackBrush) : nullptr;
+    return index == BLACK_BRUSH ? stockObject(Stock::blackBrush) : nullptr;
 }
 
 BOOL DeleteObject(HGDIOBJ handle) {

@@ -67,13 +67,13 @@ GdiObject* findObject(HGDIOBJ handle) {
     return object && !object->deleted ? object : nullptr;
 }
 
-void holdObject(HGDIOBJ handle) {
+void retainObject(HGDIOBJ handle) {
     if (GdiObject* object = findSelected(handle)) {
         ++object->selections;
     }
 }
 
-void letGoObject(HGDIOBJ handle) {
+void releaseObject(HGDIOBJ handle) {
     GdiObject* object = findSelected(handle);
     if (object && --object->selections == 0 && object->deleted) {
         objects().remove(numberOf(handle));
@@ -84,7 +84,7 @@ std::size_t liveObjectCount() {
     return objects().size();
 }
 
-HFONT adoptFont(std::unique_ptr<FontObject> font) {
+HFONT addFont(std::unique_ptr<FontObject> font) {
     return font ? reinterpret_cast<HFONT>(add(objectOf(std::move(font)))) : nullptr;
 }
 

@@ -26,7 +26,7 @@ struct GdiObject {
     bool deleted = false; // DeleteObject was called while it was selected
 };
 
-enum class Stock { Bitmap, BlackBrush, WhiteBrush, BlackPen, SystemFont };
+enum class Stock { bitmap, blackBrush, whiteBrush, blackPen, systemFont };
 
 // Returns a shared object that exists until the program ends: a 1x1 bitmap, a brush, or the pen or font of a
 // new device context.
@@ -40,9 +40,9 @@ GdiObject* findSelected(HGDIOBJ handle);
 // Deletes an object by the rules of DeleteObject. Returns false for a bad handle.
 bool deleteObject(HGDIOBJ handle);
 
-// Increments and decrements the selection count. letGoObject destroys a deleted object whose count reaches 0.
-void holdObject(HGDIOBJ handle);
-void letGoObject(HGDIOBJ handle);
+// Increments and decrements the selection count. releaseObject destroys a deleted object at count 0.
+void retainObject(HGDIOBJ handle);
+void releaseObject(HGDIOBJ handle);
 
 // Create an object, owned by the table until it is deleted. Return null if 10,000 objects exist; addBitmap
 // also for a size that Surface::resize refuses.
@@ -52,7 +52,7 @@ HPEN addPen(const Pen& pen);
 HBRUSH addHollowBrush();
 
 // Adds a font to the table, which takes ownership. Returns null for a null font or if 10,000 objects exist.
-HFONT adoptFont(std::unique_ptr<FontObject> font);
+HFONT addFont(std::unique_ptr<FontObject> font);
 
 // Returns the number of existing objects, including stock objects. Used by the tests to detect leaks.
 std::size_t liveObjectCount();

@@ -176,7 +176,7 @@ void releaseFontconfigAtExit() {
 std::optional<FontChoice> chooseFont(FontRequest request) {
     releaseFontconfigAtExit();
     InstalledName installed = findInstalled(request, false);
-    if (!installed.isFamily && !installed.face && request.nameIsCut) {
+    if (!installed.isFamily && !installed.face && request.nameIsTruncated) {
         installed = findInstalled(request, true);
     }
     if (installed.face) {

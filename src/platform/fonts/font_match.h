@@ -20,9 +20,9 @@ struct FontChoice {
 void releaseFontconfigAtExit();
 
 struct FontRequest {
-    std::string name;       // UTF-8, a family or full name
-    bool nameIsCut = false; // `name` is the truncated beginning of a longer name
-    int weight = 400;       // 1 to 1000
+    std::string name;             // UTF-8, a family or full name
+    bool nameIsTruncated = false; // `name` is the truncated beginning of a longer name
+    int weight = 400;             // 1 to 1000
     bool italic = false;
 };
 

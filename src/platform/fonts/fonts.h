@@ -46,6 +46,6 @@ struct FontObject {
     int height() const { return pixels(face->ascent) + pixels(face->descent); }
 };
 
-// Loads the font for a description by the rules of CreateFontIndirectA (platform/text.h). Returns null where
-// that function does.
+// Loads the font for a description by the rules of CreateFontIndirectA (platform/text.h). Returns null if no
+// usable font is installed or the absolute height exceeds 4096 pixels.
 std::unique_ptr<FontObject> loadFont(const LOGFONTA& description);

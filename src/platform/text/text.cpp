@@ -134,7 +134,7 @@ Area inkArea(const FontObject& font, const Placement& placement, std::int64_t wi
 } // namespace
 
 HFONT CreateFontIndirectA(const LOGFONTA* description) {
-    return description ? adoptFont(loadFont(*description)) : nullptr;
+    return description ? addFont(loadFont(*description)) : nullptr;
 }
 
 BOOL GetTextMetricsA(HDC dc, TEXTMETRICA* metrics) {
