@@ -1,15 +1,16 @@
-// The performance counter and Sleep. Called by every loop and
-// delay. The time itself comes from clock_source.h, of which the
-// build has two: the machine's clock, and a virtual one for tests.
+// The performance counter and Sleep. Called by every loop and delay. The time itself comes from
+// clock/clock_source.h, which has two implementations: the machine's clock, and a virtual clock for tests.
 #pragma once
 
 #include "platform/types.h"
 
-// Counts per second, and the counter. Both give TRUE; FALSE on a machine without a steady clock.
+// The counts per second and the current count. Both return TRUE, or FALSE on a machine without a monotonic
+// clock.
 BOOL QueryPerformanceFrequency(LARGE_INTEGER* frequency);
 BOOL QueryPerformanceCounter(LARGE_INTEGER* counter);
 
-// Gives up the processor for at least the given milliseconds, and unless they are 0 for no less than 20, or
-// 10 while pictures move. Meanwhile the screen stays alive: what has changed is shown, the display's events
-// are drained, no message is dispatched. A program that has been asked to end sleeps no longer than a moment.
+// Pauses for at least the given time. A duration other than 0 is raised to at least 20 ms, or 10 ms while
+// pictures move. The display is kept alive meanwhile: changes are shown and its events are handled, but no
+// message is dispatched. Once the program has been asked to end, the pause ends after at most one such
+// interval.
 void Sleep(DWORD milliseconds);

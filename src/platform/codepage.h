@@ -1,14 +1,15 @@
-// The Windows code page 1252, the text of everything
-// inside the application. Called where text comes in
-// from UTF-8 and where it becomes glyphs.
+// Conversions between Unicode and Windows code page 1252, the encoding of all text inside the application.
+// Called where text is read as UTF-8 and where it is drawn.
 #pragma once
 
 #include <string>
 #include <string_view>
 
-// The code point of a byte of code page 1252. The five bytes without a letter give U+0080 to U+009F.
+// Returns the code point of a byte of code page 1252. The five unassigned bytes return the code point of the
+// same value, between U+0081 and U+009D.
 char32_t codePageToUnicode(unsigned char byte);
 
-// UTF-8 to code page 1252. A letter that the code page lacks becomes its nearest plain letter or letters,
-// anything else a question mark; a byte that is not UTF-8 stays as it is.
+// Converts UTF-8 to code page 1252. A character that the code page lacks becomes its nearest plain letter or
+// letters, anything else a question mark; accents and marks without a width of their own are dropped. A byte
+// that is not valid UTF-8 is copied unchanged.
 std::string utf8ToCodePage(std::string_view text);

@@ -1,6 +1,6 @@
-// Lines for somebody who watches the program's standard streams. Called by the message box and by whatever
-// reports without a box. A front end on a cabinet often has nobody at the other end: such a line is dropped,
-// and never holds the program up or ends it.
+// Diagnostic lines on the program's standard streams. Called by the message box and by code that reports
+// without a box. On a cabinet often nothing reads these streams: what cannot be written at once is dropped,
+// so that a diagnostic never blocks or ends the program.
 #pragma once
 
 #include <string_view>
@@ -8,10 +8,11 @@
 constexpr int standardOutput = 1;
 constexpr int standardError = 2;
 
-// Writes the text and a line end to one of the two streams, cut to what goes through a pipe at once. Nothing
-// when the stream takes nothing at the moment.
+// Writes the text and a line end to one of the two streams, truncated to PIPE_BUF bytes, the most that a pipe
+// accepts atomically. Writes nothing when the stream is not ready.
 void writeDiagnostic(int stream, std::string_view text, std::string_view lineEnd = "\n");
 
-// Gives stdio other streams for the two, with the same rule and without a buffer: what a library prints must
-// not hold the program up either, nor wait for its end. Called once, by the entry.
+// Replaces stdout and stderr of stdio with unbuffered streams that likewise drop what cannot be written at
+// once, so that the output of a library can neither block the program nor be held back until it ends. Called
+// once, by the entry.
 void replaceStandardStreams();

@@ -1,6 +1,7 @@
-// Files and folders: search, raw files for redirected streams, binary files. Called by the catalogue, the
-// process runner and the PNG reader. In a path `\` and `/` both separate; otherwise a file name keeps its
-// bytes and case. Text files are opened by text_file.h, ini files read by profile.h.
+// Files and folders: searches, files for redirected streams of a child process, and binary files. Called by
+// the catalogue, the process runner and the PNG reader. Both `\` and `/` separate the parts of a path;
+// otherwise file names are case-sensitive byte strings. Text files are opened through text_file.h and ini
+// files are read through profile.h.
 #pragma once
 
 #include "platform/types.h"
@@ -19,32 +20,33 @@ constexpr DWORD FILE_ATTRIBUTE_DIRECTORY = 0x00000010;
 
 struct SECURITY_ATTRIBUTES;
 
-// Only the name and the directory bit are filled.
+// Only the name and the directory bit are set.
 struct WIN32_FIND_DATAA {
     DWORD dwFileAttributes;
     char cFileName[260];
 };
 
-// Finds the first file or folder of a path whose last part may hold the wildcards * and ?. Gives a search
-// handle, to be closed with FindClose, or INVALID_HANDLE_VALUE when there is none. A path without wildcards
-// costs one look-up. FindNextFileA gives the next one of a path with wildcards, in no particular order, and
-// FALSE when there is none.
+// Finds the first file or folder that matches a path whose last part may contain the wildcards * and ?.
+// Returns a search handle, to be closed with FindClose, or INVALID_HANDLE_VALUE when nothing matches. A path
+// without wildcards costs a single file system query. FindNextFileA fills in the next match of a path with
+// wildcards, in no particular order, and returns FALSE when there are no more.
 HANDLE FindFirstFileA(LPCSTR path, WIN32_FIND_DATAA* found);
 BOOL FindNextFileA(HANDLE search, WIN32_FIND_DATAA* found);
 BOOL FindClose(HANDLE search);
 
-// Opens a file: GENERIC_WRITE with CREATE_ALWAYS makes it anew and empty, GENERIC_READ with OPEN_EXISTING
-// opens what is there. A plain file that is made anew has the name NAME.new~ until its handle is closed, so
-// that a power cut or a kill never leaves part of it under its own name; when the program has been asked to
-// end by then, it is removed instead. Any other pair, a directory, a missing or forbidden file gives
-// INVALID_HANDLE_VALUE. The share mode, attributes and security record are not used: only a child's
-// redirected streams are ever inherited. templateFile must be null.
+// Opens a file. GENERIC_WRITE with CREATE_ALWAYS creates it or empties it; GENERIC_READ with OPEN_EXISTING
+// opens an existing file. A plain file opened for writing is named NAME.new~ until its handle is closed, so
+// that a power failure or a kill never leaves a partial file under the final name; if the program has been
+// asked to end by then, the temporary file is removed instead. Returns INVALID_HANDLE_VALUE for any other
+// combination, for a directory and for a file that is missing or may not be opened. The share mode,
+// attributes and security record are ignored: a child inherits only its redirected streams. templateFile must
+// be null.
 HANDLE CreateFileA(LPCSTR path, DWORD access, DWORD shareMode, SECURITY_ATTRIBUTES* security,
                    DWORD disposition, DWORD attributes, HANDLE templateFile);
 
-// Closes a file, process or thread handle. FALSE when there is no such handle.
+// Closes a file, process or thread handle. Returns FALSE for any other value.
 BOOL CloseHandle(HANDLE handle);
 
-// Opens a plain file for reading its bytes, without ever waiting; for fclose and whatever reads a stream.
-// Null when it cannot be opened or is a directory, a pipe or a device.
+// Opens a plain file for reading its bytes, without blocking. The caller closes the stream with fclose.
+// Returns null when the file cannot be opened or is a directory, a pipe or a device.
 FILE* openBinaryFile(LPCSTR path);

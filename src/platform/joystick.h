@@ -1,6 +1,6 @@
-// The first joystick of the machine: axes, hat and buttons. Called by the polling. A hat moves the axes too,
-// since the D-pad of most pads is one. A joystick that is unplugged answers with JOYERR_UNPLUGGED until one
-// is plugged in again.
+// The first joystick of the machine: axes, hats and buttons. Called by the polling of the controls. A hat
+// moves the X and Y axes too, since the D-pad of most pads is a hat. An unplugged joystick returns
+// JOYERR_UNPLUGGED until a joystick is plugged in again.
 #pragma once
 
 #include "platform/types.h"
@@ -11,16 +11,16 @@ constexpr MMRESULT JOYERR_NOERROR = 0;
 constexpr MMRESULT JOYERR_PARMS = 165;
 constexpr MMRESULT JOYERR_UNPLUGGED = 167;
 
-// Reaches the window with the focus (DispatchMessageA passes it over when none has it) when a button went
-// down or up or the stick was pushed another way, so that a loop that waits for a message wakes. wParam holds
-// the buttons as in JOYINFO. Only while the joystick is being read by somebody.
+// Posted to the window with the focus when a button changes or the stick is pushed in another direction, so
+// that a loop waiting for a message wakes up. Without a focused window DispatchMessageA ignores it. wParam
+// holds the buttons as in JOYINFO. Posted only once the joystick has been read.
 constexpr UINT MM_JOY1MOVE = 0x03A0;
 
 struct JOYINFO {
     UINT wXpos; // 0 left to 65535 right
     UINT wYpos; // 0 up to 65535 down
     UINT wZpos;
-    UINT wButtons; // bit n: button n is down, the first 32
+    UINT wButtons; // bit n is set while button n is down; first 32 buttons
 };
 
 struct JOYINFOEX {
@@ -68,11 +68,12 @@ struct JOYCAPSA {
 };
 static_assert(sizeof(JOYCAPSA) == 404);
 
-// Reads the device afresh. JOYERR_NOERROR and the state; JOYERR_PARMS for a joystick other than 0 or a null
-// or wrongly sized record, JOYERR_UNPLUGGED without a joystick, both with the record as it was. joyGetPosEx
-// is the probe: it fills the same values as joyGetPos whatever dwFlags says.
+// Read the current state of the device. Return JOYERR_NOERROR, JOYERR_PARMS for a joystick other than 0, a
+// null record or a wrong dwSize, or JOYERR_UNPLUGGED without a joystick. On failure the record is unchanged.
+// joyGetPosEx fills the same values as joyGetPos whatever dwFlags is; it is called to detect the joystick.
 MMRESULT joyGetPos(UINT joystick, JOYINFO* info);
 MMRESULT joyGetPosEx(UINT joystick, JOYINFOEX* info);
 
-// Name, axis limits (0 and 65535) and number of buttons. The same errors; `size` is that of the record.
+// Fills the name, the axis limits (0 and 65535) and the number of buttons; all other members are 0. `size` is
+// the size of the record. Returns the same errors.
 MMRESULT joyGetDevCapsA(std::uintptr_t joystick, JOYCAPSA* capabilities, UINT size);

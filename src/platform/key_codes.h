@@ -1,6 +1,6 @@
-// The virtual-key codes of the keys that have a name. Letters and digits have the codes of their capital
-// letters and digits in ASCII. Included by keys.h and by the tables and records of keys in the platform; no
-// operation stands here.
+// Virtual-key codes of the keys that have a name. Letters and digits use the ASCII codes of their capital
+// letters and digits. Included by keys.h and by the platform's key tables and records; declares no
+// operations.
 #pragma once
 
 constexpr int VK_BACK = 8;

@@ -1,6 +1,6 @@
-// Plain blocks of memory for pictures. Called by the PNG reader and by the drawing of pictures, which test
-// every allocation: the size of a picture comes out of a file. Everything else allocates as the language
-// does.
+// Plain blocks of memory for pictures. Called by the PNG reader and by the drawing of pictures, which check
+// every allocation because the size of a picture comes from a file. All other code uses ordinary C++
+// allocation.
 #pragma once
 
 #include "platform/types.h"
@@ -8,10 +8,11 @@
 using HGLOBAL = void*;
 
 constexpr UINT GMEM_FIXED = 0x0000;
-constexpr UINT GPTR = 0x0040; // fixed and zeroed
+constexpr UINT GPTR = 0x0040; // fixed and zero-initialised
 
-// A block at a fixed address, owned by the caller; the handle is the address. Null when there is no memory.
+// Allocates a block at a fixed address; the handle is the address. The caller releases it with GlobalFree.
+// Returns null when memory is exhausted.
 HGLOBAL GlobalAlloc(UINT flags, std::size_t size);
 
-// Releases a block; null is no failure. Always gives null.
+// Releases a block; null is allowed. Always returns null.
 HGLOBAL GlobalFree(HGLOBAL block);

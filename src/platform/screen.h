@@ -1,6 +1,5 @@
-// Facts and switches of the screen as a whole:
-// its size, the mouse cursor, the screen saver.
-// Called by the windows and the game launch.
+// The screen as a whole: its size, the mouse cursor and the screen saver. Called by the windows and the game
+// launch.
 #pragma once
 
 #include "platform/types.h"
@@ -12,14 +11,15 @@ constexpr int SM_SHUTTINGDOWN = 0x2000;
 
 constexpr UINT SPI_SETSCREENSAVEACTIVE = 0x0011;
 
-// Width or height of the screen in pixels; the number of screens, 1 or, once the display has been lost, 0; 1
-// once the program has been asked to end from outside, else 0. 0 for any other index.
+// Returns a property of the screen or the session. SM_CXSCREEN and SM_CYSCREEN: width and height in pixels.
+// SM_CMONITORS: number of screens, which is 1, or 0 without a display or after it has been lost.
+// SM_SHUTTINGDOWN: 1 once the program has been asked to end from outside, else 0. Any other index: 0.
 int GetSystemMetrics(int index);
 
-// Raises or lowers the display count of the mouse cursor, which starts at 0, and gives the new one. The
-// cursor is seen while the count is 0 or more.
+// Increments (TRUE) or decrements (FALSE) the display count of the mouse cursor, initially 0, and returns the
+// new count. The cursor is visible while the count is 0 or more.
 int ShowCursor(BOOL show);
 
-// SPI_SETSCREENSAVEACTIVE: FALSE in uiParam keeps the screen saver off, TRUE gives it back to the system.
-// FALSE for any other action.
+// Supports SPI_SETSCREENSAVEACTIVE only: FALSE in uiParam disables the screen saver, TRUE leaves it to the
+// system again. Returns FALSE for any other action.
 BOOL SystemParametersInfoA(UINT action, UINT uiParam, LPVOID pvParam, UINT winIni);

@@ -1,6 +1,6 @@
-// The basic types, handles and records that every service of the platform layer shares.
-// Included by all its headers; declares no operation. Widths are fixed: a LONG is 32 bits on every machine,
-// and only WPARAM, LPARAM, LRESULT and handles are as wide as a pointer.
+// Basic types, handles and records shared by every service of the platform layer. Included by all its
+// headers; declares no operations. Widths are fixed: a LONG is 32 bits on every machine, and only WPARAM,
+// LPARAM, LRESULT, pointers and handles have the width of a pointer.
 #pragma once
 
 #include <cstddef>
@@ -24,8 +24,8 @@ using LPCSTR = const char*;
 constexpr BOOL FALSE = 0;
 constexpr BOOL TRUE = 1;
 
-// Handles are opaque. The null handle names nothing; every operation answers a null, deleted or foreign
-// handle with its documented failure value and has no other effect.
+// Handles are opaque; the null handle refers to no object. Every operation returns its documented failure
+// value for a null, deleted or foreign handle and has no other effect.
 using HANDLE = void*;
 using HGDIOBJ = void*;
 using HWND = struct WindowHandle*;
@@ -40,10 +40,10 @@ using HMENU = struct MenuHandle*;
 using HINSTANCE = struct InstanceHandle*;
 using HMODULE = HINSTANCE;
 
-// A colour, 0x00BBGGRR: the low byte is red.
+// A colour as 0x00BBGGRR: the low byte is red.
 using COLORREF = DWORD;
 
-// right and bottom lie just outside the rectangle.
+// right and bottom are exclusive.
 struct RECT {
     LONG left;
     LONG top;

@@ -1,18 +1,17 @@
-// Control of virtual time, in builds that link virtual_clock.cpp:
-// what happens when, and how late it is. Called by tests only; the
-// program never sees that its time is not real.
+// Control of virtual time, in builds that link virtual_clock.cpp: schedules actions at moments of that time
+// and advances it. Called by tests only; the program runs as in real time.
 #pragma once
 
 #include <cstdint>
 #include <functional>
 
-// Runs an action at a moment of virtual time, in milliseconds since the start of time, from inside the wait
-// that passes it. Actions of one moment run in the order given. A moment that has passed runs in the next
-// wait.
+// Schedules an action for a moment of virtual time, in milliseconds since its start. The action runs inside
+// the wait that reaches the moment. Actions of the same moment run in the order in which they were scheduled;
+// an action for a past moment runs in the next wait.
 void virtualClockAt(std::int64_t milliseconds, std::function<void()> action);
 
-// Milliseconds that have passed.
+// Virtual time in milliseconds since its start.
 std::int64_t virtualClockMilliseconds();
 
-// Moves time without a wait, for the time that a computation is said to take.
+// Advances virtual time without a wait, for the time that a computation is assumed to take. Runs no actions.
 void virtualClockAdvance(std::int64_t milliseconds);
