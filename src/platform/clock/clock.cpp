@@ -10,13 +10,13 @@ namespace {
 
 constexpr std::int64_t countsPerSecond = nanosecondsPerSecond;
 
-// How long a sleep leaves the display to itself, and no sleep is shorter: a loop that sleeps for a
-// millisecond at a time would wake the processor a thousand times a second, for controls that are polled ten
-// times.
-constexpr std::int64_t napAtRest = 20 * nanosecondsPerMillisecond;
-constexpr std::int64_t napBetweenPictures = 10 * nanosecondsPerMillisecond;
+// Interval at which a sleep keeps the display alive, and the shortest sleep: a loop that sleeps for a
+// millisecond at a time would wake the processor a thousand times a second, although the controls are polled
+// only ten times.
+constexpr std::int64_t idleInterval = 20 * nanosecondsPerMillisecond;
+constexpr std::int64_t movingInterval = 10 * nanosecondsPerMillisecond;
 
-std::int64_t nap = napAtRest;
+std::int64_t interval = idleInterval;
 
 } // namespace
 
@@ -32,9 +32,9 @@ BOOL QueryPerformanceCounter(LARGE_INTEGER* counter) {
 
 void Sleep(DWORD milliseconds) {
     const std::int64_t wanted = milliseconds * nanosecondsPerMillisecond;
-    const std::int64_t end = clockNow() + (wanted > 0 ? std::max(wanted, nap) : 0);
+    const std::int64_t end = clockNow() + (wanted > 0 ? std::max(wanted, interval) : 0);
     do {
-        const bool moving = waitAndKeepAlive(std::min(end - clockNow(), nap));
-        nap = moving ? napBetweenPictures : napAtRest;
+        const bool moving = waitAndKeepAlive(std::min(end - clockNow(), interval));
+        interval = moving ? movingInterval : idleInterval;
     } while (clockNow() < end && !endRequested());
 }

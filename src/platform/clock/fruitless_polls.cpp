@@ -5,25 +5,25 @@
 
 namespace {
 
-constexpr int longestRun = 32;
+constexpr int pauseThreshold = 32;
 
-// Nanoseconds between two polls beyond which the loop has done something that no service notes.
+// A longer time between two polls, in nanoseconds, means that the loop has done work that no service reports.
 constexpr std::int64_t longestGap = nanosecondsPerMillisecond / 2;
 
-int run = 0;
-std::int64_t lastPoll = 0; // its end, in nanoseconds
+int seriesLength = 0;
+std::int64_t lastPollEnd = 0;
 
 } // namespace
 
 void pauseAfterFruitlessPolls() {
-    run = clockNow() - lastPoll <= longestGap ? run + 1 : 1;
-    if (run >= longestRun) {
-        run = longestRun; // a run goes on across pauses
+    seriesLength = clockNow() - lastPollEnd <= longestGap ? seriesLength + 1 : 1;
+    if (seriesLength >= pauseThreshold) {
+        seriesLength = pauseThreshold; // a pause does not end the series
         Sleep(1);
     }
-    lastPoll = clockNow();
+    lastPollEnd = clockNow();
 }
 
 void noteWorkBetweenPolls() {
-    run = 0;
+    seriesLength = 0;
 }

@@ -1,12 +1,13 @@
-// Recognises a loop that does nothing but poll for messages, so that it can be paced
-// like one that sleeps. Inside the platform only: the message queue counts its
-// fruitless polls here, and what a loop does besides is noted by the services it calls.
+// Detects a loop that does nothing but poll for messages, so that it can be paced like a loop that sleeps.
+// Called inside the platform only: the message queue reports each poll that finds no message, and the
+// services that such a loop might call report that it did other work.
 #pragma once
 
-// A poll has found no message. Sleeps as long as Sleep(1) does once a whole run of polls has found none,
-// with nothing done in between.
+// Reports a poll that found no message. After a series of such polls without any other work, it pauses for as
+// long as Sleep(1) does.
 void pauseAfterFruitlessPolls();
 
-// A message was found, a control was read or a window was asked about: the loop works, and the next run
-// starts anew. A loop that owes ticks is recognised by this, since each tick reads the controls.
+// Reports that a message was found, a control was read or a window was queried: the loop does work, and the
+// series starts again. It also exempts a loop that catches up on overdue ticks, since each tick reads the
+// controls.
 void noteWorkBetweenPolls();

@@ -15,9 +15,9 @@ void clockWait(std::int64_t nanoseconds) {
     if (nanoseconds <= 0) {
         return;
     }
-    timespec rest{};
-    rest.tv_sec = static_cast<time_t>(nanoseconds / nanosecondsPerSecond);
-    rest.tv_nsec = static_cast<long>(nanoseconds % nanosecondsPerSecond);
-    while (clock_nanosleep(CLOCK_MONOTONIC, 0, &rest, &rest) == EINTR) {
+    timespec remaining{};
+    remaining.tv_sec = static_cast<time_t>(nanoseconds / nanosecondsPerSecond);
+    remaining.tv_nsec = static_cast<long>(nanoseconds % nanosecondsPerSecond);
+    while (clock_nanosleep(CLOCK_MONOTONIC, 0, &remaining, &remaining) == EINTR) {
     }
 }

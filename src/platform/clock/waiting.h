@@ -1,17 +1,16 @@
-// What the program's thread does while it waits: it keeps the screen alive. Called by every wait of the
-// platform that is not a look at the messages. The display registers here how that is done; nothing here
-// knows the display.
+// Keeps the screen alive while the program's thread waits. Called by every wait of the platform except the
+// message polls. The display registers the function that does so; this module does not depend on the display.
 #pragma once
 
 #include <cstdint>
 
-// Registers the function that shows what has changed and handles the display's events. It returns true while
-// pictures move. Before the first call, waits only pass time.
+// Registers the function that shows changes and handles the display's events. It returns true while pictures
+// move. Until it is registered, waits only let time pass.
 void setKeepAlive(bool (*function)());
 
-// Calls that function, for a wait for something else than time. True while pictures move; it then has to be
-// called every 10 ms, else every 20 to 50.
+// Calls that function, for a wait whose end is not a moment in time. Returns true while pictures move; it
+// then has to be called every 10 ms, otherwise every 20 to 50 ms.
 bool keepAlive();
 
-// Waits for at least the given nanoseconds, then keeps the screen alive, and returns what that did.
+// Waits for at least the given time, then keeps the screen alive. Returns the result of keepAlive().
 bool waitAndKeepAlive(std::int64_t nanoseconds);
