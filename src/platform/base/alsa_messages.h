@@ -1,6 +1,5 @@
-// The words of the ALSA library, which it would print on
-// a machine without a sound card. That is no error here.
-// Called by whoever is about to open a sound device.
+// Suppresses the messages that the ALSA library prints on a machine without a sound card, which is not an
+// error here. Called before a sound device is opened.
 #pragma once
 
 void silenceAlsa();

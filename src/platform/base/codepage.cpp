@@ -7,7 +7,7 @@
 
 namespace {
 
-// Code points of the bytes 0x80 to 0x9F. All other bytes are their own code point.
+// Code points of the bytes 0x80 to 0x9F. Every other byte is equal to its code point.
 constexpr std::array<char16_t, 32> upperControlBlock = {
     0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
     0x2039, 0x0152, 0x008D, 0x017D, 0x008F, 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
@@ -31,14 +31,14 @@ constexpr PlainLetters plainLetters[] = {
     {0x2236, ":"},  {0x223C, "~"}, {0x22C5, "\xB7"}, {0x301C, "~"}, {0x30FB, "\xB7"},
 };
 
-// Alpha to omega without the accented ones, which decompose. U+03C2 is the final sigma.
+// Alpha to omega without the accented letters, which decompose. U+03C2 is the final sigma.
 constexpr char32_t greekSmallAlpha = 0x03B1;
 constexpr char32_t greekCapitalAlpha = 0x0391;
 constexpr std::array<const char*, 25> greekLetters = {"a", "b", "g", "d", "e",  "z",  "e", "th", "i",
                                                       "k", "l", "m", "n", "x",  "o",  "p", "r",  "s",
                                                       "s", "t", "y", "f", "ch", "ps", "o"};
 
-// The Russian alphabet, a to ya. The hard and the soft sign have no sound of their own.
+// The Russian alphabet from a to ya. The hard and the soft sign have no sound and are dropped.
 constexpr char32_t cyrillicSmallA = 0x0430;
 constexpr char32_t cyrillicCapitalA = 0x0410;
 constexpr std::array<const char*, 32> cyrillicLetters = {
@@ -61,7 +61,8 @@ bool appendFromAlphabet(std::string& result, char32_t letter, char32_t capitalSt
 }
 
 bool appendExact(std::string& result, char32_t letter) {
-    // A character reference to U+0080 to U+009F is in practice a code page byte that was taken for Latin-1.
+    // In practice a code point from U+0080 to U+009F comes from a code page byte that was mistaken for
+    // Latin-1.
     if (letter <= 0xFF) {
         result += static_cast<char>(letter);
         return true;
@@ -74,7 +75,7 @@ bool appendExact(std::string& result, char32_t letter) {
     return true;
 }
 
-// Appends the plain letters of one code point that cannot be divided any further.
+// Appends the plain letters of a code point that has no decomposition.
 void appendPlain(std::string& result, char32_t letter) {
     if (appendExact(result, letter)) {
         return;

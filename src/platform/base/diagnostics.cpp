@@ -11,8 +11,8 @@
 
 namespace {
 
-// What goes through a pipe at once, or nothing.
-void writeIfTaken(int stream, std::string_view text) {
+// Writes `text`, at most PIPE_BUF bytes, if the stream is ready. Errors and partial writes are ignored.
+void writeIfReady(int stream, std::string_view text) {
     pollfd target = {stream, POLLOUT, 0};
     if (poll(&target, 1, 0) == 1 && (target.revents & POLLOUT) != 0) {
         const ssize_t written = write(stream, text.data(), text.size());
@@ -20,11 +20,13 @@ void writeIfTaken(int stream, std::string_view text) {
     }
 }
 
-// The writer of a stdio stream; the cookie is the number of the stream. Always reports that all is written.
+// The write function of a stdio stream; the cookie is its file descriptor. Always reports that everything was
+// written.
 ssize_t writeForStdio(void* cookie, const char* text, std::size_t size) {
-    for (std::string_view rest(text, size); !rest.empty();
-         rest.remove_prefix(std::min<std::size_t>(rest.size(), PIPE_BUF))) {
-        writeIfTaken(static_cast<int>(reinterpret_cast<std::intptr_t>(cookie)), rest.substr(0, PIPE_BUF));
+    for (std::string_view remaining(text, size); !remaining.empty();
+         remaining.remove_prefix(std::min<std::size_t>(remaining.size(), PIPE_BUF))) {
+        writeIfReady(static_cast<int>(reinterpret_cast<std::intptr_t>(cookie)),
+                     remaining.substr(0, PIPE_BUF));
     }
     return static_cast<ssize_t>(size);
 }
@@ -41,7 +43,7 @@ void replaceStream(FILE*& stream, int number) {
 } // namespace
 
 void writeDiagnostic(int stream, std::string_view text, std::string_view lineEnd) {
-    writeIfTaken(stream, std::string(text.substr(0, PIPE_BUF - lineEnd.size())).append(lineEnd));
+    writeIfReady(stream, std::string(text.substr(0, PIPE_BUF - lineEnd.size())).append(lineEnd));
 }
 
 void replaceStandardStreams() {

@@ -7,7 +7,7 @@
 namespace {
 
 std::atomic<EndRequest> firstRequest = EndRequest::none;
-static_assert(std::atomic<EndRequest>::is_always_lock_free, "a signal handler writes it");
+static_assert(std::atomic<EndRequest>::is_always_lock_free, "written by a signal handler");
 
 void handleSignal(int) {
     requestEnd(EndRequest::close);

@@ -1,15 +1,16 @@
-// The request to end the program that comes from outside: a signal, a close by the window system, or the loss
-// of the display. Inside the platform only: the display reports, and every wait polls. The first request
-// counts and stays, so that nothing on the way out waits for a person, a server or another program.
+// The request from outside to end the program: a signal, a close request of the window system, or the loss of
+// the display. Inside the platform only: the display reports requests, and every wait polls for them. The
+// first request stays in effect, so that nothing on the way to the exit waits for a person, a server or
+// another program.
 #pragma once
 
 enum class EndRequest { none, close, displayLost };
 
-// From here on SIGTERM, SIGINT and SIGHUP are requests to close. A signal that the program was started to
-// ignore stays ignored.
+// Makes SIGTERM, SIGINT and SIGHUP requests to close. A signal that the program was started to ignore stays
+// ignored.
 void installCloseSignals();
 
-// Records a request unless there is one already. Safe in a signal handler.
+// Records a request unless one is already recorded. Async-signal-safe.
 void requestEnd(EndRequest request);
 
 EndRequest endRequest();
@@ -18,6 +19,6 @@ inline bool endRequested() {
     return endRequest() != EndRequest::none;
 }
 
-// A new run begins. For the first window of a program, since tests run the front end several times in one
-// process.
+// Clears the request. Called for the first window of a program, since tests run the front end several times
+// in one process.
 void forgetEndRequest();

@@ -1,6 +1,5 @@
-// Handles that cannot be misused: a handle is a number that names
-// a slot and its generation, so that a deleted or foreign one is
-// recognised instead of followed. Inside the platform only.
+// A table of objects addressed by handles. A handle is a number made of a slot and its generation, so that a
+// deleted or foreign handle is recognised instead of dereferenced. Inside the platform only.
 #pragma once
 
 #include <cstddef>
@@ -11,10 +10,10 @@
 
 template <typename Object> class HandleTable {
 public:
-    // `kind` (1 to 15) keeps the handles of different tables apart.
+    // `kind` (1 to 15) distinguishes the handles of different tables.
     explicit HandleTable(unsigned kind) : kind_(kind) {}
 
-    // Takes the object and gives its handle as a value that is never 0.
+    // Takes ownership of the object and returns its handle, which is never 0.
     std::uintptr_t insert(std::unique_ptr<Object> object) {
         std::size_t index = 0;
         if (freeSlots_.empty()) {
@@ -28,7 +27,7 @@ public:
         return encode(index, slots_[index].generation);
     }
 
-    // The object, or null for a handle that is not (or no longer) of this table.
+    // Returns the object, or null for a handle that is not (or no longer) in this table.
     Object* find(std::uintptr_t handle) const {
         const std::size_t index = indexOf(handle);
         return index < slots_.size() && handle == encode(index, slots_[index].generation)
@@ -36,7 +35,7 @@ public:
                    : nullptr;
     }
 
-    // Takes the object out; null for an unknown handle.
+    // Removes the object and returns it; null for an unknown handle.
     std::unique_ptr<Object> remove(std::uintptr_t handle) {
         if (!find(handle)) {
             return nullptr;
@@ -47,7 +46,7 @@ public:
         return std::move(slots_[index].object);
     }
 
-    // Objects that live.
+    // The number of objects in the table.
     std::size_t size() const { return slots_.size() - freeSlots_.size(); }
 
 private:
@@ -56,7 +55,7 @@ private:
         std::uintptr_t generation = 0;
     };
 
-    // Low to high: kind 4 bits, index 16 bits, generation 11 bits, so that a handle fits 32 bits.
+    // From low to high: kind 4 bits, index 16 bits, generation 11 bits, so that a handle fits in 32 bits.
     static constexpr std::uintptr_t generationMask = 0x7FF;
 
     std::uintptr_t encode(std::size_t index, std::uintptr_t generation) const {

@@ -7,10 +7,10 @@
 
 namespace {
 
-// Every redraw needs the blocks of the last one again. Giving them back to the kernel in between, page by
-// page, would cost more than turning and stretching what they hold.
+// Every redraw allocates blocks of the same sizes as the last one. Returning them to the kernel in between,
+// page by page, would cost more than rotating and stretching the pictures in them.
 void keepFreedBlocks() {
-    constexpr int keptBytes = 32 << 20; // also the largest threshold that is accepted
+    constexpr int keptBytes = 32 << 20; // also the largest threshold that mallopt accepts
     mallopt(M_MMAP_THRESHOLD, keptBytes);
     mallopt(M_TRIM_THRESHOLD, keptBytes);
 }

@@ -4,7 +4,7 @@
 
 namespace {
 
-TEST(CodePage, NamedBytesAndTheirLetters) {
+TEST(CodePageTest, ConvertsKnownBytes) {
     EXPECT_EQ(codePageToUnicode('A'), U'A');
     EXPECT_EQ(codePageToUnicode(0x80), U'\u20AC');
     EXPECT_EQ(codePageToUnicode(0x99), U'\u2122');
@@ -12,7 +12,7 @@ TEST(CodePage, NamedBytesAndTheirLetters) {
     EXPECT_EQ(codePageToUnicode(0xE9), U'\u00E9');
 }
 
-TEST(CodePage, EveryByteComesBackFromItsLetter) {
+TEST(CodePageTest, EveryByteSurvivesARoundTrip) {
     for (unsigned byte = 1; byte < 256; ++byte) {
         const char32_t letter = codePageToUnicode(static_cast<unsigned char>(byte));
         std::string utf8;
@@ -28,26 +28,26 @@ TEST(CodePage, EveryByteComesBackFromItsLetter) {
     }
 }
 
-TEST(CodePage, NearestLettersForWhatItLacks) {
+TEST(CodePageTest, ReplacesCharactersThatTheCodePageLacks) {
     const struct {
         const char* utf8;
         const char* expected;
     } cases[] = {
         {"", ""},
         {"Pok\u00E9mon \u2122", "Pok\xE9mon \x99"},
-        {"Poke\u0301mon", "Pokemon"}, // an accent that stands alone
+        {"Poke\u0301mon", "Pokemon"}, // a combining accent
         {"\u0141\u00F3d\u017A", "L\xF3"
                                 "dz"},         // with and without a decomposition
         {"\u1EA4 \u01D6", "A u"},              // two accents on one letter
-        {"\uFB01x \u2460 \u2116", "fix 1 No"}, // ligature, digit in a circle, numero sign
-        {"\uFF21\uFF11\u3000\uFF01", "A1 !"},  // wide forms
+        {"\uFB01x \u2460 \u2116", "fix 1 No"}, // ligature, circled digit, numero sign
+        {"\uFF21\uFF11\u3000\uFF01", "A1 !"},  // full-width forms
         {"FM-16\u03B2 \u03A9 \u0398", "FM-16b O Th"},
         {"\u0416\u0451\u043B\u0442\u044B\u0439", "Zheltyi"},
         {"\u2212\u2010\u2032", "--'"},
-        {"\u200Ba\uFEFFb", "ab"}, // marks without width
+        {"\u200Ba\uFEFFb", "ab"}, // zero-width characters
         {"\u65E5\u672C \u2665 \U0001F3AE", "?? ? ?"},
         {"caf\xE9 \xC3", "caf\xE9 \xC3"}, // not UTF-8
-        {"\xE2\x82", "\xE2\x82"},         // cut off
+        {"\xE2\x82", "\xE2\x82"},         // truncated UTF-8
     };
     for (const auto& row : cases) {
         EXPECT_EQ(utf8ToCodePage(row.utf8), row.expected) << row.utf8;
