@@ -1,6 +1,6 @@
-// In order: start of SDL's video and of the window, loss of the display, events and the free keyboard focus,
-// then the functions of the header: size and pixels, presenting, keeping alive, giving up and taking back,
-// switches, end.
+// In order: start of SDL's video and of the window, loss of the display, events and the unassigned keyboard
+// focus, then the functions of the header: size and pixels, presenting, keeping alive, giving up and taking
+// back, settings, exit.
 #include "platform/display/display.h"
 
 #include "platform/base/end_request.h"
@@ -24,21 +24,21 @@
 
 namespace {
 
-// How often the event queue is looked at. The controls are polled ten times a second, so this is never felt,
-// and an idle front end stays far below a hundredth of a processor.
+// How often the event queue is polled. The controls are polled ten times a second, so the delay is not
+// noticeable, and an idle front end stays far below 1% of a processor.
 constexpr std::int64_t pumpInterval = 4 * nanosecondsPerMillisecond;
 
-// How often a lost keyboard focus is looked for.
+// How often the display checks whether the keyboard focus is unassigned.
 constexpr std::int64_t focusInterval = 500 * nanosecondsPerMillisecond;
 
 struct Display {
-    bool failed = false; // no display could be had; not tried again
-    bool real = false;   // not one of SDL's drivers without a screen
+    bool failed = false; // no display is available; not tried again
+    bool real = false;   // SDL's driver has a screen
     bool ownsConsole = false;
     bool shown = false;
-    bool lent = false; // to a child, which has the focus or will take it
+    bool givenUp = false; // for a child, which has the focus or is about to take it
     bool mousePressed = false;
-    bool lost = false; // for good: the window below is null, and SDL's video must be left alone
+    bool lost = false; // for good: `window` is null, and SDL's video must not be called
     bool cursorShown = true;
     SDL_Window* window = nullptr;
     int width = 0;
@@ -48,7 +48,7 @@ struct Display {
     std::int64_t lastPump = -pumpInterval;
     std::int64_t lastFocusCheck = 0;
     std::string title;
-    std::vector<std::uint32_t> converted; // for screens whose pixels have another format
+    std::vector<std::uint32_t> converted; // picture for a screen with another pixel format
     DisplayListener listener{};
 };
 
@@ -64,13 +64,13 @@ bool isX11() {
 }
 
 void setHints() {
-    // The window of a program that is behind a running game must not be taken off the screen.
+    // The window must not be minimised while a running game is in front of it.
     SDL_SetHint(SDL_HINT_VIDEO_MINIMIZE_ON_FOCUS_LOSS, "0");
     SDL_SetHint(SDL_HINT_VIDEO_ALLOW_SCREENSAVER, "1");
     SDL_SetHint(SDL_HINT_NO_SIGNAL_HANDLERS, "1");
 }
 
-// Without a session bus SDL's start would launch one, which takes longer than all the rest and outlives the
+// Without a session bus SDL's start would launch one, which takes longer than the rest of it and outlives the
 // program.
 class NoBusLaunch {
 public:
@@ -100,20 +100,21 @@ bool initVideo() {
     }
     const std::string_view driver = SDL_GetCurrentVideoDriver();
     if (driverHasNoScreen(driver) && !std::getenv("SDL_VIDEODRIVER")) {
-        SDL_QuitSubSystem(SDL_INIT_VIDEO); // SDL fell back to it: nobody would ever see anything
+        SDL_QuitSubSystem(SDL_INIT_VIDEO); // SDL fell back to a driver without a screen
         return false;
     }
     display.real = !driverHasNoScreen(driver);
     display.ownsConsole = driver == "kmsdrm";
     if (isX11()) {
-        SDL_SetHint(SDL_HINT_FRAMEBUFFER_ACCELERATION, "0"); // shared memory is faster there, and far smaller
+        // Shared memory is faster on X11 and needs far less memory.
+        SDL_SetHint(SDL_HINT_FRAMEBUFFER_ACCELERATION, "0");
     }
     return true;
 }
 
-// Called inside a call to SDL, which goes on: before the first picture that is the call that shows the window
-// and waits for the server's answer for ever, so the start fails here. Afterwards every function checks the
-// window.
+// Called inside a call to SDL, which continues afterwards. Before the first picture that is the call that
+// shows the window, which would wait forever for the server's answer, so the process ends here. Later, every
+// function checks the window.
 void loseDisplay() {
     constexpr int failedStartCode = 1;
     if (!display.shown) {
@@ -126,7 +127,7 @@ void loseDisplay() {
 
 bool openWindow() {
     SDL_DisplayMode mode{};
-    SDL_Rect monitor{}; // the first one is the primary
+    SDL_Rect monitor{}; // display 0 is the primary one
     if (SDL_GetDesktopDisplayMode(0, &mode) != 0 || mode.w <= 0 || mode.h <= 0 ||
         SDL_GetDisplayBounds(0, &monitor) != 0) {
         return false;
@@ -257,12 +258,12 @@ void pumpEvents() {
     }
 }
 
-// Without a window manager nobody assigns the focus anew when the window that had it goes. A window that is
-// there keeps it.
+// Without a window manager the focus is not reassigned when the window that had it goes. A window that still
+// exists keeps it.
 void takeFreeFocus(std::int64_t now) {
     const bool hasFocus =
         !display.window || (SDL_GetWindowFlags(display.window) & SDL_WINDOW_INPUT_FOCUS) != 0;
-    if (hasFocus || !display.shown || display.lent || now - display.lastFocusCheck < focusInterval ||
+    if (hasFocus || !display.shown || display.givenUp || now - display.lastFocusCheck < focusInterval ||
         !isX11()) {
         return;
     }
@@ -329,7 +330,7 @@ bool displayIsReal() {
 }
 
 bool displayKeepAlive() {
-    // Without a window too: a signal must reach a child that has the console for itself.
+    // Events are handled without a window too: a signal must reach a child that owns the console.
     const std::int64_t now = clockNow();
     if (now - display.lastPump >= pumpInterval) {
         display.lastPump = now;
@@ -340,7 +341,7 @@ bool displayKeepAlive() {
 }
 
 void displayGiveUp() {
-    display.lent = true;
+    display.givenUp = true;
     if (display.window && display.ownsConsole) {
         SDL_DestroyWindow(display.window);
         display.window = nullptr;
@@ -349,7 +350,7 @@ void displayGiveUp() {
 }
 
 void displayTakeBack() {
-    display.lent = false;
+    display.givenUp = false;
     if (display.ownsConsole && !display.window && !startDisplay()) {
         return;
     }
@@ -417,8 +418,8 @@ void displaySetSize(int width, int height) {
 }
 
 void displayQuit() {
-    // An X11 server ends the window with the connection. SDL would wait for its answer, for ever when the
-    // server goes in that moment.
+    // An X11 server destroys the window when the connection ends. SDL would wait for its answer, forever if
+    // the server ends at that moment.
     if (display.lost || (display.window && isX11())) {
         return;
     }
@@ -426,8 +427,8 @@ void displayQuit() {
         SDL_DestroyWindow(display.window);
         display.window = nullptr;
     }
-    // The sound's thread may still be closing its device on a slow server, and two ends of one device wait
-    // for each other for ever.
+    // The thread of the sound may still be closing its device on a slow server; two threads that close the
+    // same device deadlock.
     if (SDL_WasInit(SDL_INIT_AUDIO) == 0) {
         SDL_Quit();
     } else {

@@ -25,7 +25,7 @@ bool startJoysticks() {
     }
     static bool failed = false;
     if (!failed) {
-        // The kernel's own drivers show a D-pad as a hat; SDL's would make buttons of it.
+        // The kernel's drivers report a D-pad as a hat; SDL's HIDAPI drivers would report it as buttons.
         SDL_SetHint(SDL_HINT_JOYSTICK_HIDAPI, "0");
         SDL_SetHint(SDL_HINT_JOYSTICK_ALLOW_BACKGROUND_EVENTS, "1");
         failed = SDL_InitSubSystem(SDL_INIT_JOYSTICK) != 0;
@@ -33,7 +33,7 @@ bool startJoysticks() {
     return !failed;
 }
 
-// The joystick with its present state, or null when none is plugged in.
+// Returns the joystick with its state updated, or null when none is plugged in.
 SDL_Joystick* currentJoystick() {
     if (!startJoysticks()) {
         return nullptr;
@@ -57,7 +57,7 @@ UINT axisPosition(SDL_Joystick* joystick, int axis) {
     return static_cast<UINT>(SDL_JoystickGetAxis(joystick, axis) + axisOffset);
 }
 
-// A hat that is pushed decides; one at rest leaves the axis to the stick.
+// A hat that is pushed overrides the stick; a centred one leaves the axis to it.
 UINT withHat(UINT position, bool low, bool high) {
     if (low != high) {
         return low ? axisMin : axisMax;

@@ -13,7 +13,7 @@ namespace {
 
 struct KeyName {
     int code;
-    SDL_Scancode place;
+    SDL_Scancode scancode;
     std::uint32_t symbol;
 };
 
@@ -67,15 +67,15 @@ constexpr KeyName keyNames[] = {
     {VK_OEM_102, SDL_SCANCODE_NONUSBACKSLASH, XK_less},
 };
 
-// A run of keys whose codes, places and symbols all count upwards together.
-struct KeyRun {
+// A range of keys with consecutive virtual-key codes, SDL scancodes and X11 symbols.
+struct KeyRange {
     int code;
-    SDL_Scancode place;
+    SDL_Scancode scancode;
     std::uint32_t symbol;
     int count;
 };
 
-constexpr KeyRun keyRuns[] = {
+constexpr KeyRange keyRanges[] = {
     {'A', SDL_SCANCODE_A, XK_a, 26},
     {'1', SDL_SCANCODE_1, XK_1, 9},
     {'0', SDL_SCANCODE_0, XK_0, 1},
@@ -92,22 +92,22 @@ int virtualKeyOf(const SDL_Keysym& key) {
         return 'A' + (key.sym - SDLK_a);
     }
     const auto name = std::find_if(std::begin(keyNames), std::end(keyNames),
-                                   [&](const KeyName& entry) { return entry.place == key.scancode; });
+                                   [&](const KeyName& entry) { return entry.scancode == key.scancode; });
     if (name != std::end(keyNames)) {
         return name->code;
     }
-    for (const KeyRun& run : keyRuns) {
-        if (key.scancode >= run.place && key.scancode < run.place + run.count) {
-            return run.code + (key.scancode - run.place);
+    for (const KeyRange& range : keyRanges) {
+        if (key.scancode >= range.scancode && key.scancode < range.scancode + range.count) {
+            return range.code + (key.scancode - range.scancode);
         }
     }
     return 0;
 }
 
 std::uint32_t keySymbolOf(int code) {
-    for (const KeyRun& run : keyRuns) {
-        if (code >= run.code && code < run.code + run.count) {
-            return run.symbol + static_cast<std::uint32_t>(code - run.code);
+    for (const KeyRange& range : keyRanges) {
+        if (code >= range.code && code < range.code + range.count) {
+            return range.symbol + static_cast<std::uint32_t>(code - range.code);
         }
     }
     const auto name = std::find_if(std::begin(keyNames), std::end(keyNames), [&](const KeyName& entry) {

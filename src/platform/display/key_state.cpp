@@ -22,7 +22,7 @@ KeyRecord& recordOf(int code) {
     return keyRecords[static_cast<std::size_t>(code)];
 }
 
-// Left and right of VK_SHIFT, VK_CONTROL and VK_MENU lie in pairs from VK_LSHIFT on.
+// The left and right codes of VK_SHIFT, VK_CONTROL and VK_MENU form consecutive pairs from VK_LSHIFT on.
 int leftKeyOf(int commonCode) {
     return VK_LSHIFT + 2 * (commonCode - VK_SHIFT);
 }

@@ -1,19 +1,18 @@
-// Which keys are down and which were pressed since somebody last
-// asked, by virtual-key code. Inside the platform only: the
-// display reports, the key operations and the message box ask.
+// The state of every key by virtual-key code: whether it is down, and whether it was pressed since the last
+// query. Inside the platform only: updated by the display, read by the key operations and the message box.
 #pragma once
 
-// A key went down or up; the code names the left or right key where there are two. Codes outside 1 to 254 are
-// ignored.
+// Records that a key went down or up. The code is that of the left or right key where there are two. Codes
+// outside 1 to 254 are ignored.
 void keyChanged(int code, bool down);
 
-// Every key is up: the keyboard has been lost.
+// Marks every key as up: the keyboard focus has been lost.
 void allKeysUp();
 
 bool keyIsDown(int code);
 
-// Whether the key was pressed since the last call for this code.
+// Returns whether the key was pressed since the last call for this code.
 bool takeKeyPress(int code);
 
-// The code that messages and key mappings use: VK_SHIFT for either shift key, and so on.
+// Returns the code that messages and key mappings use: VK_SHIFT for either shift key, and so on.
 int commonKeyCode(int code);

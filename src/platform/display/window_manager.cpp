@@ -20,10 +20,10 @@ bool windowManagerRuns(Display* connection) {
     Atom type = None;
     int format = 0;
     unsigned long count = 0;
-    unsigned long rest = 0;
+    unsigned long bytesAfter = 0;
     unsigned char* value = nullptr;
     const int result = XGetWindowProperty(connection, DefaultRootWindow(connection), property, 0, 1, False,
-                                          AnyPropertyType, &type, &format, &count, &rest, &value);
+                                          AnyPropertyType, &type, &format, &count, &bytesAfter, &value);
     if (value) {
         XFree(value);
     }

@@ -1,13 +1,12 @@
-// Whether somebody else looks after the windows
-// and the keyboard focus of the X11 display. Inside
-// the platform only: called by the display.
+// Queries whether a window manager manages the windows and the keyboard focus of the X11 display. Called by
+// the display only.
 #pragma once
 
-// True when a window manager runs. A cabinet has none, and a window that covers the screen is all that is
-// needed there; asking for the full-screen state would only wait for an answer that nobody gives. For the
-// start: it opens a connection for the question, since the window is not made yet.
+// True when a window manager runs. A cabinet has none, and there a window that covers the screen is enough: a
+// request for full-screen state would wait for an answer that never comes. Called during the start: it opens
+// a separate connection, since the window does not exist yet.
 bool windowManagerRuns();
 
-// True when no window on the screen has the keyboard focus and no window manager will assign it: a window
-// that had taken it has gone.
+// True when no window has the keyboard focus, because the window that had it has gone, and no window manager
+// will reassign it.
 bool keyboardFocusIsFree();

@@ -20,12 +20,12 @@ void loseWindow() {
     }
 }
 
-// Without this Xlib prints a line, which a full pipe would hold up.
+// Replaces the handler of Xlib, which prints a line and would block on a full pipe.
 int ignoreBrokenConnection(Display*) {
     return 0;
 }
 
-// A request about a window that has just gone is no reason to end.
+// Ignores request errors, such as those about a window that has just gone, which would end the process.
 int handleRequestError(Display*, XErrorEvent* error) {
     const bool windowIsGone = error->error_code == BadWindow || error->error_code == BadDrawable;
     if (windowIsGone && watchedWindow != None && error->resourceid == watchedWindow) {
@@ -47,7 +47,7 @@ void watchConnection(SDL_Window* window, void (*lost)()) {
     reportLoss = lost;
     XSetIOErrorHandler(ignoreBrokenConnection);
     XSetErrorHandler(handleRequestError);
-    // Xlib's own handler calls exit, whose handlers then wait for a lock that the interrupted call holds.
+    // Xlib's default handler calls exit, whose handlers then wait for a lock that the interrupted call holds.
     XSetIOErrorExitHandler(
         watched, [](Display*, void*) { loseWindow(); }, nullptr);
     SDL_EventState(SDL_SYSWMEVENT, SDL_ENABLE);

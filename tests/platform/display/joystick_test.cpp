@@ -19,14 +19,14 @@ JOYINFO readJoystick() {
     return info;
 }
 
-// A pad in software, plugged in for the length of a test.
+// A virtual pad, plugged in during a test.
 class JoystickTest : public ::testing::Test {
 protected:
     void SetUp() override {
         SDL_SetHint(SDL_HINT_JOYSTICK_HIDAPI, "0");
         SDL_SetHint(SDL_HINT_JOYSTICK_ALLOW_BACKGROUND_EVENTS, "1");
         ASSERT_EQ(SDL_InitSubSystem(SDL_INIT_JOYSTICK), 0);
-        ASSERT_EQ(SDL_NumJoysticks(), 0) << "a real joystick is in the way of this test";
+        ASSERT_EQ(SDL_NumJoysticks(), 0) << "this test needs a machine without a joystick";
     }
 
     void plugIn() {
@@ -73,7 +73,7 @@ TEST_F(JoystickTest, ReadsAxesButtonsAndHat) {
     }
 }
 
-TEST_F(JoystickTest, AnswersTheProbeAndTellsItsLimits) {
+TEST_F(JoystickTest, ReportsPresenceLimitsAndErrors) {
     JOYINFOEX probe{};
     probe.dwSize = sizeof(probe);
     JOYCAPSA capabilities{};
@@ -95,12 +95,12 @@ TEST_F(JoystickTest, AnswersTheProbeAndTellsItsLimits) {
     EXPECT_EQ(joyGetDevCapsA(0, &capabilities, 400), JOYERR_PARMS);
 }
 
-// So that a loop that waits for a message wakes.
-TEST_F(JoystickTest, AMovementThatCountsBringsOneMessage) {
+// A loop that waits for a message has to wake up.
+TEST_F(JoystickTest, EachRelevantMovementPostsOneMessage) {
     registerRecordingClass();
     ShowWindow(makeRecordingWindow(0, 0, 100, 100), SW_SHOW);
     plugIn();
-    const auto movementBrings = [](const std::vector<std::string>& expected) {
+    const auto expectMessages = [](const std::vector<std::string>& expected) {
         takeMessages();
         Sleep(10);
         for (MSG message{}; PeekMessageA(&message, nullptr, 0, 0, PM_NOREMOVE);) {
@@ -109,20 +109,20 @@ TEST_F(JoystickTest, AMovementThatCountsBringsOneMessage) {
         }
         EXPECT_EQ(takeMessages(), expected);
     };
-    movementBrings({"PAINT", "ERASE"});
+    expectMessages({"PAINT", "ERASE"});
     SDL_JoystickSetVirtualButton(pad, 2, 1);
-    movementBrings({"JOYSTICK"});
+    expectMessages({"JOYSTICK"});
     SDL_JoystickSetVirtualButton(pad, 2, 0);
-    movementBrings({"JOYSTICK"});
+    expectMessages({"JOYSTICK"});
     setAxes(9000, -9000);
-    movementBrings({});
+    expectMessages({});
     setAxes(axisHigh, 0);
-    movementBrings({"JOYSTICK"});
+    expectMessages({"JOYSTICK"});
     SDL_JoystickSetVirtualHat(pad, 0, SDL_HAT_UP);
-    movementBrings({"JOYSTICK"});
+    expectMessages({"JOYSTICK"});
 }
 
-TEST_F(JoystickTest, NoticesWhenItIsPulledOutAndPluggedInAgain) {
+TEST_F(JoystickTest, DetectsUnpluggingAndPluggingIn) {
     plugIn();
     SDL_JoystickDetachVirtual(index);
     JOYINFO info{};
