@@ -33,8 +33,8 @@ bool readWhole(const FileDescriptor& file, std::string& text, std::size_t limit)
     if (fstat(file.number(), &status) != 0 || status.st_size > static_cast<off_t>(limit)) {
         return false;
     }
-    // One byte more than the file is said to hold, so that the second read already tells the end. Files of
-    // the kernel are said to hold nothing.
+    // One byte more than the reported size, so that the second read already returns the end of the file. The
+    // kernel reports a size of 0 for its own files.
     constexpr std::size_t smallestStep = 4096;
     std::size_t step = std::max(static_cast<std::size_t>(status.st_size) + 1, smallestStep);
     for (;;) {

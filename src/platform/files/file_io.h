@@ -1,6 +1,5 @@
-// Descriptors that close themselves, and whole reads and writes. Called
-// by the files, profiles and processes of the platform, which know what
-// a failure means; nothing here reports one but by its result.
+// File descriptors with an owner, and complete reads and writes. Called by the files, profiles and processes
+// of the platform, which decide what a failure means; failures are reported by return values only.
 #pragma once
 
 #include <sys/stat.h>
@@ -24,24 +23,25 @@ public:
     bool isOpen() const { return number_ >= 0; }
     int number() const { return number_; }
 
-    // The caller closes the descriptor from now on.
+    // Passes ownership of the descriptor to the caller.
     int release() { return std::exchange(number_, -1); }
 
-    // False when the machine reports now that something written before was lost.
+    // Returns false when the close reports that data written earlier was lost.
     bool close();
 
 private:
     int number_ = -1;
 };
 
-// Opens an existing plain file for reading, without ever waiting. Closed for anything else: a folder, a pipe
-// and a device too.
+// Opens an existing plain file for reading, without blocking. The result is closed when the file cannot be
+// opened or is anything else, such as a folder, a pipe or a device.
 FileDescriptor openPlainFile(const char* path);
 
-// Reads at most `size` bytes: 0 at the end, -1 on an error. Goes on after an interruption.
+// Reads at most `size` bytes. Returns 0 at the end and -1 on an error. Retries after an interruption.
 std::ptrdiff_t readSome(int descriptor, char* buffer, std::size_t size);
 
-// Appends all that is left of the file to `text`. False on an error or when `text` would pass `limit` bytes.
+// Appends the rest of the file to `text`. Returns false on an error or when `text` would exceed `limit`
+// bytes.
 bool readWhole(const FileDescriptor& file, std::string& text, std::size_t limit);
 
 bool writeWhole(int descriptor, std::string_view text);

@@ -28,13 +28,13 @@ struct CloseFolder {
     void operator()(DIR* folder) const { closedir(folder); }
 };
 
-// A search without wildcards gives its one result at once and keeps nothing.
+// A search with wildcards. One without returns its only result at once and has no object.
 struct Search : SystemObject {
     std::unique_ptr<DIR, CloseFolder> folder;
     std::string pattern;
 };
 
-// All searches without wildcards share a handle and are only counted.
+// All searches without wildcards share one handle, and only their number is recorded.
 char plainSearch;
 unsigned plainSearches = 0;
 
@@ -45,7 +45,7 @@ void describe(bool isFolder, std::string_view name, WIN32_FIND_DATAA* found) {
     found->cFileName[length] = '\0';
 }
 
-// The machine's own patterns know brackets too, which are plain letters here.
+// fnmatch also interprets brackets, which are ordinary characters here.
 std::string nativePattern(std::string_view pattern) {
     if (pattern == "*.*") {
         return "*";
@@ -60,8 +60,8 @@ std::string nativePattern(std::string_view pattern) {
     return native;
 }
 
-// What an entry of a folder is, when the folder itself tells: asking for each costs far more than the
-// listing.
+// Returns whether an entry is a folder; nothing when that is unknown. The type in the entry is used where
+// present, since a query for each entry costs far more than the listing.
 std::optional<bool> kindOf(DIR* folder, const dirent& entry) {
     if (entry.d_type == DT_REG || entry.d_type == DT_DIR) {
         return entry.d_type == DT_DIR;
@@ -94,7 +94,8 @@ struct OutputFile : OpenFile {
             descriptor = replacement.openForChild();
         }
     }
-    // Whoever wrote it was ended together with this program, and half a file would be taken for a whole one.
+    // Once an end is requested the child that writes the file is ended too, and a partial file would be taken
+    // for a complete one.
     ~OutputFile() override {
         if (descriptor.isOpen() && !endRequested()) {
             replacement.commit();
@@ -117,8 +118,8 @@ HANDLE openDirectly(const std::string& path, int mode) {
     if (!file->descriptor.isOpen() || fstat(number, &status) != 0 || S_ISDIR(status.st_mode)) {
         return INVALID_HANDLE_VALUE;
     }
-    // Only the opening must not wait for the other end of a pipe; the child that gets the file expects to
-    // wait.
+    // Only the open must not block on a pipe without a peer; the child that receives the file expects
+    // blocking reads and writes.
     fcntl(number, F_SETFL, fcntl(number, F_GETFL) & ~O_NONBLOCK);
     return insertSystemObject(std::move(file));
 }
@@ -136,8 +137,8 @@ HANDLE searchFolder(const std::string& folder, std::string_view pattern, WIN32_F
 } // namespace
 
 HANDLE FindFirstFileA(LPCSTR path, WIN32_FIND_DATAA* found) {
-    // The start asks this for every game, so the path without wildcards costs one system call and no
-    // allocation.
+    // The start of the front end calls this for every game, so a path without wildcards costs one system call
+    // and no allocation.
     std::array<char, PATH_MAX> native;
     const std::size_t length = path ? strnlen(path, native.size()) : 0;
     if (length == 0 || length == native.size()) {

@@ -12,7 +12,8 @@ std::string findProgramPath() {
     std::array<char, PATH_MAX> buffer;
     const ssize_t length = readlink("/proc/self/exe", buffer.data(), buffer.size());
     std::string path(buffer.data(), length > 0 ? static_cast<std::size_t>(length) : 0);
-    // A program that was replaced while it runs, by an upgrade, is shown with this mark behind its old path.
+    // The kernel appends this mark to the path of a program whose file was replaced while it runs, as by an
+    // upgrade.
     constexpr std::string_view replacedMark = " (deleted)";
     if (path.ends_with(replacedMark) && access(path.c_str(), F_OK) != 0) {
         path.resize(path.size() - replacedMark.size());

@@ -1,15 +1,14 @@
-// Paths as the application writes them and as the machine wants them. Called wherever the platform opens a
-// file or starts a program, and inside the platform only. Nothing here looks at what a path names, but for
-// the place of the program itself.
+// Conversion of the application's paths to native ones, and the path of the program. Called inside the
+// platform wherever a file is opened or a program is started. Does not check whether a path exists.
 #pragma once
 
 #include <string>
 #include <string_view>
 
-// The same path with `/` for every backslash.
+// Returns the path with every backslash replaced by `/`.
 std::string nativePath(std::string_view path);
 
-// Full path of the running program, and its folder without a separator at the end. Empty when the machine
-// does not tell.
+// The full path of the running program, and its folder without a separator at the end. Empty when the system
+// does not report it.
 const std::string& programPath();
 const std::string& programFolder();

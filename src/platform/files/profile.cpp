@@ -21,16 +21,16 @@ struct Signature {
     dev_t device;
     ino_t number;
     off_t size;
-    std::int64_t modified; // nanoseconds, as the next
-    std::int64_t changed;
+    std::int64_t modified; // nanoseconds
+    std::int64_t changed;  // nanoseconds
 
     bool operator==(const Signature&) const = default;
 };
 
-// Options for each of 50,000 games are well below this; what is larger is some other file.
+// Options for each of 50,000 games take far less than this; anything larger is some other kind of file.
 constexpr std::size_t largestProfile = std::size_t{8} << 20;
 
-// The file that was read last: the start reads 85 keys of one file in a row.
+// The file that was read last: the start of the front end reads 85 keys of one file in a row.
 struct {
     std::string path;
     Signature signature{};
@@ -49,18 +49,18 @@ Signature signatureOf(const struct stat& status) {
             nanoseconds(status.st_ctim)};
 }
 
-// A file changed this moment can change again without another time stamp, so its text does not serve the next
-// read. A stamp in the future comes from a machine that lost its clock, and no change of today will repeat
-// it.
+// A file that was changed just now can change again with the same time stamp, so its text is not reused for
+// the next read. A time stamp in the future comes from a machine that lost its clock; no change made now will
+// repeat it.
 bool isSettled(const Signature& signature) {
-    constexpr std::int64_t coarsestStamp = 2'000'000'000; // of FAT
+    constexpr std::int64_t coarsestStamp = 2'000'000'000; // that of FAT, in nanoseconds
     timespec now{};
     clock_gettime(CLOCK_REALTIME, &now);
     return std::abs(nanoseconds(now) - signature.modified) > coarsestStamp &&
            std::abs(nanoseconds(now) - signature.changed) > coarsestStamp;
 }
 
-// Makes lastRead.text the file's text.
+// Reads the file into lastRead, unless lastRead already holds its current text.
 ReadResult readProfile(const std::string& path) {
     struct stat status {};
     if (stat(path.c_str(), &status) != 0) {

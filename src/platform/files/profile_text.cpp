@@ -7,7 +7,7 @@
 namespace {
 
 constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
-// The carriage return of a line end counts as a blank, so that only the line feed ends a line.
+// The carriage return of a line end is treated as a blank, so that only the line feed ends a line.
 constexpr std::string_view blanks = " \t\r";
 
 std::string_view trimmed(std::string_view text) {
@@ -16,7 +16,7 @@ std::string_view trimmed(std::string_view text) {
     return text;
 }
 
-// A view of the text even when nothing is left, since an empty value has a place too: before the blanks.
+// Returns an empty value as a view at the start of `text`, so that a new value is written before the blanks.
 std::string_view trimmedValue(std::string_view text) {
     const std::string_view value = trimmed(text);
     return value.empty() ? text.substr(0, 0) : value;
@@ -31,7 +31,7 @@ bool isQuoted(std::string_view value) {
            value.front() == value.back();
 }
 
-// In a form that reads back as the same bytes.
+// Quotes the value where it would otherwise not be read back unchanged.
 std::string encoded(std::string_view value) {
     std::string line(value);
     if (isQuoted(value) || trimmed(value).size() != value.size()) {
@@ -40,7 +40,7 @@ std::string encoded(std::string_view value) {
     return line;
 }
 
-// Takes the next line off the front of `rest`, without its line feed.
+// Removes the next line from the front of `rest` and returns it without its line feed.
 std::string_view takeLine(std::string_view& rest) {
     const std::string_view line = rest.substr(0, rest.find('\n'));
     rest.remove_prefix(std::min(line.size() + 1, rest.size()));
@@ -117,8 +117,8 @@ std::optional<std::string_view> ProfileText::value(std::string_view section, std
     return text;
 }
 
-// Behind the last line that is neither blank nor a comment: what stands between it and the next header
-// belongs to that.
+// Returns the end of the last line that is neither blank nor a comment: blank lines and comments before the
+// next header belong to that header.
 std::size_t ProfileText::endOfContent(const Section& section) const {
     std::size_t end = section.begin;
     std::string_view rest = std::string_view(text_).substr(section.begin, section.end - section.begin);
@@ -131,22 +131,23 @@ std::size_t ProfileText::endOfContent(const Section& section) const {
     return end;
 }
 
-// That of the line before, else that of the first line.
+// Returns the line end of the preceding line, or else that of the first line.
 std::string_view ProfileText::lineEndBefore(std::size_t at) const {
     std::size_t feed = at > 0 && text_[at - 1] == '\n' ? at - 1 : text_.find('\n');
     const bool withReturn = feed != std::string::npos && feed > 0 && text_[feed - 1] == '\r';
     return withReturn ? "\r\n" : "\n";
 }
 
-// A text whose last line has no line end keeps to that. `second` may be empty for one line only.
+// Inserts one or two lines. A text whose last line has no line end is left without one. `second` is empty
+// when there is only one line.
 std::string ProfileText::withLines(std::size_t at, std::string_view first, std::string_view second) const {
     const std::string_view lineEnd = lineEndBefore(at);
     std::string lines(first);
     if (!second.empty()) {
         lines.append(lineEnd).append(second);
     }
-    const bool behindOpenLine = at > begin_ && text_[at - 1] != '\n';
-    lines.insert(behindOpenLine ? 0 : lines.size(), lineEnd);
+    const bool afterUnterminatedLine = at > begin_ && text_[at - 1] != '\n';
+    lines.insert(afterUnterminatedLine ? 0 : lines.size(), lineEnd);
     return std::string(text_).insert(at, lines);
 }
 

@@ -1,6 +1,6 @@
-// The text of one private-profile file: where its sections lie, what a key holds, and the text with one value
-// changed. Called by the profile operations only. No file is touched here; the rules of the format stand at
-// those operations.
+// The parsed text of one private-profile file: the positions of its sections, the values of its keys, and the
+// text with one value changed. Called by the profile operations only, whose header describes the format.
+// Reads and writes no files.
 #pragma once
 
 #include <cstddef>
@@ -15,18 +15,18 @@ public:
     ProfileText(const ProfileText&) = delete;
     ProfileText& operator=(const ProfileText&) = delete;
 
-    // The value of a key, to the first NUL; nothing when the section or the key is absent.
+    // Returns the value of a key up to the first NUL, or nothing when the section or the key is missing.
     std::optional<std::string_view> value(std::string_view section, std::string_view key) const;
 
-    // The whole text with the key set; every other byte is as it was. The names must be writable and the
-    // value one line.
+    // Returns the whole text with the key set; all other bytes are unchanged. The section and key names must
+    // be writable and the value must be a single line.
     std::string withValue(std::string_view section, std::string_view key, std::string_view value) const;
 
 private:
     struct Section {
         std::string_view name;
-        std::size_t begin; // of the first line behind the header
-        std::size_t end;   // of the last line, its line end included
+        std::size_t begin; // of the first line after the header
+        std::size_t end;   // of the last line, including its line end
     };
 
     const Section* findSection(std::string_view name) const;
@@ -36,11 +36,12 @@ private:
     std::string withLines(std::size_t at, std::string_view first, std::string_view second) const;
 
     std::string text_;
-    std::size_t begin_ = 0; // behind a byte order mark
+    std::size_t begin_ = 0; // after a byte order mark
     std::vector<Section> sections_;
 };
 
-// The names as they are looked for, without the blanks around them, and whether a line can hold them.
+// Returns a section or key name as it is compared: without surrounding blanks. A writable name is one that a
+// line of the file can hold.
 std::string_view trimmedName(std::string_view name);
 bool isWritableSection(std::string_view name);
 bool isWritableKey(std::string_view name);

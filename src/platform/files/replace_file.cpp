@@ -15,16 +15,16 @@
 
 namespace {
 
-// With the separator at its end; empty for the current one.
+// Returns the folder with the separator at its end; empty for the current folder.
 std::string folderOf(const std::string& path) {
     return path.substr(0, path.find_last_of('/') + 1);
 }
 
-// The path that the symbolic links lead to, which need not exist yet; empty for links that lead in a circle.
-std::string behindLinks(std::string path) {
-    constexpr int mostLinks = 40;
+// Returns the path that symbolic links lead to, which need not exist; empty for links that form a loop.
+std::string resolveLinks(std::string path) {
+    constexpr int maxLinks = 40;
     std::array<char, PATH_MAX> target;
-    for (int links = 0; links < mostLinks; ++links) {
+    for (int links = 0; links < maxLinks; ++links) {
         const ssize_t length = readlink(path.c_str(), target.data(), target.size());
         if (length < 0) {
             return path;
@@ -42,14 +42,14 @@ bool isNamed(const FileDescriptor& file, const std::string& path) {
            own.st_dev == named.st_dev && own.st_ino == named.st_ino;
 }
 
-// False when another program holds the lock. A file system without locks counts as one where nobody does.
+// Returns false when another program holds the lock. On a file system without locks it always succeeds.
 bool lock(const FileDescriptor& file) {
     return flock(file.number(), LOCK_EX | LOCK_NB) == 0 || errno != EWOULDBLOCK;
 }
 
-// Removes what a power cut has left, or whatever else has the name. A locked file stays: another program
-// writes it. The lock is held during the removal, so that the file cannot become another program's between
-// the test and the removal.
+// Removes a file that a power failure has left, or anything else of that name. A locked file is kept, because
+// another program is writing it. The lock is held during the removal, so that no other program can start to
+// use the file between the check and the removal.
 void removeLeftover(const std::string& path) {
     const FileDescriptor leftover(
         open(path.c_str(), O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));
@@ -64,9 +64,9 @@ void removeLeftover(const std::string& path) {
     }
 }
 
-// Always a new file, never one that was there: it could be a link to a file of somebody else. The lock keeps
-// two programs that write the same file apart: whoever finds the name taken by a locked file writes nothing,
-// and so does one whose new file another has taken for a leftover before it was locked.
+// Always creates a new file: an existing one could be a link to an unrelated file. The lock separates
+// programs that write the same file at once: a program that finds a locked file of this name writes nothing,
+// and neither does one whose new file was removed as a leftover by another before it was locked.
 FileDescriptor createTemporary(const std::string& path) {
     constexpr int flags = O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC;
     FileDescriptor file(open(path.c_str(), flags, 0666));
@@ -77,7 +77,7 @@ FileDescriptor createTemporary(const std::string& path) {
     return file.isOpen() && lock(file) && isNamed(file, path) ? std::move(file) : FileDescriptor();
 }
 
-// Not every file system has owners and modes; the text matters more.
+// Failures are ignored: not every file system has owners and modes, and the text matters more.
 void keepOwnerAndMode(const FileDescriptor& file, const struct stat& former) {
     const int owner = fchown(file.number(), former.st_uid, former.st_gid);
     const int mode = fchmod(file.number(), former.st_mode & 07777);
@@ -85,7 +85,8 @@ void keepOwnerAndMode(const FileDescriptor& file, const struct stat& former) {
     static_cast<void>(mode);
 }
 
-// Makes the rename last through a power cut. The file is whole either way.
+// Makes the rename durable across a power failure. Without it the file is complete too, but may be the former
+// one.
 void syncFolder(const std::string& folder) {
     const FileDescriptor file(
         open(folder.empty() ? "." : folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
@@ -97,7 +98,7 @@ void syncFolder(const std::string& folder) {
 } // namespace
 
 FileReplacement::FileReplacement(const std::string& path)
-    : path_(behindLinks(path)), temporaryPath_(path_ + ".new~") {
+    : path_(resolveLinks(path)), temporaryPath_(path_ + ".new~") {
     struct stat former {};
     const bool exists = stat(path_.c_str(), &former) == 0;
     if (path_.empty() || (!exists && errno != ENOENT)) {

@@ -1,6 +1,6 @@
-// Replacing a file in one step, so that a power cut or a kill at any instant leaves the old text or the new,
-// whole: it is written beside the file under the name NAME.new~, which takes the file's name at the end.
-// Called by the profile writes and for the output of other programs. Keeps no copy.
+// Atomic replacement of a file: a power failure or a kill at any moment leaves either the old or the new
+// text, complete. The new text is written next to the file as NAME.new~, which is renamed to NAME at the end.
+// Called by the profile writes and for the output of child processes. Keeps no backup.
 #pragma once
 
 #include "platform/files/file_io.h"
@@ -8,14 +8,15 @@
 #include <string>
 #include <string_view>
 
-// A file on its way to its name. Owner and mode of the former file stay where the machine lets them, and a
-// symbolic link stays one.
+// A file that is being replaced or created. Owner and mode of the former file are kept where the system
+// permits, and a symbolic link remains a link to the replaced file.
 class FileReplacement {
 public:
-    // Makes the temporary file, empty. It is not open when that is not possible: the file itself may not be
-    // written or is no plain file, or another program is replacing it.
+    // Creates the temporary file, empty. isOpen() is false afterwards when the file itself may not be written
+    // or is not a plain file, when another program is replacing it, or when the temporary file cannot be
+    // created.
     explicit FileReplacement(const std::string& path);
-    // What has not been committed is removed.
+    // Removes the temporary file unless it was committed.
     ~FileReplacement();
     FileReplacement(const FileReplacement&) = delete;
     FileReplacement& operator=(const FileReplacement&) = delete;
@@ -23,11 +24,12 @@ public:
     bool isOpen() const { return file_.isOpen(); }
     int descriptor() const { return file_.number(); }
 
-    // The temporary file for another program, which does not share its lock. Closed when the file has been
-    // taken away.
+    // Opens the temporary file for another program, without sharing its lock. The result is closed when the
+    // file has been removed or replaced meanwhile.
     FileDescriptor openForChild() const;
 
-    // Gives the file its name; true once it is on the disk. After a failure the former file is as it was.
+    // Renames the temporary file to the final name. Returns true once the text is on the disk; after a
+    // failure the former file is unchanged.
     bool commit();
 
 private:
@@ -36,5 +38,6 @@ private:
     FileDescriptor file_;
 };
 
-// Gives the file this text; true once it is on the disk. On any failure it is as it was.
+// Replaces the content of a file with `text`. Returns true once the text is on the disk; on failure the file
+// is unchanged.
 bool replaceFile(const std::string& path, std::string_view text);

@@ -1,6 +1,5 @@
-// What CloseHandle closes: files, processes and threads, all in
-// one table. Called by the files and the processes of the
-// platform. Window and drawing handles have tables of their own.
+// The table of objects that CloseHandle closes: files, processes and threads. Called by the files and
+// processes of the platform. Window and drawing handles have separate tables.
 #pragma once
 
 #include "platform/base/handle_table.h"
@@ -15,7 +14,8 @@ struct OpenFile : SystemObject {
     FileDescriptor descriptor;
 };
 
-// Never destroyed: what is still open at the end of the program ends with it, without a word to the display.
+// Never destroyed: objects still open when the program ends are released by the system, without the calls to
+// the display that closing them would make.
 inline HandleTable<SystemObject>& systemObjects() {
     static auto* const table = new HandleTable<SystemObject>(14);
     return *table;
@@ -25,7 +25,7 @@ inline HANDLE insertSystemObject(std::unique_ptr<SystemObject> object) {
     return reinterpret_cast<HANDLE>(systemObjects().insert(std::move(object)));
 }
 
-// The object of this type, or null when the handle is none of it.
+// Returns the object, or null when the handle does not name an object of this type.
 template <typename Object> Object* findSystemObject(HANDLE handle) {
     return dynamic_cast<Object*>(systemObjects().find(reinterpret_cast<std::uintptr_t>(handle)));
 }

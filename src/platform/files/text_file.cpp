@@ -21,15 +21,15 @@ constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
 
 struct TextFile {
     FileDescriptor descriptor;
-    bool returnHeld = false; // the last byte read was a carriage return, and what follows it is not known yet
+    bool returnPending = false; // a final carriage return was read; the next byte is not known yet
     bool isUtf8 = false;
-    std::string cutCharacter; // the head of a UTF-8 character whose rest has not been read
-    std::string converted;    // what of it stands behind `given` waits for the reader
-    std::size_t given = 0;
-    std::array<char, bufferSize> streamBuffer; // of the FILE, which has to live as long
+    std::string partialCharacter; // the first bytes of a UTF-8 character that is not complete yet
+    std::string converted;        // text for the reader, of which `delivered` bytes were passed on
+    std::size_t delivered = 0;
+    std::array<char, bufferSize> streamBuffer; // buffer of the FILE; must exist as long as it
 };
 
-// Takes the carriage return out of each CR LF, in place; gives the new length.
+// Removes the carriage return of each CR LF in place and returns the new length.
 std::size_t joinLineEnds(char* text, std::size_t length) {
     char* const end = text + length;
     char* from = text;
@@ -52,29 +52,30 @@ std::size_t joinLineEnds(char* text, std::size_t length) {
     return static_cast<std::size_t>(to - text);
 }
 
-// Fills up to `size` (above 1) bytes with joined line ends: 0 at the end of the file only, -1 on an error.
+// Reads up to `size` (at least 2) bytes with joined line ends. Returns 0 only at the end of the file, -1 on
+// an error.
 std::ptrdiff_t readJoined(TextFile& file, char* buffer, std::size_t size) {
     for (;;) {
-        const std::size_t held = file.returnHeld ? 1 : 0;
+        const std::size_t held = file.returnPending ? 1 : 0;
         const std::ptrdiff_t length = readSome(file.descriptor.number(), buffer + held, size - held);
         if (held != 0) {
             *buffer = '\r';
         }
         if (length <= 0) {
-            file.returnHeld = false;
+            file.returnPending = false;
             return length < 0 ? -1 : static_cast<std::ptrdiff_t>(held);
         }
         std::size_t filled = static_cast<std::size_t>(length) + held;
-        file.returnHeld = buffer[filled - 1] == '\r';
-        filled = joinLineEnds(buffer, filled - (file.returnHeld ? 1 : 0));
+        file.returnPending = buffer[filled - 1] == '\r';
+        filled = joinLineEnds(buffer, filled - (file.returnPending ? 1 : 0));
         if (filled > 0) {
             return static_cast<std::ptrdiff_t>(filled);
         }
     }
 }
 
-// Bytes at the end of the text that begin a UTF-8 character without ending it.
-std::size_t cutTail(std::string_view text) {
+// Returns the number of bytes at the end of the text that begin a UTF-8 character without completing it.
+std::size_t partialTailLength(std::string_view text) {
     constexpr std::size_t longestHead = 3;
     for (std::size_t back = 1; back <= std::min(longestHead, text.size()); ++back) {
         const auto byte = static_cast<unsigned char>(text[text.size() - back]);
@@ -89,19 +90,20 @@ std::size_t cutTail(std::string_view text) {
     return 0;
 }
 
-// Makes the next piece of converted text. False at the end of the file or on an error; `failed` tells which.
+// Converts the next piece of the file. Returns false at the end of the file or on an error; `failed` is set
+// for an error.
 bool convertMore(TextFile& file, bool& failed) {
-    std::string piece = std::move(file.cutCharacter);
+    std::string piece = std::move(file.partialCharacter);
     const std::size_t head = piece.size();
     piece.resize(head + bufferSize);
     const std::ptrdiff_t length = readJoined(file, piece.data() + head, bufferSize);
     failed = length < 0;
     piece.resize(head + static_cast<std::size_t>(std::max<std::ptrdiff_t>(length, 0)));
-    const std::size_t tail = length > 0 ? cutTail(piece) : 0;
-    file.cutCharacter = piece.substr(piece.size() - tail);
+    const std::size_t tail = length > 0 ? partialTailLength(piece) : 0;
+    file.partialCharacter = piece.substr(piece.size() - tail);
     piece.resize(piece.size() - tail);
     file.converted = utf8ToCodePage(piece);
-    file.given = 0;
+    file.delivered = 0;
     return length > 0 || !file.converted.empty();
 }
 
@@ -110,15 +112,15 @@ ssize_t readStream(void* cookie, char* buffer, std::size_t size) {
     if (!file.isUtf8) {
         return readJoined(file, buffer, size);
     }
-    while (file.given == file.converted.size()) {
+    while (file.delivered == file.converted.size()) {
         bool failed = false;
         if (!convertMore(file, failed)) {
             return failed ? -1 : 0;
         }
     }
-    const std::size_t length = std::min(size, file.converted.size() - file.given);
-    std::memcpy(buffer, file.converted.data() + file.given, length);
-    file.given += length;
+    const std::size_t length = std::min(size, file.converted.size() - file.delivered);
+    std::memcpy(buffer, file.converted.data() + file.delivered, length);
+    file.delivered += length;
     return static_cast<ssize_t>(length);
 }
 
@@ -127,7 +129,7 @@ int closeStream(void* cookie) {
     return 0;
 }
 
-// Passes over the byte order mark when there is one.
+// Skips the byte order mark and returns true when there is one.
 bool takeByteOrderMark(const FileDescriptor& file) {
     std::array<char, byteOrderMark.size()> head;
     return pread(file.number(), head.data(), head.size(), 0) == static_cast<ssize_t>(head.size()) &&
@@ -135,8 +137,8 @@ bool takeByteOrderMark(const FileDescriptor& file) {
            lseek(file.number(), static_cast<off_t>(head.size()), SEEK_SET) >= 0;
 }
 
-// Whether the first byte beyond ASCII begins a character of UTF-8, as it does in UTF-8 without a mark; in
-// text of the code page it hardly ever does.
+// Returns whether the first non-ASCII byte begins a valid UTF-8 character, as in UTF-8 without a mark. Text
+// in the code page almost never satisfies this.
 bool looksLikeUtf8(const FileDescriptor& file) {
     std::array<unsigned char, bufferSize> block;
     for (off_t offset = 0;;) {
@@ -172,7 +174,7 @@ FILE* openTextFile(LPCSTR path) {
     FILE* const stream = fopencookie(file.get(), "r", functions);
     if (stream) {
         setvbuf(stream, file->streamBuffer.data(), _IOFBF, file->streamBuffer.size());
-        static_cast<void>(file.release()); // closeStream ends it
+        static_cast<void>(file.release()); // closeStream deletes it
     }
     return stream;
 }

@@ -11,9 +11,9 @@
 
 namespace {
 
-class Files : public ::testing::Test {
+class FilesTest : public ::testing::Test {
 protected:
-    // What a search finds: the name, with a separator behind a folder's; "-" for nothing.
+    // Returns the name that a search finds, with a separator after a folder's; "-" for no result.
     std::string find(const std::string& pattern) const {
         WIN32_FIND_DATAA found;
         const HANDLE search = FindFirstFileA(pattern.c_str(), &found);
@@ -24,7 +24,7 @@ protected:
         return std::string(found.cFileName) + (found.dwFileAttributes == FILE_ATTRIBUTE_DIRECTORY ? "/" : "");
     }
 
-    // The lines that fgets gives, each in angle brackets, so that the pieces show too.
+    // Returns the text that fgets reads in pieces of at most pieceSize - 1 bytes.
     std::string readText(std::string_view text, int pieceSize = 1024) const {
         FILE* const file = openTextFile(folder.write("text", text).c_str());
         std::string all;
@@ -40,7 +40,7 @@ protected:
     TemporaryFolder folder;
 };
 
-TEST_F(Files, FindsByNameAndPattern) {
+TEST_F(FilesTest, FindsByNameAndPattern) {
     folder.write("Game.zip", "");
     folder.write("odd[1].txt", "");
     std::filesystem::create_directories(folder.pathOf("sub/empty"));
@@ -78,7 +78,7 @@ TEST_F(Files, FindsByNameAndPattern) {
     EXPECT_FALSE(FindClose(nullptr));
 }
 
-TEST_F(Files, OpensWhatCanBeOpened) {
+TEST_F(FilesTest, OpensExistingAndNewFiles) {
     const auto opened = [](const std::string& file, DWORD access, DWORD disposition) {
         return CloseHandle(CreateFileA(file.c_str(), access, FILE_SHARE_READ, nullptr, disposition,
                                        FILE_ATTRIBUTE_NORMAL, nullptr)) == TRUE;
@@ -99,8 +99,8 @@ TEST_F(Files, OpensWhatCanBeOpened) {
     EXPECT_FALSE(opened(folder.pathOf("pipe"), GENERIC_WRITE, CREATE_ALWAYS));
 }
 
-// Half a list would be trusted at every later start.
-TEST_F(Files, AnOutputHasItsNameOnlyOnceItIsClosed) {
+// A partial game list would be accepted at every later start.
+TEST_F(FilesTest, AnOutputFileGetsItsNameWhenItIsClosed) {
     const auto create = [&] {
         return CreateFileA(folder.pathOf("old").c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, 0,
                            nullptr);
@@ -109,22 +109,22 @@ TEST_F(Files, AnOutputHasItsNameOnlyOnceItIsClosed) {
     const HANDLE file = create();
     EXPECT_EQ(folder.read("old"), "text");
     EXPECT_EQ(folder.read("old.new~"), "");
-    EXPECT_EQ(create(), INVALID_HANDLE_VALUE) << "another program writes it";
+    EXPECT_EQ(create(), INVALID_HANDLE_VALUE) << "the temporary file is locked by the first handle";
     EXPECT_TRUE(CloseHandle(file));
     EXPECT_EQ(folder.read("old"), "");
     EXPECT_FALSE(folder.has("old.new~"));
 
     folder.write("old", "text");
-    folder.write("old.new~", "what a power cut has left");
+    folder.write("old.new~", "left by a power failure");
     const HANDLE second = create();
     requestEnd(EndRequest::close);
     EXPECT_TRUE(CloseHandle(second));
-    EXPECT_EQ(folder.read("old"), "text") << "the program that wrote it has been ended";
+    EXPECT_EQ(folder.read("old"), "text") << "an end was requested before the handle was closed";
     EXPECT_FALSE(folder.has("old.new~"));
     forgetEndRequest();
 }
 
-TEST_F(Files, ClosesAHandleOnce) {
+TEST_F(FilesTest, ClosesAHandleOnce) {
     const HANDLE file =
         CreateFileA(folder.pathOf("new").c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, 0, nullptr);
     EXPECT_TRUE(CloseHandle(file));
@@ -132,7 +132,7 @@ TEST_F(Files, ClosesAHandleOnce) {
     EXPECT_FALSE(CloseHandle(nullptr));
 }
 
-TEST_F(Files, TextLineEnds) {
+TEST_F(FilesTest, ReadsTextWithAnyLineEndAndEncoding) {
     using namespace std::string_view_literals;
     const struct {
         std::string_view text;
@@ -155,8 +155,8 @@ TEST_F(Files, TextLineEnds) {
     }
 }
 
-TEST_F(Files, TextAcrossBufferBorders) {
-    // Each shift puts another byte of the line end and of the three-byte letter on the border of the buffer.
+TEST_F(FilesTest, ReadsTextAcrossBufferBoundaries) {
+    // Each shift places another byte of the line end and of the three-byte character at the buffer boundary.
     for (std::size_t shift = 0; shift < 12; ++shift) {
         const std::string lead(64 * 1024 - shift, 'x');
         EXPECT_EQ(readText(lead + "\r\n\r\r\n\rb", 700), lead + "\n\r\n\rb") << shift;
@@ -165,7 +165,7 @@ TEST_F(Files, TextAcrossBufferBorders) {
     }
 }
 
-TEST_F(Files, TextOfNoPlainFile) {
+TEST_F(FilesTest, OpensOnlyPlainFilesAsText) {
     std::filesystem::create_directory(folder.pathOf("sub"));
     ASSERT_EQ(mkfifo(folder.pathOf("pipe").c_str(), 0600), 0);
     for (const std::string& file : {folder.pathOf("sub"), folder.pathOf("pipe"), folder.pathOf("none"),

@@ -21,7 +21,7 @@ namespace {
 using namespace std::string_literals;
 using namespace std::string_view_literals;
 
-class Profile : public ::testing::Test {
+class ProfileTest : public ::testing::Test {
 protected:
     static std::string value(const char* section, const char* key, const char* file = "x.ini") {
         char buffer[300];
@@ -32,13 +32,13 @@ protected:
     static bool set(const char* section, const char* key, const char* text) {
         return WritePrivateProfileStringA(section, key, text, "x.ini") == TRUE;
     }
-    // The whole folder's entries: nothing temporary may stay.
+    // Number of entries of the folder, to detect temporary files that were left.
     static std::ptrdiff_t entries() { return std::distance(std::filesystem::directory_iterator("."), {}); }
 
     TemporaryFolder folder;
 };
 
-TEST_F(Profile, FindsValues) {
+TEST_F(ProfileTest, FindsValues) {
     const struct {
         std::string_view text;
         const char* value; // of key K in section S
@@ -70,7 +70,7 @@ TEST_F(Profile, FindsValues) {
     }
 }
 
-TEST_F(Profile, CutsToTheBuffer) {
+TEST_F(ProfileTest, TruncatesToTheBuffer) {
     folder.write("x.ini", "[S]\nK=" + std::string(10'000, 'v'));
     char buffer[256];
     buffer[255] = '#';
@@ -84,7 +84,7 @@ TEST_F(Profile, CutsToTheBuffer) {
     EXPECT_EQ(GetPrivateProfileStringA("S", "K", "", buffer, 0, "x.ini"), 0u);
 }
 
-TEST_F(Profile, ReadsNumbers) {
+TEST_F(ProfileTest, ReadsNumbers) {
     const std::pair<const char*, int> cases[] = {
         {"12", 12},
         {"-5", -5},
@@ -106,7 +106,7 @@ TEST_F(Profile, ReadsNumbers) {
     EXPECT_EQ(static_cast<int>(GetPrivateProfileIntA("S", "none", -3, "x.ini")), -3);
 }
 
-TEST_F(Profile, SeesEveryChangeOfTheFile) {
+TEST_F(ProfileTest, SeesEveryChangeOfTheFile) {
     for (int number = 10; number < 60; ++number) {
         folder.write("x.ini", "[S]\nK=" + std::to_string(number));
         EXPECT_EQ(value("S", "K"), std::to_string(number));
@@ -118,7 +118,7 @@ TEST_F(Profile, SeesEveryChangeOfTheFile) {
     EXPECT_EQ(value("S", "K"), "-");
 }
 
-TEST_F(Profile, WhatIsNoPlainFileGivesDefaultsAndStays) {
+TEST_F(ProfileTest, OtherThanPlainFilesReadAsDefaultsAndAreKept) {
     std::filesystem::create_directory("directory");
     ASSERT_EQ(mkfifo("pipe", 0600), 0);
     std::ofstream("huge").close();
@@ -130,7 +130,7 @@ TEST_F(Profile, WhatIsNoPlainFileGivesDefaultsAndStays) {
     EXPECT_EQ(entries(), 3);
 }
 
-TEST_F(Profile, WritesOnlyTheOneValue) {
+TEST_F(ProfileTest, WritesOnlyTheOneValue) {
     const struct {
         std::optional<std::string_view> before;
         const char* key; // in section S
@@ -164,7 +164,7 @@ TEST_F(Profile, WritesOnlyTheOneValue) {
     EXPECT_EQ(entries(), 1);
 }
 
-TEST_F(Profile, ValuesComeBack) {
+TEST_F(ProfileTest, ValuesSurviveARoundTrip) {
     for (const char* text :
          {"", " ", " a", "a\t", "\"a\"", "'a'", "\"", "\"\"", "\" \"", "[T]", ";x", "=", "\xE9\\n"}) {
         EXPECT_TRUE(set("S", "K", text));
@@ -181,7 +181,7 @@ TEST_F(Profile, ValuesComeBack) {
     EXPECT_EQ(folder.read("x.ini"), before);
 }
 
-TEST_F(Profile, KeepsModeLinkAndAnUnchangedFile) {
+TEST_F(ProfileTest, KeepsModeLinkAndAnUnchangedFile) {
     struct stat before {};
     struct stat after {};
     folder.write("real.ini", "[S]\nK=1\n");
@@ -204,14 +204,14 @@ TEST_F(Profile, KeepsModeLinkAndAnUnchangedFile) {
     EXPECT_EQ(entries(), 3);
 }
 
-TEST_F(Profile, AFailedWriteLeavesTheOldFile) {
+TEST_F(ProfileTest, AFailedWriteKeepsTheOldFile) {
     const std::string old = "[S]\nK=old\n;" + std::string(5000, '.');
     folder.write("x.ini", old);
     const rlimit small = {4096, RLIM_INFINITY};
     rlimit former{};
     getrlimit(RLIMIT_FSIZE, &former);
     signal(SIGXFSZ, SIG_IGN);
-    setrlimit(RLIMIT_FSIZE, &small); // the second piece of the write finds no room, as on a full disk
+    setrlimit(RLIMIT_FSIZE, &small); // the second write call fails, as on a full disk
     EXPECT_FALSE(set("S", "K", "new"));
     setrlimit(RLIMIT_FSIZE, &former);
     EXPECT_EQ(folder.read("x.ini"), old);
@@ -219,14 +219,14 @@ TEST_F(Profile, AFailedWriteLeavesTheOldFile) {
     std::filesystem::create_directories("x.ini.new~/kept");
     EXPECT_FALSE(set("S", "K", "new"));
     std::filesystem::remove_all("x.ini.new~");
-    // What a power cut left is neither in the way nor part of the next text.
+    // A file left by a power failure neither prevents the write nor becomes part of the text.
     folder.write("x.ini.new~", std::string(9000, 'j'));
     EXPECT_TRUE(set("S", "K", "new"));
     EXPECT_EQ(folder.read("x.ini").size(), old.size());
     EXPECT_EQ(entries(), 1);
 }
 
-TEST_F(Profile, WhatStandsInTheWayOfTheNewFileIsPutAside) {
+TEST_F(ProfileTest, RemovesWhateverHasTheNameOfTheTemporaryFile) {
     folder.write("settings.ini", "[A]\nkey=old\n");
     folder.write("other", "untouched");
     const std::function<void()> obstacles[] = {
@@ -245,7 +245,7 @@ TEST_F(Profile, WhatStandsInTheWayOfTheNewFileIsPutAside) {
     EXPECT_EQ(folder.read("other"), "untouched");
 }
 
-TEST_F(Profile, AFileThatAnotherProgramWritesIsLeftToIt) {
+TEST_F(ProfileTest, DoesNotWriteAFileThatAnotherProgramIsReplacing) {
     folder.write("x.ini", "[S]\nK=old\n");
     const int other = open(folder.write("x.ini.new~", "theirs").c_str(), O_RDWR);
     flock(other, LOCK_EX);
@@ -255,7 +255,7 @@ TEST_F(Profile, AFileThatAnotherProgramWritesIsLeftToIt) {
     EXPECT_TRUE(set("S", "K", "new"));
 }
 
-TEST_F(Profile, SeveralProgramsAtOnceLeaveAWholeFile) {
+TEST_F(ProfileTest, SeveralProgramsAtOnceLeaveACompleteFile) {
     const std::string tail = "\n;" + std::string(20'000, '.') + "end\n";
     folder.write("x.ini", "[S]\nK=0" + tail);
     pid_t children[4];
@@ -276,7 +276,7 @@ TEST_F(Profile, SeveralProgramsAtOnceLeaveAWholeFile) {
     }
 }
 
-TEST_F(Profile, ACrashAtAnyInstantLeavesAWholeFile) {
+TEST_F(ProfileTest, ACrashAtAnyMomentLeavesACompleteFile) {
     const std::string tail = "\n;" + std::string(20'000, '.') + "end\n";
     folder.write("x.ini", "[S]\nK=0" + tail);
     for (int round = 0; round < 40; ++round) {
