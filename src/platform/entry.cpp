@@ -13,8 +13,8 @@
 
 namespace {
 
-// A program started with a standard stream closed would give that number to the first file it opens, and a
-// stray message would end up in the settings.
+// When a program is started with a standard stream closed, the first file that it opens gets that descriptor,
+// and a diagnostic could end up in the settings file.
 void fillStandardStreams() {
     int descriptor = open("/dev/null", O_RDWR);
     while (descriptor >= 0 && descriptor <= STDERR_FILENO) {
@@ -30,7 +30,7 @@ void fillStandardStreams() {
 int main() {
     fillStandardStreams();
     replaceStandardStreams();
-    // A diagnostic that nobody reads any more is no reason to end. Children get the default back.
+    // A diagnostic written to a closed pipe must not end the program. Children get the default action back.
     std::signal(SIGPIPE, SIG_IGN);
     const int result = WinMain(GetModuleHandleA(nullptr), nullptr, commandTail(GetCommandLineA()), SW_SHOW);
     constexpr int displayLostCode = 2;

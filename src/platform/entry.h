@@ -1,10 +1,9 @@
-// The application as the platform starts it. The application
-// defines WinMain; the process entry, and tests that run the
-// whole front end, call it. Nothing else belongs here.
+// The entry point of the application, which defines WinMain. Called by the process entry and by tests that
+// run the whole front end.
 #pragma once
 
 #include "platform/types.h"
 
-// Runs the front end to its end and gives the exit code of the process. commandTail is kept as it is, for the
-// whole run; previous and showCommand are not used.
+// Runs the front end until it ends and returns the exit code of the process. commandTail must stay valid that
+// long; previous and showCommand are ignored.
 int WinMain(HINSTANCE instance, HINSTANCE previous, LPSTR commandTail, int showCommand);

@@ -1,5 +1,5 @@
-// The modal message box. Called by the message window for errors that end the program, and by whatever has no
-// window of its own yet. A message that is only shown for a moment is not its business.
+// The modal message box. Called for errors that end the program and for errors before the first window
+// exists. Messages that are shown only briefly use the message window instead.
 #pragma once
 
 #include "platform/types.h"
@@ -7,8 +7,8 @@
 constexpr UINT MB_OK = 0;
 constexpr int IDOK = 1;
 
-// Shows a text in a modal box above everything and returns IDOK when it is left with Enter, Escape, Space, a
-// mouse button or a joystick button, or when the program is asked to close. The text also goes to standard
-// error. On a display that nobody can see or answer (no real screen) it returns at once. owner and title may
-// be null; only MB_OK is served. Messages are not dispatched meanwhile.
+// Shows a text in a modal box above all windows, and writes it to standard error. Returns IDOK once Enter,
+// Escape, Space, a mouse button or a joystick button is pressed, or when the program is asked to end. Returns
+// immediately on a display without a real screen, where the box could be neither seen nor answered. owner and
+// title may be null; only MB_OK is supported. No messages are dispatched meanwhile.
 int MessageBoxA(HWND owner, LPCSTR text, LPCSTR title, UINT type);

@@ -1,6 +1,6 @@
-// Messages: their codes, the queue of the program's one thread, and the default answers. Called by the main
-// loop, the loops of the overlay windows and every window procedure. Windows are made in window.h, painted in
-// painting.h.
+// Messages: their codes, the message queue of the program's one thread, and the default handling. Called by
+// the main loop, the loops of the overlay windows and every window procedure. Windows are created in window.h
+// and painted in painting.h.
 #pragma once
 
 #include "platform/types.h"
@@ -35,33 +35,36 @@ constexpr WPARAM SIZE_MAXIMIZED = 2;
 
 constexpr UINT PM_NOREMOVE = 0;
 
-// Answers a message as the platform does for a window that does not care: WM_CLOSE destroys the window,
-// WM_PAINT validates it, WM_ERASEBKGND fills it with the class's brush, WM_NCCREATE gives TRUE; anything else
-// gives 0.
+// Default handling: WM_CLOSE destroys the window, WM_PAINT validates it, WM_ERASEBKGND fills it with the
+// class's brush, WM_NCCREATE returns TRUE; any other message returns 0.
 LRESULT DefWindowProcA(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
 
-// Looks for the next message without taking it (PM_NOREMOVE is the one flag served): TRUE and the message
-// when one waits. The order is posted messages, a quit, input, then WM_PAINT for an invalid window, which
-// goes before the repeats of a held key. The repeats that wait are one message, with their number in the low
-// word of lParam. While the program is asked to end from outside (a signal, a close by the window system, a
-// lost display), WM_CLOSE for the main window goes before all of them; that window has been sent
-// WM_ENDSESSION, once and wherever the thread was waiting. The display's events are drained and what has
-// changed on the screen is shown. A loop that does nothing but poll is paced like one that calls Sleep(1);
-// one that takes messages, reads controls or asks about a window's client area in between is not held up.
-// window must be null and both filters 0.
+// Copies the next message without removing it (PM_NOREMOVE is the only supported flag). TRUE when there is
+// one. `window` must be null and both filters 0.
+//
+// The order is: a quit, input, WM_PAINT for an invalid window, then the repeats of a held key. Consecutive
+// repeats of a key are merged into one message with their number in the low word of lParam. While the program
+// is asked to end from outside (a signal, a close by the window system, a lost display), WM_CLOSE for the
+// main window precedes all of them; that window is also sent WM_ENDSESSION once, as soon as the request is
+// noticed in any wait.
+//
+// The call handles the display's events and shows what has changed on the screen. A loop that only polls is
+// slowed down as if it called Sleep(1); a loop that also takes messages, reads controls or asks for a
+// window's client area is not.
 BOOL PeekMessageA(MSG* message, HWND window, UINT filterMin, UINT filterMax, UINT flags);
 
-// Takes the next message, waiting for one when there is none. 0 for WM_QUIT, else 1.
+// Removes the next message, waiting until there is one. Returns 0 for WM_QUIT, otherwise 1.
 BOOL GetMessageA(MSG* message, HWND window, UINT filterMin, UINT filterMax);
 
-// No window of this layer takes characters: always FALSE, and no message is made.
+// Does nothing and returns FALSE, because no window takes characters.
 BOOL TranslateMessage(const MSG* message);
 
-// Calls the window procedure of the message's window and gives its result; 0 when the window is gone.
+// Calls the window procedure of the message's window and returns its result; 0 when the window no longer
+// exists.
 LRESULT DispatchMessageA(const MSG* message);
 
-// Calls the window procedure at once and gives its result; 0 without effect for a window that does not exist.
+// Calls the window procedure and returns its result; 0 when there is no such window.
 LRESULT SendMessageA(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
 
-// Makes WM_QUIT with the given wParam wait behind the posted messages. It is delivered once.
+// Queues a WM_QUIT with exitCode as wParam. It is delivered once, before input and paints.
 void PostQuitMessage(int exitCode);

@@ -1,6 +1,6 @@
-// What is drawn into windows: their invalid state, the paint that follows from it, and device contexts for
-// their client areas. Called by the windows' procedures and whoever wants a window redrawn. The operations
-// that draw take these device contexts and stand in drawing.h, text.h, shapes.h and stretch.h.
+// Painting of windows: their invalid state, WM_PAINT, and device contexts for their client areas. Called by
+// window procedures and by code that needs a window redrawn. The drawing operations on these device contexts
+// are in drawing.h, text.h, shapes.h and stretch.h.
 #pragma once
 
 #include "platform/types.h"
@@ -14,19 +14,19 @@ struct PAINTSTRUCT {
     BYTE rgbReserved[32];
 };
 
-// Marks the whole window for a paint (a null rect; parts are not kept). With erase the background is filled
+// Marks the whole window as invalid; `rect` is ignored. With `erase`, the next paint fills the background
 // first.
 BOOL InvalidateRect(HWND window, const RECT* rect, BOOL erase);
 
-// Sends WM_PAINT now when the window is visible and invalid, else does nothing.
+// Sends WM_PAINT immediately if the window is visible and invalid.
 BOOL UpdateWindow(HWND window);
 
-// Validates the window, sends WM_ERASEBKGND when an erase is due, and gives a device context for the client
-// area, which lives to EndPaint. EndPaint shows the new picture on the display at once.
+// BeginPaint validates the window, sends WM_ERASEBKGND when an erase is due, and returns a device context for
+// the client area that is valid until EndPaint. EndPaint shows the new picture on the display.
 HDC BeginPaint(HWND window, PAINTSTRUCT* paint);
 BOOL EndPaint(HWND window, const PAINTSTRUCT* paint);
 
-// A device context for the client area, held until ReleaseDC (1 on success) or the end of the window. What is
-// drawn into it shows with the next paint, message look-up or wait.
+// A device context for the client area, valid until ReleaseDC (which returns 1 on success) or the destruction
+// of the window. Drawing becomes visible at the next paint, message poll or wait.
 HDC GetDC(HWND window);
 int ReleaseDC(HWND window, HDC dc);

@@ -1,6 +1,6 @@
-// Starting an outside program, waiting for it, its exit code, and the streams it is given. Called by the
-// process runner. No shell is ever involved: a command line is split into words by the documented rules and
-// started directly.
+// External programs: starting one, waiting for it, its exit code and its standard streams. Called by the
+// process runner. No shell is involved: a command line is split into words as command_line.h documents, and
+// the program is started directly.
 #pragma once
 
 #include "platform/types.h"
@@ -47,32 +47,35 @@ constexpr DWORD WAIT_OBJECT_0 = 0;
 constexpr DWORD WAIT_TIMEOUT = 258;
 constexpr DWORD WAIT_FAILED = 0xFFFFFFFF;
 
-// Starts a program. The first word of commandLine names it: a name without a separator is looked for beside
-// the running program, in workingDirectory, in the current directory and on PATH, a path is taken from the
-// current directory; each under the name given, then without a trailing ".exe". A path without quotes may
-// hold blanks: when its first word is no program, each longer beginning of the line is tried. The child gets
-// the working directory (the current one when null), the environment, the three standard streams (those of
-// startup with STARTF_USESTDHANDLES) and no other open file; the request to hide its window is the child's
-// own affair. FALSE when it cannot be started: no such program, a directory, not executable, no such working
-// directory. Both handles of `process` must be closed. applicationName and environment must be null; the
-// attributes and flags are not used.
+// Starts a program. The first word of commandLine names it. A name without a separator is searched for in the
+// folder of the running program, workingDirectory, the current directory and PATH; a path is relative to the
+// current directory. Each candidate is tried under the given name, then without a trailing ".exe". An
+// unquoted path may contain spaces: when its first word is not a program, each longer prefix of the line is
+// tried.
+//
+// The child gets the working directory (the current one when null), the environment, the three standard
+// streams (those of `startup` with STARTF_USESTDHANDLES) and no other open file. wShowWindow is ignored.
+// applicationName and environment must be null; the attributes and flags are ignored. The caller must close
+// both handles of `process`. FALSE when the program cannot be started: not found, a directory, not
+// executable, or no such working directory.
 BOOL CreateProcessA(LPCSTR applicationName, LPSTR commandLine, SECURITY_ATTRIBUTES* processAttributes,
                     SECURITY_ATTRIBUTES* threadAttributes, BOOL inheritHandles, DWORD flags,
                     LPVOID environment, LPCSTR workingDirectory, const STARTUPINFOA* startup,
                     PROCESS_INFORMATION* process);
 
-// Waits for the end of a process; timeout must be INFINITE. Meanwhile the last picture stays on the screen,
-// the display's events are drained and no message is dispatched. When the program is asked to end from
-// outside, the child's process group is sent SIGTERM, after 2 s SIGHUP and after 4 s SIGKILL (SIGHUP after
-// 0.5 s and SIGKILL after 1.5 s when the display has been lost), and the wait goes on until the whole group
-// has ended. A child without redirected streams may draw by itself, so the display is given up for its start
-// and taken back after its end: in front, with the keyboard focus, shown again. WAIT_OBJECT_0; WAIT_TIMEOUT
-// for a child that has not ended after SIGKILL either; WAIT_FAILED at once on a handle that is no process.
+// Waits until a process ends; timeout must be INFINITE. Meanwhile the last picture stays on the screen, the
+// display's events are handled and no message is dispatched. When the program is asked to end from outside,
+// the child's process group is sent SIGTERM, SIGHUP after 2 s and SIGKILL after 4 s (SIGHUP after 0.5 s and
+// SIGKILL after 1.5 s when the display has been lost), and the wait continues until the whole group has
+// ended. A child without redirected streams may draw, so CreateProcessA releases the display for it; this
+// call takes the display back once the child has ended, raises the window, focuses it and shows it again.
+// Returns WAIT_OBJECT_0, WAIT_TIMEOUT when the child has not ended even after SIGKILL, or WAIT_FAILED
+// immediately when the handle is not a process.
 DWORD WaitForSingleObject(HANDLE process, DWORD timeout);
 
-// The exit code of a process that has ended: 0 to 255, or 128 plus the number of the signal that ended it.
-// FALSE on a handle that is no process or one that has not ended.
+// The exit code of a process that has ended: 0 to 255, or 128 plus the number of the signal that killed it.
+// FALSE when the handle is not a process or the process has not ended.
 BOOL GetExitCodeProcess(HANDLE process, DWORD* exitCode);
 
-// The standard input of this program; the handle need not be closed. Null for any other number.
+// The standard input of this program; the handle need not be closed. Null for anything but STD_INPUT_HANDLE.
 HANDLE GetStdHandle(DWORD which);

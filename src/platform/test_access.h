@@ -1,15 +1,14 @@
-// What tests and benchmarks set and look at besides the operations. Called by nobody else: the application
-// does without.
+// Access for tests and benchmarks to what the operations do not expose: the screen size, the composed screen
+// and the pixels of device contexts. The application does not use it.
 #pragma once
 
 #include "platform/types.h"
 
-// Fixes the size of the screen on drivers that have none of their own (dummy, offscreen), before the first
-// window is made or later. Pixels.
+// Sets the size of the screen in pixels for SDL drivers that have none (dummy, offscreen), before or after
+// the first window is created.
 void setScreenSize(int width, int height);
 
-// The screen as the windows were last drawn there, valid until the next operation. No pixels without a
-// display.
+// The screen as last composed, valid until the next platform call. `pixels` is null without a display.
 struct ScreenPixels {
     const std::uint32_t* pixels; // 0x00RRGGBB
     int width;
@@ -18,14 +17,14 @@ struct ScreenPixels {
 };
 ScreenPixels screenPixels();
 
-// Handles the display's events and shows what has changed, as a wait does. True while pictures move.
+// Handles the display's events and shows what has changed, as waits do. True while a movie plays.
 bool keepScreenAlive();
 
-// The pixels of row `y` of what a device context draws into, 0x00RRGGBB. The context and the row must exist.
+// Row `y` of the surface that a device context draws into, as 0x00RRGGBB. The context and the row must exist.
 std::uint32_t* pixelRow(HDC dc, int y);
 
-// 0x00BBGGRR to 0x00RRGGBB.
+// Converts 0x00BBGGRR to 0x00RRGGBB.
 std::uint32_t pixelOfColor(COLORREF color);
 
-// The drawing objects that live, those of the stock included. Constant after balanced use.
+// The number of existing drawing objects, including the stock objects.
 std::size_t drawingObjectCount();
