@@ -1,5 +1,5 @@
-// In this order: the windows and the players that are kept for them, opening and placing a movie, what
-// happens to all of them while the thread waits, and the messages.
+// In this order: the windows and the pool of players, opening and placing a movie, the update of all windows
+// while the thread waits, and the messages.
 #include "platform/media.h"
 
 #include "platform/files/file_io.h"
@@ -24,36 +24,36 @@ namespace {
 
 constexpr LPCSTR mediaClass = "MCIWndClass";
 
-// What is left of a tick is drawing: the opening of a movie may hold it up for 40 ms in all.
+// Opening a movie may delay a tick by 40 ms; the other 15 ms are for drawing.
 constexpr int longestWait = 25; // milliseconds
 
-// The first movie needs the library and a new core, and a frame without the movie or with a wrong size would
-// stand until the next move.
+// The first movie also loads the library and creates a core. Without this longer wait, the picture would show
+// no movie, or one of a wrong size, until the next move.
 constexpr int longestFirstWait = 1000;
 
-constexpr std::chrono::milliseconds longestEnd(1000);
+constexpr std::chrono::milliseconds longestShutdown(1000);
 
-// The shape of most movies, larger than any area.
+// 4:3, the shape of most movies, and larger than any area.
 constexpr RECT unknownSize = {0, 0, 24000, 18000};
 
 struct MediaWindow {
     HWND handle = nullptr;
-    std::string path; // empty when there is nothing to open
+    std::string path; // empty when there is no playable file
     std::unique_ptr<MediaPlayer> player;
     bool failed = false;
-    bool opened = false;  // the player has been given the path
-    bool playing = false; // as wanted by the messages so far
-    bool paused = false;  // and not merely not played yet
-    bool track = false;   // has no room for a picture, so that only the sound is played
+    bool opened = false;  // `path` has been passed to the player
+    bool playing = false; // as requested by the messages so far
+    bool paused = false;  // by MCI_PAUSE; false before the first MCI_PLAY
+    bool track = false;   // the window has no area, so only the sound is played
     bool repeating = false;
-    bool guessed = false; // was placed before its size was known
-    bool resized = false; // the picture has to be drawn in the new size
+    bool guessed = false; // placed before its size was known
+    bool resized = false; // the picture has to be redrawn in the new size
     RECT place{};
 };
 
 std::vector<std::unique_ptr<MediaWindow>> mediaWindows;
 
-// Players that have played and are kept: a new core costs more than a new file.
+// Players that are kept for reuse: creating a core costs more than opening a file.
 std::vector<std::unique_ptr<MediaPlayer>> idlePlayers;
 
 MediaWindow* findMedia(HWND handle) {
@@ -62,7 +62,7 @@ MediaWindow* findMedia(HWND handle) {
     return found != mediaWindows.end() ? found->get() : nullptr;
 }
 
-// The file's full path; empty for anything that is not a plain file that can be read.
+// The file's absolute path; empty when it is not a readable plain file.
 std::string playablePath(LPCSTR file) {
     const std::string path = nativePath(file ? file : "");
     std::error_code error;
@@ -70,10 +70,10 @@ std::string playablePath(LPCSTR file) {
     return !error && openPlainFile(path.c_str()).isOpen() ? full.string() : std::string();
 }
 
-// At the end of the program. A sound server that stands still would keep a player from ending, so that
-// happens on a thread. When it takes too long, the process ends at once: the libraries must not be taken from
-// under a player that lives.
-void endPlayers(int exitCode, void*) {
+// Runs at exit. A sound server that does not respond would block the destruction of a player, so the players
+// are destroyed on a thread. If that takes too long, the process exits without further destructors, since the
+// libraries must not be unloaded while a player exists.
+void shutDownPlayers(int exitCode, void*) {
     for (const auto& media : mediaWindows) {
         idlePlayers.push_back(std::move(media->player));
     }
@@ -84,14 +84,14 @@ void endPlayers(int exitCode, void*) {
         players.clear();
         promise.set_value();
     }).detach();
-    if (ended.wait_for(longestEnd) != std::future_status::ready) {
+    if (ended.wait_for(longestShutdown) != std::future_status::ready) {
         std::_Exit(exitCode);
     }
 }
 
 std::unique_ptr<MediaPlayer> takePlayer() {
     if (idlePlayers.empty()) {
-        static const int registered = on_exit(endPlayers, nullptr);
+        static const int registered = on_exit(shutDownPlayers, nullptr);
         static_cast<void>(registered);
         return MediaPlayer::create();
     }
@@ -100,8 +100,8 @@ std::unique_ptr<MediaPlayer> takePlayer() {
     return player;
 }
 
-// Tells the player what the messages so far have asked for.
-void passWishes(const MediaWindow& media) {
+// Passes the state requested by the messages so far to the player.
+void applyRequests(const MediaWindow& media) {
     media.player->setRepeating(media.repeating);
     if (media.track) {
         media.player->dropPicture();
@@ -111,7 +111,7 @@ void passWishes(const MediaWindow& media) {
     }
 }
 
-// Gives the window its player as soon as the library is there.
+// Gives the window a player once the library is loaded.
 void openMedia(MediaWindow& media) {
     if (media.opened || media.failed || media.paused) {
         return;
@@ -125,7 +125,7 @@ void openMedia(MediaWindow& media) {
     if (media.player) {
         media.opened = true;
         media.player->open(media.path);
-        passWishes(media);
+        applyRequests(media);
     }
 }
 
@@ -142,8 +142,8 @@ void waitForSize(MediaWindow& media) {
     }
     openMedia(media);
     if (media.player) {
-        const auto rest = std::chrono::ceil<std::chrono::milliseconds>(end - Clock::now());
-        media.player->waitForSize(static_cast<int>(rest.count()));
+        const auto remaining = std::chrono::ceil<std::chrono::milliseconds>(end - Clock::now());
+        media.player->waitForSize(static_cast<int>(remaining.count()));
     }
 }
 
@@ -187,13 +187,13 @@ void updateMedia(MediaWindow& media) {
     }
 }
 
-// A track needs nobody's look once it runs.
+// A playing track needs no polling for pictures.
 bool hasPicturesToCome(const MediaWindow& media) {
     return media.playing && !media.failed &&
            !(media.player && media.player->hasSize() && media.player->width() == 0);
 }
 
-bool updateAll() {
+bool updateAllMedia() {
     for (const auto& player : idlePlayers) {
         player->update();
     }
@@ -209,17 +209,17 @@ void setPlaying(MediaWindow& media, bool playing) {
     media.playing = playing;
     media.paused = !playing;
     if (media.opened) {
-        passWishes(media);
+        applyRequests(media);
     } else {
         openMedia(media);
     }
 }
 
-LRESULT giveSize(MediaWindow& media, RECT* rect) {
+LRESULT reportSize(MediaWindow& media, RECT* rect) {
     waitForSize(media);
     const bool known = media.player && media.player->hasSize();
-    const bool nothing = media.failed || (media.player && media.player->failed());
-    media.guessed = !known && !nothing;
+    const bool unplayable = media.failed || (media.player && media.player->failed());
+    media.guessed = !known && !unplayable;
     *rect = known ? RECT{0, 0, media.player->width(), media.player->height()} : RECT{};
     if (media.guessed) {
         *rect = unknownSize;
@@ -227,7 +227,7 @@ LRESULT giveSize(MediaWindow& media, RECT* rect) {
     return 0;
 }
 
-LRESULT obeyCommand(MediaWindow& media, std::string_view command) {
+LRESULT runCommand(MediaWindow& media, std::string_view command) {
     if (command != "play repeat") {
         return 1;
     }
@@ -263,9 +263,9 @@ LRESULT mediaProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) 
         setPlaying(*media, false);
         return 0;
     case MCIWNDM_SENDSTRINGA:
-        return obeyCommand(*media, reinterpret_cast<LPCSTR>(lParam));
+        return runCommand(*media, reinterpret_cast<LPCSTR>(lParam));
     case MCIWNDM_GET_DEST:
-        return giveSize(*media, reinterpret_cast<RECT*>(lParam));
+        return reportSize(*media, reinterpret_cast<RECT*>(lParam));
     case WM_SIZE:
         media->resized = true;
         if (media->guessed) {
@@ -285,7 +285,7 @@ void registerMediaClass() {
     windowClass.lpfnWndProc = mediaProcedure;
     windowClass.lpszClassName = mediaClass;
     RegisterClassA(&windowClass);
-    setPictureSource(updateAll);
+    setPictureSource(updateAllMedia);
 }
 
 } // namespace

@@ -1,5 +1,5 @@
-// In this order: the options of a core and its limits, making and ending it, opening, pausing and closing a
-// file, the events of the core and its answers, and the pictures.
+// In this order: the options and limits of a core, its creation and destruction, opening, pausing and closing
+// a file, the core's events, and the pictures.
 #include "platform/media/media_player.h"
 
 #include "platform/base/alsa_messages.h"
@@ -17,7 +17,7 @@ struct Option {
 };
 
 constexpr Option options[] = {
-    // Nothing of the user's, and nothing but the file.
+    // No configuration of the user, and no file but the given one.
     {"config", "no"},
     {"load-scripts", "no"},
     {"osc", "no"},
@@ -32,15 +32,15 @@ constexpr Option options[] = {
     {"resume-playback", "no"},
     {"sid", "no"},
     {"osd-level", "0"},
-    // Pictures come from the render calls; covers of tracks are no movies.
+    // Pictures are fetched with the render API; the cover of a track is not a movie.
     {"vo", "libmpv"},
     {"hwdec", "no"},
     {"audio-display", "no"},
     {"video-timing-offset", "0"},
-    // A machine without sound shows movies all the same.
+    // Movies also play on a machine without sound.
     {"audio-fallback-to-null", "yes"},
     {"audio-client-name", "kestravox"},
-    // A short movie is kept whole, so that its repetition reads nothing.
+    // A short movie is cached as a whole, so that repeating it reads nothing.
     {"cache", "yes"},
     {"cache-pause", "no"},
     {"demuxer-max-bytes", "8MiB"},
@@ -52,35 +52,36 @@ constexpr Option options[] = {
     {"sws-fast", "yes"},
 };
 
-// The containers that are opened, by the names of libavformat: none that names other files.
+// The allowed containers by their libavformat names. Formats that can refer to other files are excluded.
 constexpr std::string_view containers = "aac,ac3,aiff,asf,avi,caf,dv,flac,flv,gif,ivf,m4v,matroska,mov,mp3,"
                                         "mpeg,mpegts,mpegvideo,nsv,ogg,rm,wav,w64";
 
-// A decoder may hold about 30 pictures: 16 for reference, others out of order, between threads and on their
-// way. They must fit into 190 MB.
-constexpr std::int64_t mostPixels = 2'800'000;       // of a picture that may still be decoded
-constexpr std::int64_t mostPictureBytes = 6'300'000; // of one whose form is known
+// A decoder may hold about 30 pictures (16 reference frames, others being reordered, in its threads or
+// queued), which must fit into 190 MB.
+constexpr std::int64_t mostPixels = 2'800'000;       // limit of the decoder, per picture
+constexpr std::int64_t mostPictureBytes = 6'300'000; // limit once the pixel format is known
 
-// Marks a question for the picture that only a file without one answers with an error.
-constexpr std::uint64_t pictureExpected = std::uint64_t{1} << 63;
+// Flag in the user data of a size request. Only a file without a decodable picture answers it with an error.
+constexpr std::uint64_t pictureExpectedFlag = std::uint64_t{1} << 63;
 
-// Seconds between two looks for a picture. The core stands still for 200 ms over one that nobody takes, also
-// while it opens or closes a file.
-constexpr double pictureLook = 0.001;
+// Interval at which waitForSize polls for pictures. The core blocks for 200 ms on a picture that is not
+// fetched, also while it opens or closes a file.
+constexpr double picturePollSeconds = 0.001;
 
-// A track whose sound server went away plays to nobody; it looks for a new one that often.
-constexpr auto soundLookInterval = std::chrono::seconds(5);
+// After the loss of its sound server, a track plays to the null output. Interval at which a new server is
+// tried.
+constexpr auto soundCheckInterval = std::chrono::seconds(5);
 
-// The kinds of sound output that are tried: those of SDL in its order, so that wave sounds and players meet
-// at one server, or at ALSA's own mixer. Whoever keeps the wave sounds away from the machine's sound server,
-// as tests do, keeps the players away as well.
+// The sound outputs to try: SDL's, in SDL's order, so that wave sounds and players use the same server, or
+// ALSA's mixer. When SDL_AUDIODRIVER disables the sound of the machine, as in tests, it does so for players
+// too.
 const char* soundOutputs() {
     const char* driver = std::getenv("SDL_AUDIODRIVER");
     const std::string_view name = driver ? driver : "";
     return name == "dummy" || name == "disk" ? "null" : "pulse,alsa,null";
 }
 
-// The value of a key in a map; null without it.
+// The value of a key in a map; null when it is missing.
 const mpv_node* findIn(const mpv_node& map, std::string_view key) {
     for (int index = 0; map.format == MPV_FORMAT_NODE_MAP && index < map.u.list->num; ++index) {
         if (map.u.list->keys[index] == key) {
@@ -95,7 +96,7 @@ std::int64_t numberIn(const mpv_node& map, std::string_view key) {
     return value && value->format == MPV_FORMAT_INT64 ? value->u.int64 : 0;
 }
 
-// Whether there is a track of pictures other than the cover of a sound track.
+// Whether there is a video track other than cover art.
 bool hasMovie(const mpv_node& tracks) {
     for (int index = 0; tracks.format == MPV_FORMAT_NODE_ARRAY && index < tracks.u.list->num; ++index) {
         const mpv_node* type = findIn(tracks.u.list->values[index], "type");
@@ -126,7 +127,7 @@ bool MediaPlayer::start() {
     }
     mpv.setOptionString(core_, "ao", soundOutputs());
     mpv.setOptionString(core_, "vd-lavc-o", ("max_pixels=" + std::to_string(mostPixels)).c_str());
-    // The list holds commas, so its length stands before it.
+    // Prefixed with its length, because the list contains commas.
     const std::string whitelist =
         "format_whitelist=%" + std::to_string(containers.size()) + "%" + std::string(containers);
     mpv.setOptionString(core_, "demuxer-lavf-o", whitelist.c_str());
@@ -167,7 +168,7 @@ void MediaPlayer::open(const std::string& path) {
     path_ = path;
     paused_ = true;
     soundOnly_ = false;
-    restPlace_.reset();
+    pausePosition_.reset();
     setRepeating(false);
     setProperty("pause", "yes");
     setProperty("vid", "auto");
@@ -210,20 +211,21 @@ void MediaPlayer::setPaused(bool paused) {
     paused_ = paused;
     setProperty("pause", paused ? "yes" : "no");
     if (paused) {
-        rest();
-    } else if (state_ == State::idle && restPlace_) {
-        load(std::to_string(*restPlace_));
+        closeForPause();
+    } else if (state_ == State::idle && pausePosition_) {
+        load(std::to_string(*pausePosition_));
     }
 }
 
-// The file is closed, to be opened again where it was. The core can also take the sound alone from an open
-// file, but after the way back from there, a track that had been read to its end stays silent.
-void MediaPlayer::rest() {
+// Closes the file; setPaused(false) opens it again at the same position. Disabling only the audio of an open
+// file also releases the sound device, but a track that had been read to its end stays silent when the audio
+// is enabled again.
+void MediaPlayer::closeForPause() {
     if (state_ == State::failed || state_ == State::idle) {
         return;
     }
-    if (!restPlace_) {
-        restPlace_ = 0;
+    if (!pausePosition_) {
+        pausePosition_ = 0;
     }
     if (state_ != State::opening) {
         mpvLibrary().getPropertyAsync(core_, number_, "time-pos", MPV_FORMAT_DOUBLE);
@@ -235,7 +237,7 @@ void MediaPlayer::update() {
     if (state_ != State::sized) {
         skipPicture();
     }
-    askForSound();
+    checkSoundOutput();
     for (;;) {
         const mpv_event* event = mpvLibrary().waitEvent(core_, 0);
         if (event->event_id == MPV_EVENT_NONE) {
@@ -245,11 +247,11 @@ void MediaPlayer::update() {
     }
 }
 
-// Only for tracks: a new output would make a movie stumble, and the next movie finds it by itself.
-void MediaPlayer::askForSound() {
+// Only for tracks: a new output would interrupt a movie, and the next movie opens the output anyway.
+void MediaPlayer::checkSoundOutput() {
     const auto now = std::chrono::steady_clock::now();
-    if (state_ == State::sized && width_ == 0 && !paused_ && now - soundLook_ >= soundLookInterval) {
-        soundLook_ = now;
+    if (state_ == State::sized && width_ == 0 && !paused_ && now - lastSoundCheck_ >= soundCheckInterval) {
+        lastSoundCheck_ = now;
         mpvLibrary().getPropertyAsync(core_, number_, "current-ao", MPV_FORMAT_STRING);
     }
 }
@@ -261,7 +263,7 @@ void MediaPlayer::waitForSize(int milliseconds) {
         if (Clock::now() >= end) {
             return;
         }
-        handle(*mpvLibrary().waitEvent(core_, pictureLook));
+        handle(*mpvLibrary().waitEvent(core_, picturePollSeconds));
         skipPicture();
     }
 }
@@ -270,7 +272,7 @@ void MediaPlayer::handle(const mpv_event& event) {
     const MpvLibrary& mpv = mpvLibrary();
     switch (event.event_id) {
     case MPV_EVENT_COMMAND_REPLY:
-        takeReply(event);
+        handleReply(event);
         break;
     case MPV_EVENT_START_FILE:
         current_ = entry_ != 0 && static_cast<mpv_event_start_file*>(event.data)->playlist_entry_id == entry_;
@@ -290,11 +292,11 @@ void MediaPlayer::handle(const mpv_event& event) {
         break;
     case MPV_EVENT_PLAYBACK_RESTART:
         if (current_ && state_ == State::started) {
-            mpv.getPropertyAsync(core_, number_ | pictureExpected, "dwidth", MPV_FORMAT_INT64);
+            mpv.getPropertyAsync(core_, number_ | pictureExpectedFlag, "dwidth", MPV_FORMAT_INT64);
         }
         break;
     case MPV_EVENT_GET_PROPERTY_REPLY:
-        takeProperty(event);
+        handleProperty(event);
         break;
     case MPV_EVENT_END_FILE:
         if (current_ && static_cast<mpv_event_end_file*>(event.data)->reason == MPV_END_FILE_REASON_ERROR) {
@@ -307,8 +309,8 @@ void MediaPlayer::handle(const mpv_event& event) {
     }
 }
 
-// The answer to loadfile names the entry; that of a former file does not count.
-void MediaPlayer::takeReply(const mpv_event& event) {
+// The reply to loadfile names the playlist entry. Replies about an earlier file are ignored.
+void MediaPlayer::handleReply(const mpv_event& event) {
     if (state_ != State::opening || event.reply_userdata != number_) {
         return;
     }
@@ -320,54 +322,54 @@ void MediaPlayer::takeReply(const mpv_event& event) {
     entry_ = numberIn(result, "playlist_entry_id");
 }
 
-// Gives back what the file holds.
-void MediaPlayer::refuse() {
+// Marks the file as unplayable and frees what it holds.
+void MediaPlayer::reject() {
     unload();
     state_ = State::failed;
 }
 
-void MediaPlayer::findSoundServer(std::string_view output) {
+void MediaPlayer::reconnectSound(std::string_view output) {
     if (!paused_ && output == "null" && std::string_view(soundOutputs()) != "null") {
         const char* const words[] = {"ao-reload", nullptr};
         command(words, 0);
     }
 }
 
-void MediaPlayer::takeProperty(const mpv_event& event) {
-    const bool current = current_ && (event.reply_userdata & ~pictureExpected) == number_;
+void MediaPlayer::handleProperty(const mpv_event& event) {
+    const bool current = current_ && (event.reply_userdata & ~pictureExpectedFlag) == number_;
     if (event.error < 0) {
-        // Playback has begun without a picture: none of the file could be decoded.
+        // Playback has started without a picture: none could be decoded.
         if (current && event.reply_userdata != number_ && state_ == State::started) {
-            refuse();
+            reject();
         }
         return;
     }
     const auto& property = *static_cast<mpv_event_property*>(event.data);
     if (property.format == MPV_FORMAT_DOUBLE) {
-        // The place of a rest, whose file is closed by now. While the end of one round is still to be heard,
-        // the core counts the next one from below zero; and it stands still for good when it starts at the
-        // very end.
-        if (restPlace_) {
-            restPlace_ = std::max(*static_cast<double*>(property.data), 0.0);
+        // The position at a pause; the file is closed by now. Near the end of a repetition the core may
+        // report a position of the next one, counted from below zero, and it does not start again from the
+        // very end of a file.
+        if (pausePosition_) {
+            pausePosition_ = std::max(*static_cast<double*>(property.data), 0.0);
         }
     } else if (current) {
-        takeCurrentProperty(property);
+        handleCurrentProperty(property);
     }
 }
 
-void MediaPlayer::takeCurrentProperty(const mpv_event_property& property) {
+void MediaPlayer::handleCurrentProperty(const mpv_event_property& property) {
     const std::string_view name = property.name;
     const std::string_view text =
         property.format == MPV_FORMAT_STRING ? *static_cast<char**>(property.data) : "";
     if (name == "current-ao") {
-        findSoundServer(text);
+        reconnectSound(text);
     } else if (name == "vid" && soundOnly_) {
         width_ = height_ = 0;
     } else if (name == "vid" && text == "no") {
         mpvLibrary().getPropertyAsync(core_, number_, "track-list", MPV_FORMAT_NODE);
     } else if (name == "track-list") {
         if (hasMovie(*static_cast<mpv_node*>(property.data))) {
-            refuse(); // its pictures cannot be decoded
+            reject(); // no decoder for its video
             return;
         }
         width_ = height_ = 0;
@@ -375,7 +377,7 @@ void MediaPlayer::takeCurrentProperty(const mpv_event_property& property) {
         const auto& picture = *static_cast<mpv_node*>(property.data);
         const std::int64_t bits = numberIn(picture, "average-bpp") * numberIn(picture, "w");
         if (bits / 8 * numberIn(picture, "h") > mostPictureBytes) {
-            refuse();
+            reject();
             return;
         }
     } else if (property.format == MPV_FORMAT_INT64 && !soundOnly_) {
@@ -391,7 +393,7 @@ bool MediaPlayer::pictureIsDue() {
            (mpvLibrary().renderContextUpdate(renderer_) & MPV_RENDER_UPDATE_FRAME) != 0;
 }
 
-// The core also asks for its empty screen to be drawn, between two files.
+// Between two files the core also requests a redraw of its empty screen.
 bool MediaPlayer::pictureIsEmpty() {
     mpv_render_frame_info info{};
     return mpvLibrary().renderContextGetInfo(renderer_, {MPV_RENDER_PARAM_NEXT_FRAME_INFO, &info}) < 0 ||

@@ -1,6 +1,6 @@
-// One player of tracks and movies: a libmpv core that is kept and opens one file after another. Used by the
-// media windows. Nothing here waits for the core but waitForSize; pictures are drawn into a surface of the
-// caller's. The player reads no configuration, runs no script and opens nothing but the file.
+// A player of tracks and movies: a libmpv core that opens one file after another. Used by the media windows.
+// No call but waitForSize waits for the core. Pictures are drawn into a surface of the caller. The player
+// reads no configuration, runs no script and opens nothing but the given file.
 #pragma once
 
 #include "platform/drawing/surface.h"
@@ -16,41 +16,42 @@
 
 class MediaPlayer {
 public:
-    // Null when no core can be made. The library must be ready.
+    // Null when no core can be created. mpvLibraryState must be ready.
     static std::unique_ptr<MediaPlayer> create();
     ~MediaPlayer();
     MediaPlayer(const MediaPlayer&) = delete;
     MediaPlayer& operator=(const MediaPlayer&) = delete;
 
-    // Opens a file in place of the former, paused at its start. The path must be absolute.
+    // Opens a file, which replaces the current one, paused at its start. The path must be absolute.
     void open(const std::string& path);
 
-    // Of the present file, only the sound is wanted.
+    // Disables the video of the current file, so that only its sound is played.
     void dropPicture();
 
-    // Ends the file and gives back what it holds: the core goes idle.
+    // Closes the file and frees what it holds; the core stays idle.
     void stop();
 
     void setRepeating(bool repeating);
 
-    // A paused file is not kept open: it holds no sound device and decodes nothing. It goes on where it was.
+    // Pausing closes the file, so that it holds no sound device and decodes nothing; resuming opens it again
+    // at the same position.
     void setPaused(bool paused);
 
-    // Takes the news from the core. To be called often, also for a player that has nothing to play.
+    // Handles the core's events. To be called often, even when there is nothing to play.
     void update();
 
-    // update, until the size is known, the file has failed or the time is over.
+    // Calls update until the size is known, the file has failed or the time is over.
     void waitForSize(int milliseconds);
 
     bool failed() const { return state_ == State::failed; }
 
-    // The movie's display size, 0 for a file without a picture, is known.
+    // The movie's display size is known; 0 x 0 for a file without a picture.
     bool hasSize() const { return state_ == State::sized; }
     int width() const { return width_; }
     int height() const { return height_; }
 
-    // Draws the next picture, fitted into the surface, when it has come due, or the present one again; tells
-    // whether it has.
+    // Draws the current picture, fitted into the surface, when a new one is due or with `again`. Returns
+    // whether it has drawn.
     bool render(Surface& surface, bool again);
 
 private:
@@ -63,29 +64,29 @@ private:
     void skipPicture();
     void load(const std::string& start);
     void unload();
-    void rest();
-    void askForSound();
-    void findSoundServer(std::string_view output);
+    void closeForPause();
+    void checkSoundOutput();
+    void reconnectSound(std::string_view output);
     void command(const char* const* words, std::uint64_t number);
     void setProperty(const char* name, const char* value);
     void handle(const mpv_event& event);
-    void takeReply(const mpv_event& event);
-    void takeProperty(const mpv_event& event);
-    void takeCurrentProperty(const mpv_event_property& property);
-    void refuse();
+    void handleReply(const mpv_event& event);
+    void handleProperty(const mpv_event& event);
+    void handleCurrentProperty(const mpv_event_property& property);
+    void reject();
 
     mpv_handle* core_ = nullptr;
     mpv_render_context* renderer_ = nullptr;
     std::atomic<bool> pictureDue_ = false; // set by a thread of the core
     State state_ = State::idle;
-    std::uint64_t number_ = 0; // counts the files, so that news of a former one is recognised
-    std::int64_t entry_ = 0;   // the core's own number of the file, 0 until it has told
-    bool current_ = false;     // news of the core is about this file
+    std::uint64_t number_ = 0; // counts the files, to recognise events about an earlier one
+    std::int64_t entry_ = 0;   // the core's playlist entry of the file, 0 while unknown
+    bool current_ = false;     // the core's events are about this file
     std::int64_t width_ = 0;
     std::int64_t height_ = 0;
     bool paused_ = true;
     bool soundOnly_ = false;
     std::string path_;
-    std::optional<double> restPlace_;                 // of a pause, in seconds from the start
-    std::chrono::steady_clock::time_point soundLook_; // when the sound output was last asked for
+    std::optional<double> pausePosition_;                  // of the last pause, in seconds from the start
+    std::chrono::steady_clock::time_point lastSoundCheck_; // when the sound output was last queried
 };

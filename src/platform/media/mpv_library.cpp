@@ -10,8 +10,8 @@ namespace {
 
 constexpr char libraryName[] = "libmpv.so.2";
 
-// The largest block of memory that the decoders may ask for. A file is already decoded a little before
-// anything is known about it, whatever size its pictures have. The search for its format needs 10 MiB.
+// The largest block of memory in bytes that a decoder may allocate: decoding starts before the size of the
+// pictures can be checked. Detecting the format needs 10 MiB.
 constexpr std::size_t largestBlock = std::size_t{12} << 20;
 
 template <typename Function> bool resolve(void* handle, const char* name, Function& function) {
@@ -19,7 +19,7 @@ template <typename Function> bool resolve(void* handle, const char* name, Functi
     return function != nullptr;
 }
 
-// The function belongs to a library that libmpv brings along.
+// av_max_alloc is part of libavutil, which libmpv depends on.
 void limitBlocks(void* handle) {
     void (*setLargest)(std::size_t) = nullptr;
     if (resolve(handle, "av_max_alloc", setLargest)) {
@@ -54,7 +54,7 @@ struct Loading {
     std::shared_future<bool> result;
 };
 
-// Never destroyed: players may end later than anything that the program destroys by itself.
+// Never destroyed, because players may be destroyed after all objects with static storage duration.
 Loading& loading() {
     static auto* const instance = new Loading;
     return *instance;
@@ -66,7 +66,7 @@ MpvState mpvLibraryState() {
     Loading& current = loading();
     if (!current.result.valid()) {
         current.result = std::async(std::launch::async, loadLibrary, std::ref(current.library)).share();
-        // A library that is half loaded must not meet the end of the process.
+        // The process must not exit while the library is being loaded.
         std::atexit([] { loading().result.wait(); });
     }
     if (current.result.wait_for(std::chrono::seconds(0)) != std::future_status::ready) {

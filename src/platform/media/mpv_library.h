@@ -1,12 +1,12 @@
-// libmpv, loaded when a track or movie is expected or opened: with the hundred libraries that it needs, it
-// would add 80 ms and 45 MiB to every start. Used by the media windows and players only. A thread does the
-// loading, since a cold disk takes seconds.
+// libmpv, loaded at run time when a track or movie is expected or opened: with its hundred dependencies it
+// would add 80 ms and 45 MiB to every start. Used by the media windows and players only. It is loaded on a
+// separate thread, because that takes seconds from a cold disk.
 #pragma once
 
 #include <mpv/client.h>
 #include <mpv/render.h>
 
-// The functions of the library that the player calls, under their own names less the prefix.
+// The library's functions that the player calls, under their own names without the prefix.
 struct MpvLibrary {
     decltype(&mpv_create) create;
     decltype(&mpv_initialize) initialize;
@@ -26,11 +26,11 @@ struct MpvLibrary {
 
 enum class MpvState { loading, ready, absent };
 
-// Starts the loading at the first call, and never waits.
+// Returns the state without waiting. The first call starts loading.
 MpvState mpvLibraryState();
 
-// Waits for the end of the loading, at most so many milliseconds.
+// Waits until loading has finished or `milliseconds` have passed.
 void mpvLibraryWait(int milliseconds);
 
-// The library; only when it is ready.
+// The library. Valid only in the state ready.
 const MpvLibrary& mpvLibrary();

@@ -23,21 +23,22 @@ protected:
 
     HWND open(const std::string& file) const { return MCIWndCreateA(parent, nullptr, 0, file.c_str()); }
 
-    // Opens, places at the natural size and plays; the answer of "play repeat".
+    // Opens a file, places it at its natural size and plays it. `answer` receives the result of "play
+    // repeat".
     HWND play(const std::string& file, LRESULT* answer = nullptr) const {
         const HWND movie = open(file);
         const RECT size = sizeOf(movie);
         SetWindowPos(movie, nullptr, movieX, movieY, size.right, size.bottom, 0);
         SendMessageA(movie, MCI_PLAY, 0, 0);
-        const LRESULT given =
+        const LRESULT result =
             SendMessageA(movie, MCIWNDM_SENDSTRINGA, 0, reinterpret_cast<LPARAM>("play repeat"));
         if (answer) {
-            *answer = given;
+            *answer = result;
         }
         return movie;
     }
 
-    // On a busy machine it is a guess for a while.
+    // Repeats the query, because a busy machine reports a guessed size at first.
     static RECT sizeOf(HWND movie) {
         RECT size{};
         keepAliveUntil([&] {
@@ -57,7 +58,7 @@ protected:
         return writer.content();
     }
 
-    // Pictures that are not compressed.
+    // An uncompressed movie.
     static std::string plainMovie(SIZE size) {
         std::string content = AviWriter({size.cx, size.cy, 10, 0}).content();
         content.replace(content.find("MJPG"), 4, "DIB ");
@@ -82,9 +83,9 @@ TEST_F(MediaTest, RepeatsAMovieWithoutAnEmptyPicture) {
     int gaps = 0;
     ASSERT_TRUE(keepAliveUntil([&] {
         const int now = shown();
-        EXPECT_GE(now, 0) << "the picture went";
+        EXPECT_GE(now, 0) << "the picture disappeared";
         if (now < last) {
-            EXPECT_LE(now, 3) << "back to the start, after " << last;
+            EXPECT_LE(now, 3) << "restarted after " << last;
             EXPECT_GE(last, pictures - 4);
             ++rounds;
         } else {
@@ -96,7 +97,7 @@ TEST_F(MediaTest, RepeatsAMovieWithoutAnEmptyPicture) {
     EXPECT_EQ(gaps, 0);
 }
 
-TEST_F(MediaTest, PausesAndGoesOnWhereItWas) {
+TEST_F(MediaTest, PausesAndResumesAtTheSamePosition) {
     const HWND movie = play(folder.write("a.avi", numberedMovie(60, 15, 440)));
     ASSERT_TRUE(keepAliveUntil([] { return shown() >= 5; }));
     SendMessageA(movie, MCI_PAUSE, 0, 0);
@@ -110,7 +111,7 @@ TEST_F(MediaTest, PausesAndGoesOnWhereItWas) {
     EXPECT_LE(shown(), paused + 4);
 }
 
-TEST_F(MediaTest, AFileThatIsPausedBeforeItCouldOpenWaits) {
+TEST_F(MediaTest, AFilePausedBeforeItIsOpenStaysHidden) {
     const std::string file = folder.write("a.avi", numberedMovie(4, 10));
     const HWND movie = open(file);
     SetWindowPos(movie, nullptr, movieX, movieY, numberedWidth, numberedHeight, 0);
@@ -121,7 +122,7 @@ TEST_F(MediaTest, AFileThatIsPausedBeforeItCouldOpenWaits) {
     EXPECT_TRUE(keepAliveUntil([] { return shown() >= 0; }));
 }
 
-TEST_F(MediaTest, LiesBetweenItsParentAndThePopupsAndEndsWithTheParent) {
+TEST_F(MediaTest, IsAboveItsParentBelowPopupsAndDestroyedWithTheParent) {
     const HWND popup = CreateWindowExA(0, "Frame", nullptr, WS_POPUP, movieX, movieY, 16, 480, parent,
                                        nullptr, nullptr, nullptr);
     ShowWindow(popup, SW_SHOW);
@@ -141,7 +142,7 @@ TEST_F(MediaTest, LiesBetweenItsParentAndThePopupsAndEndsWithTheParent) {
     EXPECT_FALSE(GetClientRect(other, &rect));
 }
 
-TEST_F(MediaTest, RefusesWhatIsNoMovieAndNeverWaitsForIt) {
+TEST_F(MediaTest, RejectsUnplayableFilesWithoutBlocking) {
     folder.write("good.avi", numberedMovie(2, 10));
     std::filesystem::create_directory("folder.avi");
     mkfifo("fifo.avi", 0600);
@@ -151,9 +152,9 @@ TEST_F(MediaTest, RefusesWhatIsNoMovieAndNeverWaitsForIt) {
     folder.write("concat.avi", "ffconcat version 1.0\nfile good.avi\n");
     folder.write("huge.avi", whiteMovie({4000, 3000}, false));
     folder.write("large.avi", whiteMovie({2000, 1500}, false));
-    folder.write("deep.avi", plainMovie({1900, 1200})); // fewer pixels, but of 24 bits
+    folder.write("deep.avi", plainMovie({1900, 1200})); // fewer pixels, but 24 bits each
     folder.write("loud.avi", whiteMovie({2000, 1500}, true));
-    std::string pictureless = numberedMovie(4, 10); // without the markers of its pictures
+    std::string pictureless = numberedMovie(4, 10); // its JPEG markers are overwritten
     std::replace(pictureless.begin() + static_cast<std::ptrdiff_t>(pictureless.find("movi")),
                  pictureless.end(), '\xFF', '\x5A');
     folder.write("pictureless.avi", pictureless);
@@ -170,7 +171,7 @@ TEST_F(MediaTest, RefusesWhatIsNoMovieAndNeverWaitsForIt) {
     }
 }
 
-TEST_F(MediaTest, KnowsSizesFromOnePixelToTwoThousand) {
+TEST_F(MediaTest, ReportsSizesFromOnePixelToTwoThousand) {
     for (const SIZE size : {SIZE{1, 1}, SIZE{63, 17}, SIZE{1920, 1080}}) {
         const HWND movie = play(folder.write("a.avi", whiteMovie(size, false)));
         const RECT found = sizeOf(movie);
@@ -185,7 +186,7 @@ TEST_F(MediaTest, KnowsSizesFromOnePixelToTwoThousand) {
     }
 }
 
-TEST_F(MediaTest, ManyOpeningsLeaveNothingBehind) {
+TEST_F(MediaTest, RepeatedOpeningLeaksNoFilesOrThreads) {
     const std::string file = folder.write("a.avi", numberedMovie(4, 10, 440));
     const auto count = [](const char* path) {
         return std::distance(std::filesystem::directory_iterator(path),
