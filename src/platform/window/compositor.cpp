@@ -11,10 +11,10 @@ namespace {
 bool screenChanged = false;
 bool (*pictureSource)() = nullptr;
 
-// The frame of a popup, from the outside in: a light line between two dark ones stands out on any picture.
+// The frame of a popup, from the outside in: a light line between two dark ones is visible on any picture.
 constexpr std::uint32_t frameColors[thickFrame] = {0x181818, 0xC8C8C8, 0x181818};
 
-// The display's pixels, and the part of them that is composed anew.
+// The display's pixels and the part of them to compose.
 struct Target {
     DisplayPixels pixels;
     RECT part;
@@ -24,15 +24,15 @@ struct Target {
     }
 };
 
-// The part of a rectangle that is composed anew.
-RECT seenOf(const RECT& rect, const Target& target) {
+// Clips a rectangle to the part to compose.
+RECT clipped(const RECT& rect, const Target& target) {
     const RECT& part = target.part;
     return {std::clamp(rect.left, part.left, part.right), std::clamp(rect.top, part.top, part.bottom),
             std::clamp(rect.right, part.left, part.right), std::clamp(rect.bottom, part.top, part.bottom)};
 }
 
 void fill(const Target& target, const RECT& rect, std::uint32_t color) {
-    const RECT seen = seenOf(rect, target);
+    const RECT seen = clipped(rect, target);
     if (seen.left >= seen.right) {
         return;
     }
@@ -45,7 +45,7 @@ void copyClient(const Target& target, const Surface& client, LONG left, LONG top
     if (!client.pixels) {
         return;
     }
-    const RECT seen = seenOf({left, top, left + client.width, top + client.height}, target);
+    const RECT seen = clipped({left, top, left + client.width, top + client.height}, target);
     if (seen.left >= seen.right) {
         return;
     }
@@ -103,10 +103,10 @@ void present() {
     }
 }
 
-// A movie's next picture costs the movie's own area, not the whole screen.
+// A new movie picture composes only the movie's area, not the whole screen.
 void presentPart(const RECT& part) {
     const DisplayPixels pixels = displayPixels();
-    const RECT seen = seenOf(part, {pixels, {0, 0, pixels.width, pixels.height}});
+    const RECT seen = clipped(part, {pixels, {0, 0, pixels.width, pixels.height}});
     if (pixels.pixels && seen.left < seen.right && seen.top < seen.bottom) {
         compose({pixels, seen});
         displayPresentPart(seen.left, seen.top, seen.right - seen.left, seen.bottom - seen.top);
@@ -130,7 +130,7 @@ bool refreshScreen() {
     for (const HWND handle : windowOrder()) {
         const Window* window = findWindow(handle);
         if (window->visible && window->firstPaint) {
-            return moving; // the former picture stays until the new window has one
+            return moving; // keep the previous picture until the new window is painted
         }
         if (window->visible && window->client.changed) {
             const bool isMovie = (window->style & WS_CHILD) != 0 && !movie;

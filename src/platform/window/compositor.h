@@ -1,20 +1,20 @@
-// Draws the windows onto the display: when something has changed, the changed part of it only where it can.
-// Called by the operations on windows, by the media windows, and by every wait, through the display. It sends
-// no message.
+// Composes the windows onto the display when something has changed, where possible only the changed part.
+// Called by the window operations, the media windows and, through the display, by every wait. Sends no
+// messages.
 #pragma once
 
 #include "platform/types.h"
 
-// Something about the windows as a whole changed: place, order, visibility.
+// Records that the position, order or visibility of a window has changed.
 void noteScreenChange();
 
-// Has a function called before the screen is refreshed, to put new pictures of movies into their windows. It
-// tells whether more of them are to come.
+// Sets the function that is called before each refresh to draw new movie pictures into their windows. It
+// returns whether more of them are to come.
 void setPictureSource(bool (*update)());
 
-// Shows what has changed, unless a window that was just shown has still to be painted for the first time.
-// True while pictures move.
+// Shows what has changed, unless a visible window has not been painted yet. True while movies play.
 bool refreshScreen();
 
-// Counts a window as painted and shows the screen as it is, whatever other windows still wait for.
+// Marks a window as painted and shows the screen immediately, even when other windows have not been painted
+// yet.
 void showWindowNow(HWND handle);

@@ -9,7 +9,8 @@
 
 namespace {
 
-// WM_ENDSESSION at once, since what holds the program up may outlast the patience of whoever asked.
+// Sends WM_ENDSESSION immediately instead of queueing it: whatever blocks the program may take longer than
+// the sender of the request waits before it kills the process.
 void announceEnd() {
     static HWND announced = nullptr;
     const HWND main = mainWindowOfProgram();
@@ -30,6 +31,6 @@ void connectDisplay() {
     displaySetListener(
         {queueKey, queueJoystick, setDisplayFocus, noteScreenChange, announceEnd, refreshScreen});
     if (!displayIsReal()) {
-        setDisplayFocus(true); // a display without a screen never tells
+        setDisplayFocus(true); // without a screen there are no focus events
     }
 }

@@ -1,7 +1,7 @@
-// Connects the display with the windows: keys and the joystick with the message queue, the keyboard focus
-// with the active window, refreshes with the compositor, and a request to end with the main window. Called
-// when a window is made.
+// Connects the display with the windows: key and joystick events go to the message queue, focus changes to
+// the active window, refreshes to the compositor, and end requests to the main window. Called when a window
+// is created.
 #pragma once
 
-// Has the display report here. Only the first call has an effect.
+// Installs the display's listener. Only the first call has an effect.
 void connectDisplay();

@@ -16,7 +16,7 @@ void setDisplayFocus(bool hasFocus) {
 
 void activateWindow(HWND handle) {
     active = handle;
-    tellFocus();
+    sendFocusChange();
 }
 
 void deactivateWindow(const Window& window) {
@@ -26,15 +26,15 @@ void deactivateWindow(const Window& window) {
     }
 }
 
-void tellFocus() {
+void sendFocusChange() {
     const HWND wanted = displayFocused && findWindow(active) ? active : nullptr;
     if (wanted == focused) {
         return;
     }
-    const HWND former = focused;
+    const HWND previous = focused;
     focused = wanted;
-    sendMessage(former, WM_KILLFOCUS, reinterpret_cast<WPARAM>(wanted), 0);
-    sendMessage(wanted, WM_SETFOCUS, reinterpret_cast<WPARAM>(former), 0);
+    sendMessage(previous, WM_KILLFOCUS, reinterpret_cast<WPARAM>(wanted), 0);
+    sendMessage(wanted, WM_SETFOCUS, reinterpret_cast<WPARAM>(previous), 0);
 }
 
 HWND focusWindow() {

@@ -1,21 +1,22 @@
-// Which window is active and which has been sent WM_SETFOCUS last. Called where windows are shown, hidden and
-// ended, where the display's focus changes, and before messages are looked up. Posts nothing: both messages
-// are sent.
+// The active window and the window that was last sent WM_SETFOCUS. Called when windows are shown, hidden or
+// destroyed, when the display's focus changes, and before each message poll. Both focus messages are sent,
+// never queued.
 #pragma once
 
 #include "platform/window/window_record.h"
 
-// Makes a window the active one (null: none) and tells the focus.
+// Makes a window the active one (null: none) and sends the focus messages.
 void activateWindow(HWND handle);
 
-// The window goes out of sight: its owner becomes active if it was.
+// Called when a window is hidden: if it was active, its owner becomes active.
 void deactivateWindow(const Window& window);
 
-// Sends WM_KILLFOCUS and WM_SETFOCUS where the active window or the display's focus has changed since.
-void tellFocus();
+// Sends WM_KILLFOCUS and WM_SETFOCUS if the active window or the display's focus has changed since the last
+// call.
+void sendFocusChange();
 
-// The window that has been told that it has the focus; null when none has.
+// The window that was last sent WM_SETFOCUS; null when none has the focus.
 HWND focusWindow();
 
-// The display has gained or lost the focus; told at the next tellFocus.
+// Records that the display has gained or lost the focus; sendFocusChange sends the messages.
 void setDisplayFocus(bool focused);

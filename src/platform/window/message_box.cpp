@@ -33,13 +33,14 @@ constexpr COLORREF buttonColor = 0x806040;
 
 constexpr std::int64_t pollInterval = 10 * nanosecondsPerMillisecond;
 
-// How long the key that left the box may stay down before it counts as a new press for the front end.
+// How long to wait for the release of the key that closed the box, so that the front end does not take it for
+// a new press. After that it counts as one.
 constexpr std::int64_t longestRelease = nanosecondsPerSecond;
 
 constexpr int answerKeys[] = {VK_RETURN, VK_ESCAPE, VK_SPACE};
 
 struct BoxLayout {
-    int unit = 0; // em height; every distance is a multiple
+    int unit = 0; // em height in pixels, the unit of all distances
     int width = 0;
     int height = 0;
     std::vector<std::string> lines;
@@ -59,7 +60,8 @@ HFONT boxFont(int height, LONG weight) {
     return CreateFontIndirectA(&description);
 }
 
-// As much of the text as fits the width, cut behind a blank where there is one; at least one character.
+// The length of the prefix of the text that fits the width, up to and including its last space if there is
+// one; at least one character.
 std::size_t lineLength(HDC dc, std::string_view text, int width) {
     std::size_t fits = 1;
     std::size_t lastBlank = 0;

@@ -12,7 +12,7 @@
 
 namespace {
 
-// Presses that nobody takes during a long game must not pile up.
+// Limits the presses that accumulate while a game runs. The oldest are dropped.
 constexpr std::size_t mostInputMessages = 256;
 
 // The parts of a key message's lParam.
@@ -23,14 +23,14 @@ constexpr LPARAM releasedBit = LPARAM{1} << 31;
 std::deque<MSG> input;
 std::optional<int> quitCode;
 
-// What of the joystick makes a message: small movements of a stick do not.
+// The part of the joystick's state whose changes queue a message. Small movements of a stick do not.
 struct JoystickState {
     UINT buttons = 0;
     int horizontal = 0; // -1 left, 1 right
     int vertical = 0;
     bool operator==(const JoystickState&) const = default;
 };
-JoystickState toldJoystick;
+JoystickState lastQueuedJoystick;
 
 MSG makeMessage(HWND handle, UINT message, WPARAM wParam, LPARAM lParam) {
     return {handle, message, wParam, lParam, static_cast<DWORD>(clockNow() / nanosecondsPerMillisecond),
@@ -75,13 +75,14 @@ void addInput(const MSG& message) {
     input.push_back(message);
 }
 
-// In place of one of its kind that still waits.
-void addOnlyInput(const MSG& message) {
+// Replaces a queued message of the same kind.
+void replaceInput(const MSG& message) {
     std::erase_if(input, [&](const MSG& other) { return other.message == message.message; });
     addInput(message);
 }
 
-// Counts a repeat in the one that waits. False when the last message of the key is none.
+// Adds a repeat to the count of the key's queued repeat message. False when the last queued message of the
+// key is not a repeat.
 bool mergeRepeat(HWND handle, WPARAM code) {
     const auto last = std::find_if(input.rbegin(), input.rend(),
                                    [&](const MSG& message) { return isKeyMessage(message, handle, code); });
@@ -115,15 +116,15 @@ void queueJoystick() {
         return;
     }
     const JoystickState state{info.wButtons, directionOf(info.wXpos), directionOf(info.wYpos)};
-    if (state == toldJoystick) {
+    if (state == lastQueuedJoystick) {
         return;
     }
-    toldJoystick = state;
-    addOnlyInput(makeMessage(focusWindow(), MM_JOY1MOVE, state.buttons, 0));
+    lastQueuedJoystick = state;
+    replaceInput(makeMessage(focusWindow(), MM_JOY1MOVE, state.buttons, 0));
 }
 
 void queueWakeUp() {
-    addOnlyInput(makeMessage(focusWindow(), WM_NULL, 0, 0));
+    replaceInput(makeMessage(focusWindow(), WM_NULL, 0, 0));
 }
 
 void dropMessagesOf(HWND handle) {
@@ -136,12 +137,12 @@ void queueQuit(int exitCode) {
 }
 
 std::optional<MSG> nextMessage(bool take) {
-    // A popup that is about to close drops the message that wakes it, so this one comes again until it is
-    // obeyed.
+    // Not removed when taken: a popup's loop drops the message that ends it, so WM_CLOSE is returned again
+    // until the main window is destroyed.
     if (const HWND toClose = endRequested() ? mainWindowOfProgram() : nullptr) {
         return makeMessage(toClose, WM_CLOSE, 0, 0);
     }
-    if (quitCode) { // before presses, or the key that asked for it would act again
+    if (quitCode) { // before input, or the key that caused the quit would act again
         const MSG message = makeMessage(nullptr, WM_QUIT, static_cast<WPARAM>(*quitCode), 0);
         if (take) {
             quitCode.reset();
@@ -151,8 +152,8 @@ std::optional<MSG> nextMessage(bool take) {
     if (!input.empty() && !isRepeat(input.front())) {
         return frontOf(input, take);
     }
-    // Before the repeats of a held key: where a redraw takes longer than the time between two repeats, they
-    // would keep the picture waiting until the release.
+    // Before the repeats of a held key: if a redraw takes longer than the repeat interval, the repeats would
+    // delay it until the key is released.
     if (const HWND handle = windowToPaint()) {
         return makeMessage(handle, WM_PAINT, 0, 0);
     }

@@ -1,26 +1,25 @@
-// The messages that wait: input, a quit, and what is made when it is asked for (paints, the close of a
-// program that has been asked to end). Called by the message operations, and where keys and the joystick
-// report. Sends nothing.
+// The message queue: input, a quit, and the messages made on demand (paints, and WM_CLOSE while the program
+// is asked to end). Called by the message operations and by the key and joystick events. Sends nothing.
 #pragma once
 
 #include "platform/messages.h"
 
 #include <optional>
 
-// A key message for the window with the focus; dropped when there is none.
+// Queues a key message for the window with the focus; ignored when there is none.
 void queueKey(int code, bool down, bool repeat);
 
-// A message for the window with the focus, or for none, when the joystick's state differs from that of the
-// last one; only one waits at a time.
+// Queues MM_JOY1MOVE for the window with the focus, or for none, if the joystick's state differs from that of
+// the last such message. It replaces one that is still queued.
 void queueJoystick();
 
-// A message that says nothing, for the window with the focus or for none; only one waits at a time.
+// Queues a WM_NULL, for the window with the focus or for none. It replaces one that is still queued.
 void queueWakeUp();
 
-// A WM_QUIT, delivered once.
+// Queues a WM_QUIT, which is delivered once.
 void queueQuit(int exitCode);
 
 void dropMessagesOf(HWND handle);
 
-// The next message, taken out of the queue or left there.
+// The next message; `take` removes it from the queue.
 std::optional<MSG> nextMessage(bool take);

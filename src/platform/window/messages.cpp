@@ -10,11 +10,11 @@
 
 namespace {
 
-constexpr std::int64_t waitForMessage = nanosecondsPerMillisecond;
+constexpr std::int64_t messagePollInterval = nanosecondsPerMillisecond;
 
-void prepareLookUp() {
+void prepareToPoll() {
     displayKeepAlive();
-    tellFocus();
+    sendFocusChange();
 }
 
 void eraseBackground(Window& window, HDC dc) {
@@ -27,7 +27,7 @@ void eraseBackground(Window& window, HDC dc) {
 } // namespace
 
 BOOL PeekMessageA(MSG* message, HWND, UINT, UINT, UINT) {
-    prepareLookUp();
+    prepareToPoll();
     const std::optional<MSG> next = nextMessage(false);
     if (!next) {
         pauseAfterFruitlessPolls();
@@ -40,12 +40,12 @@ BOOL PeekMessageA(MSG* message, HWND, UINT, UINT, UINT) {
 
 BOOL GetMessageA(MSG* message, HWND, UINT, UINT) {
     for (;;) {
-        prepareLookUp();
+        prepareToPoll();
         if (const std::optional<MSG> next = nextMessage(true)) {
             *message = *next;
             return next->message == WM_QUIT ? FALSE : TRUE;
         }
-        clockWait(waitForMessage);
+        clockWait(messagePollInterval);
     }
 }
 

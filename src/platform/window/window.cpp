@@ -1,4 +1,4 @@
-// In order: places and sizes, showing and hiding, the end of a window, then the operations: classes, windows.
+// In order: positions and sizes, showing and hiding, destruction, then the operations on classes and windows.
 #include "platform/window.h"
 
 #include "platform/base/end_request.h"
@@ -36,7 +36,7 @@ LPARAM packSize(int width, int height) {
                                static_cast<std::uint32_t>(width));
 }
 
-// Sets the outer rectangle and makes the client surface to match; tells whether its size changed.
+// Sets the outer rectangle and resizes the client surface. Returns whether the client size changed.
 bool placeWindow(Window& window, RECT outer) {
     const int frame = 2 * frameOf(window);
     const int width = std::clamp(outer.right - outer.left - frame, 0, 32767);
@@ -69,17 +69,17 @@ RECT wholeScreen() {
     return {0, 0, width, height};
 }
 
-// One axis of a rectangle that must not reach beyond the screen.
-void holdBetween(LONG limit, LONG& start, LONG& end) {
+// Cuts and moves one axis of a rectangle so that it is within 0 to limit.
+void confineAxis(LONG limit, LONG& start, LONG& end) {
     const LONG length = std::min(end - start, limit);
     start = std::clamp(start, 0, limit - length);
     end = start + length;
 }
 
-RECT heldToScreen(RECT rect) {
+RECT confinedToScreen(RECT rect) {
     const RECT screen = wholeScreen();
-    holdBetween(screen.right, rect.left, rect.right);
-    holdBetween(screen.bottom, rect.top, rect.bottom);
+    confineAxis(screen.right, rect.left, rect.right);
+    confineAxis(screen.bottom, rect.top, rect.bottom);
     return rect;
 }
 
@@ -91,10 +91,10 @@ RECT rectangleOf(int x, int y, int width, int height) {
     return {x, y, edge(x, width), edge(y, height)};
 }
 
-// The rectangle that a window of the style gets when it asks for this one.
+// The outer rectangle that a window of this style gets for the requested one.
 RECT grantedRectangle(DWORD style, int x, int y, int width, int height) {
-    const RECT asked = rectangleOf(x, y, width, height);
-    return (style & WS_THICKFRAME) != 0 ? heldToScreen(asked) : asked;
+    const RECT requested = rectangleOf(x, y, width, height);
+    return (style & WS_THICKFRAME) != 0 ? confinedToScreen(requested) : requested;
 }
 
 void hide(Window& window) {
@@ -213,10 +213,10 @@ HWND CreateWindowExA(DWORD, LPCSTR className, LPCSTR title, DWORD style, int x, 
     }
     const HWND handle = addWindow(makeWindow(*windowClass, style, parent));
     Window* window = findWindow(handle);
-    const auto given = [](int value) { return value == CW_USEDEFAULT ? 0 : value; };
+    const auto orZero = [](int value) { return value == CW_USEDEFAULT ? 0 : value; };
     const POINT origin = originOf(*window);
-    placeWindow(*window, grantedRectangle(style, origin.x + given(x), origin.y + given(y), given(width),
-                                          given(height)));
+    placeWindow(*window, grantedRectangle(style, origin.x + orZero(x), origin.y + orZero(y), orZero(width),
+                                          orZero(height)));
     const auto data = reinterpret_cast<LPARAM>(creationData);
     if (sendMessage(handle, WM_NCCREATE, 0, data) == FALSE) {
         if (findWindow(handle)) {

@@ -17,7 +17,7 @@ std::uintptr_t toValue(HWND handle) {
     return reinterpret_cast<std::uintptr_t>(handle);
 }
 
-// The place of a new window in the order: a child directly above its parent, any other on top.
+// Inserts a new window: a child directly above its parent, any other on top.
 void insertIntoOrder(HWND handle) {
     const Window& window = *findWindow(handle);
     const auto parent = std::find(order.begin(), order.end(), window.owner);
@@ -41,7 +41,7 @@ void removeWindow(HWND handle) {
 void raiseWindow(HWND handle) {
     order.erase(std::remove(order.begin(), order.end(), handle), order.end());
     order.push_back(handle);
-    // What a window owns lies above it.
+    // Keep the windows that it owns above it.
     std::stable_partition(order.begin(), order.end(), [&](HWND other) {
         const Window* window = findWindow(other);
         return !window || window->owner != handle;

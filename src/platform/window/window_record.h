@@ -1,6 +1,5 @@
-// The record of each window, and the order in which the windows lie on each other. Called by all files of
-// this folder and by the media windows. The rules by which a window changes stand in the files of the
-// operations.
+// The record of each window and the z-order. Called by all files of this folder and by the media windows. The
+// operations that change a window are in the other files.
 #pragma once
 
 #include "platform/drawing/surface.h"
@@ -10,7 +9,7 @@
 #include <string>
 #include <vector>
 
-// Pixels of frame on each side of a window with WS_THICKFRAME.
+// Width of the frame of a WS_THICKFRAME window on each side, in pixels.
 constexpr int thickFrame = 3;
 
 struct Window {
@@ -26,43 +25,44 @@ struct Window {
     std::vector<HDC> contexts; // from GetDC, not yet released
     bool visible = false;
     bool sized = false;     // has been sent a WM_SIZE
-    bool invalid = false;   // wants a WM_PAINT
+    bool invalid = false;   // due a WM_PAINT
     bool eraseDue = false;  // the next paint fills the background first
-    bool firstPaint = true; // shown, and not painted since
+    bool firstPaint = true; // not painted since it was shown
     bool destroying = false;
 };
 
-// Adds a window to the top of the order, or a child directly above its parent, and returns its handle.
+// Adds a window on top of the z-order, or a child directly above its parent, and returns its handle.
 HWND addWindow(std::unique_ptr<Window> window);
 
-// Ends the record; nobody is sent anything.
+// Deletes the record without sending a message.
 void removeWindow(HWND handle);
 
-// Moves a window to the top of the order, with the windows that it owns above it.
+// Moves a window to the top of the z-order, and the windows that it owns above it.
 void raiseWindow(HWND handle);
 
-// The record behind a handle, or null. A sent message may end any window, so look it up again after each.
+// The record of a handle, or null. Any sent message may destroy any window, so repeat the lookup after
+// sending one.
 Window* findWindow(HWND handle);
 
-// All windows, from the bottom of the z-order to the top.
+// All windows, from the bottom to the top of the z-order.
 const std::vector<HWND>& windowOrder();
 
-// The first window without an owner; null when there is none.
+// The lowest window without an owner; null when there is none.
 HWND mainWindowOfProgram();
 
 bool isChild(const Window& window);
 
-// Pixels of frame on each side.
+// Width of the frame on each side in pixels.
 int frameOf(const Window& window);
 
-// Where the client area of a child's parent begins; (0, 0) for a popup.
+// The screen position of the client area of a child's parent; (0, 0) for a popup.
 POINT originOf(const Window& window);
 
-// The outer rectangle in the coordinates of the owner's client area.
+// The outer rectangle relative to the client area of a child's parent.
 RECT placeInParent(const Window& window);
 
-// Calls the window procedure; 0 for a window that does not exist.
+// Calls the window procedure and returns its result; 0 for a window that does not exist.
 LRESULT sendMessage(HWND handle, UINT message, WPARAM wParam, LPARAM lParam);
 
-// Marks the window for a paint, which with `erase` fills the background first.
+// Marks the window as invalid; with `erase`, the next paint fills the background first.
 void invalidateWindow(Window& window, bool erase);
