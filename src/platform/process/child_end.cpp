@@ -20,10 +20,10 @@ struct Step {
 
 constexpr Step closePlan[] = {{0ms, SIGTERM}, {2000ms, SIGHUP}, {4000ms, SIGKILL}};
 
-// A child that draws has lost the display as well, and ends by itself if it is quick.
+// A child that draws has lost the display too and may end by itself in the first 500 ms.
 constexpr Step displayLostPlan[] = {{500ms, SIGHUP}, {1500ms, SIGKILL}};
 
-// How long the kernel may take to end a process that has been killed.
+// How long the kernel may take to end a killed process.
 constexpr auto lastWait = 300ms;
 
 std::span<const Step> planFor(bool displayLost) {
@@ -34,7 +34,7 @@ std::span<const Step> planFor(bool displayLost) {
 
 void ChildEnd::start(bool displayLost) {
     started_ = true;
-    // What the child leaves behind becomes this process's own to reap: nobody else may do so.
+    // Orphans of the child become children of this process, which can then reap them.
     prctl(PR_SET_CHILD_SUBREAPER, 1);
     displayLost_ = displayLost;
     sent_ = 0;
@@ -43,7 +43,7 @@ void ChildEnd::start(bool displayLost) {
 
 void ChildEnd::send(int signal) const {
     kill(-group_, signal);
-    kill(-group_, SIGCONT); // a stopped process would keep the signal waiting
+    kill(-group_, SIGCONT); // a stopped process would not handle the signal
 }
 
 void ChildEnd::poll(bool childHasEnded) {

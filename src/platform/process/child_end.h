@@ -1,7 +1,6 @@
-// Ends a child and all of its process group once the program is asked to end from outside. Inside the
-// platform only: polled by the wait for a process. An emulator may ignore the polite request, and a script in
-// its place may leave the emulator running, so stronger signals follow, and after the last of them nobody
-// waits any longer.
+// Ends a child and its whole process group once the program is asked to end from outside. Polled by the wait
+// for a process. An emulator may ignore SIGTERM, and a script that started it may exit without it, so
+// stronger signals follow; the wait is given up after the last one.
 #pragma once
 
 #include <chrono>
@@ -12,12 +11,12 @@ class ChildEnd {
 public:
     explicit ChildEnd(pid_t processGroup) : group_(processGroup) {}
 
-    // Sends the signals that have become due, and reaps what the child has left once it has ended and been
-    // reaped. Nothing while the program is not asked to end.
+    // Sends the signals that are due. Once the child itself has been reaped, also reaps orphans of its group.
+    // Does nothing until the program is asked to end.
     void poll(bool childHasEnded);
 
-    // True when there is nothing left to wait for: no process of the group is left, or the last signal has
-    // been sent and had its time.
+    // True when there is nothing left to wait for: the group has no process left, or the last signal has had
+    // its time.
     bool isOver() const;
 
 private:
@@ -29,6 +28,6 @@ private:
     pid_t group_;
     bool started_ = false;
     bool displayLost_ = false;
-    std::size_t sent_ = 0; // signals of the plan
+    std::size_t sent_ = 0; // number of signals of the plan sent so far
     Clock::time_point start_;
 };

@@ -12,7 +12,7 @@
 
 namespace {
 
-// Everything that the child needs between fork and exec, where memory must not be allocated.
+// Everything that the child needs between fork and exec, where it must not allocate memory.
 struct PreparedStart {
     std::vector<const char*> programs;
     std::vector<char*> arguments;
@@ -34,7 +34,7 @@ PreparedStart prepare(const ChildStart& start) {
     return prepared;
 }
 
-// --- In the child: only what is safe in a signal handler ---
+// --- In the child: async-signal-safe functions only ---
 
 void resetSignals() {
     struct sigaction action {};
@@ -63,7 +63,7 @@ bool connectStreams(const std::array<int, 3>& streams) {
     return true;
 }
 
-// All but the standard streams, at the exec.
+// Marks all descriptors but the standard streams to be closed at the exec.
 void closeOtherDescriptors() {
     constexpr unsigned closeOnExec = 4; // CLOSE_RANGE_CLOEXEC
     if (syscall(SYS_close_range, STDERR_FILENO + 1, ~0U, closeOnExec) == 0) {
@@ -94,20 +94,20 @@ void closeOtherDescriptors() {
 
 // --- In this process ---
 
-// No handler of this process may run in the child.
+// Blocks all signals around the fork, so that no handler of this process runs in the child.
 class BlockedSignals {
 public:
     BlockedSignals() {
         sigset_t all;
         sigfillset(&all);
-        pthread_sigmask(SIG_SETMASK, &all, &former_);
+        pthread_sigmask(SIG_SETMASK, &all, &previous_);
     }
-    ~BlockedSignals() { pthread_sigmask(SIG_SETMASK, &former_, nullptr); }
+    ~BlockedSignals() { pthread_sigmask(SIG_SETMASK, &previous_, nullptr); }
     BlockedSignals(const BlockedSignals&) = delete;
     BlockedSignals& operator=(const BlockedSignals&) = delete;
 
 private:
-    sigset_t former_{};
+    sigset_t previous_{};
 };
 
 } // namespace
@@ -130,7 +130,7 @@ pid_t startChild(const ChildStart& start) {
     }
     writing.close();
     char failed = 0;
-    // The exec closes the pipe unwritten.
+    // A successful exec closes the pipe without a byte written to it.
     if (child > 0 && readSome(reading.number(), &failed, sizeof(failed)) == 0) {
         return child;
     }

@@ -1,5 +1,5 @@
-// Starts a program as a child that ends with this process, however this process ends. Inside the platform
-// only: called for CreateProcessA, which finds the programs and owns the streams. No shell is involved.
+// Starts a program as a child that is killed when this process ends, for whatever reason. Called by
+// CreateProcessA, which finds the programs and owns the streams. No shell is involved.
 #pragma once
 
 #include <array>
@@ -8,19 +8,19 @@
 #include <vector>
 
 struct ChildStart {
-    // Full paths. They are tried in turn, since what has the right name can be for another machine.
+    // Full paths, tried in turn, since a file with the right name may be for another machine type.
     std::vector<std::string> programs;
     std::vector<std::string> words;
-    std::string folder; // working directory; empty for the present one
+    std::string folder; // working directory; empty for the current one
     // Descriptors for standard input, output and error: inheritedStream for this process's own, noStream for
-    // none.
+    // /dev/null.
     std::array<int, 3> streams{};
 };
 
 constexpr int inheritedStream = -1;
 constexpr int noStream = -2;
 
-// The child leads a process group of its own, has no other descriptor, the default action for all signals but
-// those of terminal access (which it ignores: it may not be in the terminal's foreground), and an empty
-// signal mask. 0 when none of the programs starts.
+// The child leads its own process group, has no other descriptors, the default action for all signals and an
+// empty signal mask. Exceptions are SIGTTIN and SIGTTOU, which it ignores because it may not be in the
+// terminal's foreground. Returns 0 when none of the programs starts.
 pid_t startChild(const ChildStart& start);

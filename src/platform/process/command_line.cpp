@@ -6,7 +6,7 @@ bool isBlank(char character) {
     return character == ' ' || character == '\t';
 }
 
-// Takes one word off the front of `rest`, which starts with it.
+// Removes the word at the start of `rest` and returns it without quoting.
 std::string takeWord(std::string_view& rest, bool isProgram) {
     std::string word;
     bool quoted = false;

@@ -13,11 +13,11 @@
 namespace {
 
 std::string readCommandLine() {
-    // The kernel ends each word with a NUL. A quote inside the name would end the name for whoever looks for
-    // the tail.
+    // The kernel terminates each word with a NUL. Quotes inside the name are removed, because they would end
+    // the name too early when the tail is searched for.
     std::string words;
     if (const FileDescriptor file = openPlainFile("/proc/self/cmdline"); file.isOpen()) {
-        constexpr std::size_t longestCommandLine = std::size_t{8} << 20; // beyond what the kernel starts
+        constexpr std::size_t longestCommandLine = std::size_t{8} << 20; // above the kernel's limit
         readWhole(file, words, longestCommandLine);
     }
     if (!words.empty() && words.back() == '\0') {
@@ -38,7 +38,7 @@ LPSTR GetCommandLineA() {
 }
 
 HMODULE GetModuleHandleA(LPCSTR name) {
-    static char programImage; // its address is the handle: never null, the same for the whole run
+    static char programImage; // its address is the handle: constant and never null
     return name ? nullptr : reinterpret_cast<HMODULE>(&programImage);
 }
 
@@ -56,7 +56,7 @@ BOOL SetConsoleTitleA(LPCSTR title) {
         return FALSE;
     }
     std::string sequence = "\033]0;" + std::string(title);
-    // A control character would end the sequence and let the rest of the title act on the terminal.
+    // A control character would end the sequence, and the terminal would interpret the rest of the title.
     sequence.erase(
         std::remove_if(sequence.begin() + 1, sequence.end(),
                        [](unsigned char character) { return character < ' ' || character == 0x7F; }),

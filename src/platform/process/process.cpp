@@ -26,8 +26,7 @@
 
 namespace {
 
-// Children whose handle was closed before they ended. They are reaped by and by, so that none stays a zombie
-// for long.
+// Children whose handle was closed before they ended. They are reaped when the next program is started.
 std::vector<pid_t> abandonedChildren;
 
 void reapAbandoned() {
@@ -45,7 +44,7 @@ struct ChildProcess : SystemObject {
         }
     }
 
-    // Looks without waiting, and reaps the child once.
+    // Polls without waiting, and reaps the child once.
     bool hasEnded() {
         int status = 0;
         const pid_t result = ended ? 0 : waitpid(number, &status, WNOHANG);
@@ -64,7 +63,7 @@ struct ChildProcess : SystemObject {
 
     pid_t number;
     bool hasDisplay;
-    FileDescriptor ending; // readable once the child has ended; closed on a machine that has no such thing
+    FileDescriptor ending; // a pidfd, readable once the child has ended; not open if the kernel lacks it
     bool ended = false;
     std::optional<DWORD> exitCode;
 };
@@ -87,7 +86,7 @@ std::array<int, 3> streamsOf(const STARTUPINFOA* startup) {
     return {streamOf(startup->hStdInput), streamOf(startup->hStdOutput), streamOf(startup->hStdError)};
 }
 
-// A parent that ignores the end of its children would never learn their exit code.
+// Exit codes are lost while SIGCHLD is ignored, which this process may have inherited.
 void restoreChildSignal() {
     struct sigaction action {};
     if (sigaction(SIGCHLD, nullptr, &action) == 0 && action.sa_handler == SIG_IGN) {
@@ -111,8 +110,8 @@ BOOL CreateProcessA(LPCSTR applicationName, LPSTR commandLine, SECURITY_ATTRIBUT
     if (invocation.programs.empty()) {
         return FALSE;
     }
-    // A child with redirected streams only computes. Any other may draw at once, and on a console without a
-    // window system it can do so only when nobody else holds the screen.
+    // A child with redirected streams does not draw. Any other may draw immediately, and on a console without
+    // a window system only one process can own the screen.
     const bool getsDisplay = !isRedirected(startup);
     if (getsDisplay) {
         soundGiveUp();
@@ -139,19 +138,19 @@ DWORD WaitForSingleObject(HANDLE process, DWORD) {
         return WAIT_FAILED;
     }
     ChildEnd end(child->number);
-    const auto waitAWhile = [&] {
+    const auto waitOneInterval = [&] {
         keepAlive();
         end.poll(child->hasEnded());
         pollfd ending = {child->hasEnded() ? -1 : child->ending.number(), POLLIN, 0};
         poll(&ending, 1, keepAliveInterval);
     };
     while (!child->hasEnded() && !end.isOver()) {
-        waitAWhile();
+        waitOneInterval();
     }
     child->returnDisplay();
-    // A display that is lost may have ended the child before its loss is noticed here.
+    // A lost display may have ended the child before the loss is noticed here.
     while (endRequested() && !end.isOver()) {
-        waitAWhile();
+        waitOneInterval();
     }
     return child->hasEnded() ? WAIT_OBJECT_0 : WAIT_TIMEOUT;
 }

@@ -20,7 +20,7 @@ bool isProgram(const std::string& path) {
            faccessat(AT_FDCWD, path.c_str(), X_OK, AT_EACCESS) == 0;
 }
 
-// The child changes its folder before it becomes the program, so the path must not depend on it.
+// Resolved here, because the child changes its working directory before the exec.
 std::string absolutePath(const std::string& path) {
     if (path.starts_with('/')) {
         return path;
@@ -41,7 +41,7 @@ std::vector<std::string> searchFolders(const std::string& workingDirectory) {
     return folders;
 }
 
-// All programs that the name can mean, the best first.
+// All programs that the name can mean, best match first.
 std::vector<std::string> findPrograms(const std::string& name, const std::string& workingDirectory) {
     constexpr std::string_view suffix = ".exe";
     std::vector<std::string> places;

@@ -6,7 +6,7 @@ namespace {
 
 using Words = std::vector<std::string>;
 
-TEST(CommandLine, SplitsByTheDocumentedRules) {
+TEST(CommandLineTest, SplitsByTheDocumentedRules) {
     const struct {
         const char* line;
         Words words;
@@ -34,7 +34,7 @@ TEST(CommandLine, SplitsByTheDocumentedRules) {
     }
 }
 
-TEST(CommandLine, TailIsTheRestUntouched) {
+TEST(CommandLineTest, TailIsUnmodified) {
     const struct {
         const char* line;
         const char* tail;

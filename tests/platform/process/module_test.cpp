@@ -10,14 +10,14 @@
 
 namespace {
 
-TEST(Module, CommandLineStartsWithTheQuotedName) {
+TEST(ModuleTest, CommandLineStartsWithTheQuotedName) {
     const std::string line = GetCommandLineA();
     const std::string name = testing::internal::GetArgvs().at(0);
     EXPECT_EQ(line.substr(0, name.size() + 2), '"' + name + '"');
     EXPECT_EQ(GetCommandLineA(), GetCommandLineA());
 }
 
-TEST(Module, FileNameIsCutToTheBuffer) {
+TEST(ModuleTest, FileNameIsCutToTheBuffer) {
     const std::string path = std::filesystem::read_symlink("/proc/self/exe");
     char buffer[4096];
     const DWORD length = GetModuleFileNameA(nullptr, buffer, sizeof(buffer));
@@ -30,7 +30,7 @@ TEST(Module, FileNameIsCutToTheBuffer) {
     EXPECT_EQ(std::string(small), std::string(buffer).substr(0, 4));
 }
 
-TEST(Module, OnlyTheProgramItselfHasAHandle) {
+TEST(ModuleTest, OnlyTheProgramItselfHasAHandle) {
     EXPECT_NE(GetModuleHandleA(nullptr), nullptr);
     EXPECT_EQ(GetModuleHandleA("other"), nullptr);
 }

@@ -21,7 +21,7 @@ namespace {
 
 using namespace std::chrono_literals;
 
-class Process : public ::testing::Test {
+class ProcessTest : public ::testing::Test {
 protected:
     void writeScript(std::string_view name, std::string_view commands) const {
         std::filesystem::permissions(folder.write(name, "#!/bin/sh\n" + std::string(commands) + '\n'),
@@ -44,7 +44,8 @@ protected:
                               workingDirectory, &startup, &process) == TRUE;
     }
 
-    // Runs to the end with all output in a file "out"; the exit code, or -1 when nothing was started.
+    // Runs a command to its end with all output redirected to the file "out". Returns its exit code, or -1
+    // when it was not started.
     static int run(const std::string& commandLine, const char* workingDirectory = nullptr,
                    HANDLE input = nullptr) {
         const HANDLE outputs = output("out");
@@ -61,7 +62,7 @@ protected:
         return started ? static_cast<int>(code) : -1;
     }
 
-    // As run, with a request to end once the child has written something.
+    // Like run, but requests the program's end once the child has written something.
     int runAndAskToEnd(const std::string& commandLine) const {
         std::error_code none;
         std::filesystem::remove("out", none);
@@ -77,7 +78,7 @@ protected:
     TemporaryFolder folder;
 };
 
-TEST_F(Process, RedirectsAllStreams) {
+TEST_F(ProcessTest, RedirectsAllStreams) {
     writeScript("child", "cat; echo error >&2; echo \"$2\"");
     folder.write("in", "input\n");
     const HANDLE input = CreateFileA("in", GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0, nullptr);
@@ -88,7 +89,7 @@ TEST_F(Process, RedirectsAllStreams) {
     EXPECT_EQ(folder.read("out"), "error\n\n");
 }
 
-TEST_F(Process, GivesItsOwnInputAndNothingElse) {
+TEST_F(ProcessTest, InheritsStandardInputAndNothingElse) {
     const HANDLE other = output("other");
     const int leak = dup(STDERR_FILENO); // open across an exec
     signal(SIGPIPE, SIG_IGN);
@@ -99,7 +100,7 @@ TEST_F(Process, GivesItsOwnInputAndNothingElse) {
     writeScript("child", "ls /proc/$$/fd; sed -nE 's/^Sig(Blk|Ign).*(.{7})$/\\2/p' /proc/self/status; "
                          "[ $(ps -o pgid= $$) = $$ ] && echo leader");
     EXPECT_EQ(run("./child", nullptr, GetStdHandle(STD_INPUT_HANDLE)), 0);
-    // The shell keeps its own script open as 10.
+    // The shell itself has its script open as 10.
     EXPECT_EQ(folder.read("out"), "0\n1\n10\n2\n0000000\n0300000\nleader\n")
         << "only SIGTTIN and SIGTTOU are ignored";
     EXPECT_EQ(GetStdHandle(0), nullptr);
@@ -108,7 +109,7 @@ TEST_F(Process, GivesItsOwnInputAndNothingElse) {
     CloseHandle(other);
 }
 
-TEST_F(Process, FindsTheProgram) {
+TEST_F(ProcessTest, FindsTheProgram) {
     std::filesystem::create_directories("games/inner");
     writeScript("games/tool", "pwd");
     writeScript("games/both", "echo plain");
@@ -156,10 +157,10 @@ TEST_F(Process, FindsTheProgram) {
         EXPECT_EQ(folder.read("out"), expected) << commandLine;
     }
     std::filesystem::remove("games/broken");
-    EXPECT_EQ(run("broken.exe", "games"), -1) << "no shell runs a text";
+    EXPECT_EQ(run("broken.exe", "games"), -1) << "a text file is not run by a shell";
 }
 
-TEST_F(Process, PassesLongLinesAndMuchOutput) {
+TEST_F(ProcessTest, PassesLongLinesAndLargeOutput) {
     const std::string word(100'000, 'w');
     EXPECT_EQ(run("printf %s%s " + word + ' ' + word), 0);
     EXPECT_EQ(folder.read("out"), word + word);
@@ -168,7 +169,7 @@ TEST_F(Process, PassesLongLinesAndMuchOutput) {
     EXPECT_EQ(std::filesystem::file_size("out"), 20'000'000u);
 }
 
-TEST_F(Process, HandlesAnswerOnlyWhenTheyCan) {
+TEST_F(ProcessTest, HandlesReportOnlyWhatIsKnown) {
     signal(SIGCHLD, SIG_IGN);
     writeScript("child", "read line; exit 3");
     int ends[2];
@@ -194,7 +195,7 @@ TEST_F(Process, HandlesAnswerOnlyWhenTheyCan) {
     EXPECT_FALSE(GetExitCodeProcess(process.hProcess, &code));
 }
 
-TEST_F(Process, AnAbandonedChildIsReapedLater) {
+TEST_F(ProcessTest, AnAbandonedChildIsReapedLater) {
     PROCESS_INFORMATION process{};
     ASSERT_TRUE(start("sleep 0.05", process));
     const auto child = static_cast<pid_t>(process.dwProcessId);
@@ -205,11 +206,11 @@ TEST_F(Process, AnAbandonedChildIsReapedLater) {
     EXPECT_NE(kill(child, 0), 0);
 }
 
-// The first word after a leading "trap" of each script is the signal that it cannot ignore.
-TEST_F(Process, ARequestToEndEndsTheChildAndWhatItHasStarted) {
+// Each script ignores the signals that are sent before the expected one.
+TEST_F(ProcessTest, AnEndRequestEndsTheWholeProcessGroup) {
     int width = 0;
     int height = 0;
-    displaySize(width, height); // the display takes the signals of a shutdown from its start on
+    displaySize(width, height); // starting the display installs the signal handlers
     const struct {
         const char* script;
         int signal;
@@ -228,19 +229,19 @@ TEST_F(Process, ARequestToEndEndsTheChildAndWhatItHasStarted) {
         const auto taken = std::chrono::steady_clock::now() - start;
         EXPECT_GE(taken, std::chrono::seconds(earliest));
         EXPECT_LT(taken, std::chrono::seconds(earliest) + 1900ms);
-        EXPECT_NE(kill(std::stoi(folder.read("out")), 0), 0) << "the child's own child";
+        EXPECT_NE(kill(std::stoi(folder.read("out")), 0), 0) << "the child's child is gone";
     }
-    // A script that ends at once does not leave the emulator that it has started.
+    // A script that ends on the first signal must not leave its own child running.
     forgetEndRequest();
     writeScript("child", "(trap '' TERM; while :; do sleep 0.05; done) & echo $!; wait");
     EXPECT_EQ(runAndAskToEnd("./child"), 128 + SIGTERM);
     EXPECT_NE(kill(std::stoi(folder.read("out")), 0), 0);
 }
 
-TEST_F(Process, AChildEndsWithTheProgramHoweverThatEnds) {
+TEST_F(ProcessTest, AChildIsKilledWithTheProgram) {
     int ends[2];
     ASSERT_EQ(pipe(ends), 0);
-    prctl(PR_SET_CHILD_SUBREAPER, 1); // what the program leaves is reaped here
+    prctl(PR_SET_CHILD_SUBREAPER, 1); // orphans of the program are reaped here
     const pid_t program = fork();
     if (program == 0) {
         PROCESS_INFORMATION process{};
@@ -258,7 +259,7 @@ TEST_F(Process, AChildEndsWithTheProgramHoweverThatEnds) {
     close(ends[1]);
 }
 
-TEST_F(Process, FindsAnUnquotedPathWithBlanks) {
+TEST_F(ProcessTest, FindsAnUnquotedPathWithSpaces) {
     std::filesystem::create_directory("my games");
     writeScript("my games/the emulator", "echo \"$#:$1\"");
     for (const std::string name : {"./my games/the emulator", ".\\my games\\the emulator.exe"}) {
@@ -268,9 +269,9 @@ TEST_F(Process, FindsAnUnquotedPathWithBlanks) {
     }
     writeScript("my", "echo first");
     EXPECT_EQ(run("./my games/the emulator"), 0);
-    EXPECT_EQ(folder.read("out"), "first\n") << "the shortest goes first";
+    EXPECT_EQ(folder.read("out"), "first\n") << "the shortest prefix is tried first";
     EXPECT_EQ(run("./nothing games/the emulator"), -1);
-    EXPECT_EQ(run("nothing my"), -1) << "in a bare name no later word is part of the program";
+    EXPECT_EQ(run("nothing my"), -1) << "a bare name is one word";
 }
 
 } // namespace

@@ -26,13 +26,13 @@ protected:
     }
 };
 
-TEST_F(KeysTest, TheSignBitIsTheKeyAndBitZeroThePressSinceTheLastRead) {
+TEST_F(KeysTest, SignBitIsTheKeyAndBitZeroThePressSinceTheLastRead) {
     EXPECT_EQ(stateOf('Z'), 0);
     pressKey(SDL_SCANCODE_Z);
     EXPECT_EQ(stateOf('Z'), static_cast<SHORT>(down | pressed));
-    EXPECT_EQ(stateOf('Z'), down) << "reading forgets the press";
+    EXPECT_EQ(stateOf('Z'), down) << "reading clears the press";
     pushKeyEvent(SDL_SCANCODE_Z, true, 1);
-    EXPECT_EQ(stateOf('Z'), down) << "a repeat is no press";
+    EXPECT_EQ(stateOf('Z'), down) << "a repeat is not a press";
     releaseKey(SDL_SCANCODE_Z);
     EXPECT_EQ(stateOf('Z'), 0);
     pressKey(SDL_SCANCODE_Z);
@@ -42,7 +42,7 @@ TEST_F(KeysTest, TheSignBitIsTheKeyAndBitZeroThePressSinceTheLastRead) {
     EXPECT_EQ(stateOf('Z'), 0);
 }
 
-TEST_F(KeysTest, ShiftControlAndAltStandForEitherOfTheirKeys) {
+TEST_F(KeysTest, ShiftControlAndAltCoverBothKeys) {
     const struct {
         int code;
         SDL_Scancode left;
@@ -55,13 +55,13 @@ TEST_F(KeysTest, ShiftControlAndAltStandForEitherOfTheirKeys) {
         pressKey(key.right);
         EXPECT_EQ(stateOf(key.code), static_cast<SHORT>(down | pressed)) << key.code;
         releaseKey(key.left);
-        EXPECT_EQ(stateOf(key.code), down) << "the other one is still down";
+        EXPECT_EQ(stateOf(key.code), down) << "the other key is still down";
         releaseKey(key.right);
         EXPECT_EQ(stateOf(key.code), 0);
     }
 }
 
-// The numbers that people write into the ini file.
+// Users write these numbers into the ini file.
 TEST_F(KeysTest, KeysHaveTheirPublishedCodes) {
     const std::pair<const char*, int> keys[] = {{"Return", 13},      {"Keypad Enter", 13}, {"Pause", 19},
                                                 {"PageUp", 33},      {"Delete", 46},       {"0", 48},
@@ -77,7 +77,7 @@ TEST_F(KeysTest, KeysHaveTheirPublishedCodes) {
         EXPECT_EQ(stateOf(code), 0) << name;
     }
     SDL_Keysym letter{SDL_SCANCODE_Q, SDLK_a, 0, 0};
-    EXPECT_EQ(virtualKeyOf(letter), 'A') << "letters go by what the layout prints on the key";
+    EXPECT_EQ(virtualKeyOf(letter), 'A') << "letters follow the keyboard layout";
 }
 
 TEST_F(KeysTest, NoTwoKeysShareACodeAndEachCanBeSynthesised) {
@@ -99,7 +99,7 @@ TEST_F(KeysTest, CodesOutsideTheKeyboardNeverReadAsPressed) {
     }
     keybd_event(0, 0, 0, 0);
     keybd_event('Z', 0, KEYEVENTF_KEYUP, 0);
-    EXPECT_EQ(stateOf('Z'), 0) << "this display has no synthesised keys";
+    EXPECT_EQ(stateOf('Z'), 0) << "this display cannot synthesise keys";
 }
 
 } // namespace

@@ -30,7 +30,7 @@ protected:
         takeMessages();
     }
 
-    // Dispatches what waits, at most `limit` messages, and names it in order.
+    // Dispatches up to `limit` queued messages and returns their names in order.
     static Messages drain(int limit = 50) {
         Messages order;
         MSG message{};
@@ -48,13 +48,13 @@ protected:
     HWND window = nullptr;
 };
 
-TEST_F(MessagesTest, PaintIsAFlagThatComesLastAndOnce) {
+TEST_F(MessagesTest, InvalidationsMergeIntoOnePaintAfterInput) {
     InvalidateRect(window, nullptr, FALSE);
     InvalidateRect(window, nullptr, FALSE);
     pressKey(SDL_SCANCODE_UP);
     Sleep(10);
     EXPECT_EQ(drain(), (Messages{"KEYDOWN", "PAINT"}));
-    EXPECT_EQ(takeMessages(), (Messages{"KEYDOWN", "PAINT"})) << "without erase the background stays";
+    EXPECT_EQ(takeMessages(), (Messages{"KEYDOWN", "PAINT"})) << "without erase the background is not filled";
     InvalidateRect(window, nullptr, TRUE);
     drain();
     EXPECT_EQ(takeMessages(), (Messages{"PAINT", "ERASE"}));
@@ -64,17 +64,17 @@ TEST_F(MessagesTest, PaintIsAFlagThatComesLastAndOnce) {
     EXPECT_EQ(drain(), Messages{}) << "a hidden window is not painted";
 }
 
-TEST_F(MessagesTest, LooksWithoutTaking) {
+TEST_F(MessagesTest, PeekLeavesTheMessageQueued) {
     InvalidateRect(window, nullptr, FALSE);
     MSG message{};
-    for (int look = 0; look < 3; ++look) {
+    for (int peek = 0; peek < 3; ++peek) {
         EXPECT_TRUE(PeekMessageA(&message, nullptr, 0, 0, PM_NOREMOVE));
         EXPECT_EQ(message.message, WM_PAINT);
         EXPECT_EQ(message.hwnd, window);
     }
 }
 
-TEST_F(MessagesTest, AQuitGoesBeforeKeysAndPaintsAndComesOnce) {
+TEST_F(MessagesTest, AQuitIsDeliveredOnceBeforeKeysAndPaints) {
     InvalidateRect(window, nullptr, FALSE);
     pressKey(SDL_SCANCODE_ESCAPE);
     Sleep(10);
@@ -96,32 +96,32 @@ TEST_F(MessagesTest, CloseRequestsAndSignalsCloseTheMainWindow) {
         takeMessages();
         request();
         Sleep(10);
-        EXPECT_EQ(takeMessages(), sentInSleep) << "once, and nothing is dispatched inside a sleep";
+        EXPECT_EQ(takeMessages(), sentInSleep) << "sent once, and nothing is dispatched during a sleep";
         sentInSleep.clear();
         for (int time = 0; time < 2; ++time) {
             MSG message{};
             ASSERT_TRUE(GetMessageA(&message, nullptr, 0, 0));
-            EXPECT_EQ(message.message, WM_CLOSE) << "also after it has been dropped";
+            EXPECT_EQ(message.message, WM_CLOSE) << "repeated after it was dropped";
             EXPECT_EQ(message.hwnd, window);
         }
     }
     DefWindowProcA(window, WM_CLOSE, 0, 0);
     RECT rect{};
-    EXPECT_FALSE(GetClientRect(window, &rect)) << "the default is the end of the window";
+    EXPECT_FALSE(GetClientRect(window, &rect)) << "the default handling destroys the window";
 }
 
-TEST_F(MessagesTest, TellsTheFocusOfTheDisplayAtTheNextLookUp) {
+TEST_F(MessagesTest, SendsFocusChangesOfTheDisplayAtTheNextPoll) {
     pressKey(SDL_SCANCODE_UP);
     pushWindowEvent(SDL_WINDOWEVENT_FOCUS_LOST);
     Sleep(10);
     EXPECT_EQ(takeMessages(), Messages{});
-    EXPECT_EQ(GetAsyncKeyState(VK_UP), 1) << "the press is kept, the key is no longer known to be down";
+    EXPECT_EQ(GetAsyncKeyState(VK_UP), 1) << "the press is kept, but the key no longer counts as down";
     drain();
     EXPECT_EQ(takeMessages(), (Messages{"KILLFOCUS", "KEYDOWN", "NULL"}));
     const HWND popup = makeRecordingWindow(0, 0, 10, 10, window);
     ShowWindow(popup, SW_SHOW);
     EXPECT_EQ(takeMessages(), (Messages{"NCCREATE", "CREATE", "SIZE 10x10"}))
-        << "no focus without the display's";
+        << "no focus while the display has none";
     DestroyWindow(popup);
     takeMessages();
     pushWindowEvent(SDL_WINDOWEVENT_FOCUS_GAINED);
@@ -130,7 +130,7 @@ TEST_F(MessagesTest, TellsTheFocusOfTheDisplayAtTheNextLookUp) {
     EXPECT_EQ(takeMessages(), Messages{"SETFOCUS"});
 }
 
-TEST_F(MessagesTest, SleepTakesItsTimeAndKeepsTheScreenAlive) {
+TEST_F(MessagesTest, SleepTakesItsTimeAndHandlesEvents) {
     const std::int64_t start = virtualClockMilliseconds();
     virtualClockAt(start + 100, [] { pressKey(SDL_SCANCODE_X); });
     Sleep(1500);
@@ -140,12 +140,12 @@ TEST_F(MessagesTest, SleepTakesItsTimeAndKeepsTheScreenAlive) {
     EXPECT_EQ(virtualClockMilliseconds() - start, 1500);
 }
 
-TEST_F(MessagesTest, ATapThatIsReadWhenItIsOverIsFollowedByAMessage) {
+TEST_F(MessagesTest, ATapReadAfterItsReleaseQueuesANullMessage) {
     pressKey(SDL_SCANCODE_UP);
     Sleep(10);
     drain();
     EXPECT_NE(GetAsyncKeyState(VK_UP), 0);
-    EXPECT_EQ(drain(), Messages{}) << "the release is still to come";
+    EXPECT_EQ(drain(), Messages{}) << "the key is still down";
     releaseKey(SDL_SCANCODE_UP);
     pressKey(SDL_SCANCODE_DOWN);
     releaseKey(SDL_SCANCODE_DOWN);
@@ -159,7 +159,7 @@ TEST_F(MessagesTest, ATapThatIsReadWhenItIsOverIsFollowedByAMessage) {
     EXPECT_EQ(takeMessages(), Messages{"NULL"});
 }
 
-TEST_F(MessagesTest, ALoopThatOnlyPollsIsPacedLikeASleepingOneAndAnyOtherIsNotHeldUp) {
+TEST_F(MessagesTest, ALoopThatOnlyPollsIsSlowedDownAndAnyOtherIsNot) {
     MSG message{};
     const auto poll = [&] { return PeekMessageA(&message, nullptr, 0, 0, PM_NOREMOVE); };
     std::int64_t start = virtualClockMilliseconds();
@@ -167,13 +167,13 @@ TEST_F(MessagesTest, ALoopThatOnlyPollsIsPacedLikeASleepingOneAndAnyOtherIsNotHe
     for (; polls < 10'000 && virtualClockMilliseconds() - start < 1000; ++polls) {
         EXPECT_FALSE(poll());
     }
-    EXPECT_LT(polls, 100) << "one that sleeps takes 50";
+    EXPECT_LT(polls, 100) << "a loop of Sleep(1) makes 50";
     start = virtualClockMilliseconds();
     virtualClockAt(start + 25, [] { pressKey(SDL_SCANCODE_UP); });
     while (!poll()) {
     }
     EXPECT_LE(virtualClockMilliseconds() - start, 25 + 20)
-        << "a message is found after the sleep it falls into";
+        << "a message is found right after the sleep in which it arrives";
     drain();
 
     const struct {
@@ -187,7 +187,7 @@ TEST_F(MessagesTest, ALoopThatOnlyPollsIsPacedLikeASleepingOneAndAnyOtherIsNotHe
                       joyGetPos(0, &info);
                   },
                   0},
-                 {"asks about a window",
+                 {"queries a window",
                   [&] {
                       RECT client{};
                       GetClientRect(window, &client);
@@ -210,7 +210,7 @@ TEST_F(MessagesTest, ALoopThatOnlyPollsIsPacedLikeASleepingOneAndAnyOtherIsNotHe
     }
 }
 
-TEST_F(MessagesTest, RepeatsOfAHeldKeyAreOneMessageThatAPaintOvertakes) {
+TEST_F(MessagesTest, RepeatsOfAHeldKeyMergeAndFollowPaints) {
     static std::vector<LPARAM> repeatCounts;
     messageHooks[WM_KEYDOWN] = [](HWND, WPARAM, LPARAM state) { repeatCounts.push_back(state & 0xFFFF); };
     const auto repeatKey = [](SDL_Scancode key) { pushKeyEvent(key, true, 1); };
@@ -240,7 +240,7 @@ TEST_F(MessagesTest, RepeatsOfAHeldKeyAreOneMessageThatAPaintOvertakes) {
     EXPECT_EQ(repeatCounts, (std::vector<LPARAM>{1, 1, 1, 2, 1}));
 }
 
-TEST_F(MessagesTest, ForgetsTheOldestPressesOfALongBlockade) {
+TEST_F(MessagesTest, DropsTheOldestPressesOfAFullQueue) {
     for (int press = 0; press < 2000; ++press) {
         pressKey(SDL_SCANCODE_UP);
         releaseKey(SDL_SCANCODE_UP);

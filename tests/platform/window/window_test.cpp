@@ -10,7 +10,7 @@
 #include <SDL.h>
 #include <gtest/gtest.h>
 
-// In place of SDL's own: the driver without a screen has no second monitor.
+// Replaces SDL's function, because the driver without a screen has only one monitor.
 extern "C" int SDL_GetDisplayBounds(int monitor, SDL_Rect* bounds) {
     *bounds = monitor == 0 ? SDL_Rect{640, 100, 1280, 1024} : SDL_Rect{0, 0, 640, 480};
     return 0;
@@ -65,7 +65,7 @@ TEST_F(WindowTest, OpensAtTheOriginOfThePrimaryMonitor) {
     EXPECT_EQ(std::pair(x, y), std::pair(640, 100));
 }
 
-TEST_F(WindowTest, TellsAWindowOfItsLifeInOrder) {
+TEST_F(WindowTest, SendsTheLifecycleMessagesInOrder) {
     const HWND window = makeRecordingWindow(10, 10, 100, 50, nullptr, WS_POPUP | WS_THICKFRAME);
     EXPECT_EQ(takeMessages(), (Messages{"NCCREATE", "CREATE"}));
 
@@ -74,7 +74,7 @@ TEST_F(WindowTest, TellsAWindowOfItsLifeInOrder) {
         << "the frame is not part of the client area";
 
     MoveWindow(window, 20, 20, 100, 50, FALSE);
-    EXPECT_EQ(takeMessages(), Messages{}) << "a move without a new size is no size message";
+    EXPECT_EQ(takeMessages(), Messages{}) << "a move without a new size sends no WM_SIZE";
     MoveWindow(window, 20, 20, 60, 40, FALSE);
     EXPECT_EQ(takeMessages(), Messages{"SIZE 54x34"});
 
@@ -88,7 +88,7 @@ TEST_F(WindowTest, TellsAWindowOfItsLifeInOrder) {
     EXPECT_FALSE(DestroyWindow(window));
 }
 
-TEST_F(WindowTest, MaximizesAPopupOverTheWholeScreenBeforeTheCallReturns) {
+TEST_F(WindowTest, MaximizingFillsTheScreenBeforeTheCallReturns) {
     const HWND window = makeRecordingWindow(CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT);
     takeMessages();
     ShowWindow(window, SW_MAXIMIZE);
@@ -99,7 +99,7 @@ TEST_F(WindowTest, MaximizesAPopupOverTheWholeScreenBeforeTheCallReturns) {
     EXPECT_EQ(client.bottom, 480);
 }
 
-TEST_F(WindowTest, RefusesCreationWhereTheWindowSaysNo) {
+TEST_F(WindowTest, AWindowCanCancelItsCreation) {
     for (const UINT message : {WM_NCCREATE, WM_CREATE}) {
         WNDCLASSA windowClass{};
         static UINT refused = 0;
@@ -116,14 +116,14 @@ TEST_F(WindowTest, RefusesCreationWhereTheWindowSaysNo) {
         EXPECT_EQ(
             CreateWindowExA(0, "Refusing", "", WS_POPUP, 0, 0, 9, 9, nullptr, nullptr, nullptr, nullptr),
             nullptr);
-        EXPECT_TRUE(UnregisterClassA("Refusing", nullptr)) << "no window may be left";
+        EXPECT_TRUE(UnregisterClassA("Refusing", nullptr)) << "no window of the class is left";
         EXPECT_FALSE(UnregisterClassA("Refusing", nullptr));
     }
     EXPECT_EQ(CreateWindowExA(0, "Unknown", "", WS_POPUP, 0, 0, 9, 9, nullptr, nullptr, nullptr, nullptr),
               nullptr);
 }
 
-TEST_F(WindowTest, HandsTheFocusToAPopupAndBackToItsOwner) {
+TEST_F(WindowTest, PassesTheFocusToAPopupAndBackToItsOwner) {
     const HWND owner = makeRecordingWindow(0, 0, 640, 480);
     windowNames[owner] = "owner";
     ShowWindow(owner, SW_SHOW);
@@ -145,10 +145,10 @@ TEST_F(WindowTest, HandsTheFocusToAPopupAndBackToItsOwner) {
     takeMessages();
     DestroyWindow(owner);
     EXPECT_EQ(takeMessages(), (Messages{"owner:KILLFOCUS", "second:DESTROY", "owner:DESTROY"}))
-        << "what a window owns ends before it";
+        << "owned windows are destroyed first";
 }
 
-TEST_F(WindowTest, LeavesTheFocusOfAHiddenOwnerAlone) {
+TEST_F(WindowTest, DoesNotFocusAHiddenOwner) {
     const HWND owner = makeRecordingWindow(0, 0, 640, 480);
     const HWND popup = makeRecordingWindow(0, 0, 40, 40, owner);
     ShowWindow(popup, SW_SHOW);
@@ -157,7 +157,7 @@ TEST_F(WindowTest, LeavesTheFocusOfAHiddenOwnerAlone) {
     EXPECT_EQ(takeMessages(), (Messages{"KILLFOCUS", "DESTROY"}));
 }
 
-TEST_F(WindowTest, ComposesWindowsByTheirOrderWithFrames) {
+TEST_F(WindowTest, ComposesWindowsInZOrderWithFrames) {
     const HWND main = showFilled(0, 0, 640, 480, 0x0000FF);
     const HWND popup = showFilled(100, 100, 50, 40, 0x00FF00, main, WS_POPUP | WS_THICKFRAME);
     EXPECT_EQ(screenPixel(99, 99), 0xFF0000U) << "a COLORREF holds red in its low byte";
@@ -173,16 +173,16 @@ TEST_F(WindowTest, ComposesWindowsByTheirOrderWithFrames) {
 
     MoveWindow(popup, 600, 460, 80, 80, TRUE);
     UpdateWindow(popup);
-    EXPECT_EQ(screenPixel(563, 403), 0x00FF00U) << "moved in whole";
+    EXPECT_EQ(screenPixel(563, 403), 0x00FF00U) << "moved fully onto the screen";
     EXPECT_EQ(screenPixel(636, 476), 0x00FF00U);
     EXPECT_EQ(screenPixel(110, 110), 0xFF0000U);
     DestroyWindow(popup);
     MSG message{};
     PeekMessageA(&message, nullptr, 0, 0, PM_NOREMOVE);
-    EXPECT_EQ(screenPixel(639, 479), 0xFF0000U) << "what lay below needs no new paint";
+    EXPECT_EQ(screenPixel(639, 479), 0xFF0000U) << "the windows below are not painted again";
 }
 
-TEST_F(WindowTest, HoldsAFramedWindowToTheScreen) {
+TEST_F(WindowTest, KeepsAFramedWindowOnTheScreen) {
     const HWND window = makeRecordingWindow(-50, 400, 900, 200, nullptr, WS_POPUP | WS_THICKFRAME);
     RECT outer{};
     const auto expectOuter = [&](LONG left, LONG top, LONG right, LONG bottom) {
@@ -197,7 +197,7 @@ TEST_F(WindowTest, HoldsAFramedWindowToTheScreen) {
     MoveWindow(window, 0, 2, 1000, 476, FALSE);
     EXPECT_EQ(takeMessages(), Messages{"SIZE 634x470"});
     MoveWindow(window, 0, 2, 1200, 476, FALSE);
-    EXPECT_EQ(takeMessages(), Messages{}) << "nothing more is to be had";
+    EXPECT_EQ(takeMessages(), Messages{}) << "already limited to the screen";
     EXPECT_FALSE(GetWindowRect(nullptr, &outer));
 
     WNDCLASSA known{};
@@ -206,19 +206,19 @@ TEST_F(WindowTest, HoldsAFramedWindowToTheScreen) {
     EXPECT_EQ(known.lpfnWndProc, recordingProc);
 }
 
-TEST_F(WindowTest, KeepsTheFormerPictureUntilANewWindowIsPainted) {
+TEST_F(WindowTest, KeepsThePreviousPictureUntilANewWindowIsPainted) {
     const HWND main = showFilled(0, 0, 640, 480, 0x0000FF);
     const HWND popup = makeRecordingWindow(0, 0, 640, 480, main);
     colors[popup] = 0x00FF00;
     ShowWindow(popup, SW_SHOW);
     MSG message{};
     EXPECT_TRUE(PeekMessageA(&message, nullptr, 0, 0, PM_NOREMOVE));
-    EXPECT_EQ(screenPixel(5, 5), 0xFF0000U) << "never a black frame between two pictures";
+    EXPECT_EQ(screenPixel(5, 5), 0xFF0000U) << "no black frame between two pictures";
     UpdateWindow(popup);
     EXPECT_EQ(screenPixel(5, 5), 0x00FF00U);
 }
 
-TEST_F(WindowTest, TreatsStaleHandlesAndStrangeSizesAsFailures) {
+TEST_F(WindowTest, SurvivesStaleHandlesAndExtremeSizes) {
     const HWND window = makeRecordingWindow(0, 0, 40, 40);
     const HDC dc = GetDC(window);
     MoveWindow(window, 0, 0, -5, 0, TRUE);
