@@ -9,6 +9,7 @@ constexpr int IDOK = 1;
 
 // Shows a text in a modal box above all windows, and writes it to standard error. Returns IDOK once Enter,
 // Escape, Space, a mouse button or a joystick button is pressed, or when the program is asked to end. Returns
-// immediately on a display without a real screen, where the box could be neither seen nor answered. owner and
-// title may be null; only MB_OK is supported. No messages are dispatched meanwhile.
+// immediately once the program has been asked to end, and on a display without a real screen, where the box
+// could be neither seen nor closed. owner and title may be null; only MB_OK is supported. No messages are
+// dispatched meanwhile.
 int MessageBoxA(HWND owner, LPCSTR text, LPCSTR title, UINT type);

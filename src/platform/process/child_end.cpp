@@ -24,7 +24,7 @@ constexpr Step closePlan[] = {{0ms, SIGTERM}, {2000ms, SIGHUP}, {4000ms, SIGKILL
 constexpr Step displayLostPlan[] = {{500ms, SIGHUP}, {1500ms, SIGKILL}};
 
 // How long the kernel may take to end a killed process.
-constexpr auto lastWait = 300ms;
+constexpr auto killTimeout = 300ms;
 
 std::span<const Step> planFor(bool displayLost) {
     return displayLost ? std::span<const Step>(displayLostPlan) : std::span<const Step>(closePlan);
@@ -66,5 +66,5 @@ bool ChildEnd::isOver() const {
         return true;
     }
     const std::span<const Step> plan = planFor(displayLost_);
-    return started_ && sent_ == plan.size() && Clock::now() - start_ >= plan.back().after + lastWait;
+    return started_ && sent_ == plan.size() && Clock::now() - start_ >= plan.back().after + killTimeout;
 }

@@ -75,7 +75,7 @@ void closeOtherDescriptors() {
     }
 }
 
-[[noreturn]] void becomeProgram(const PreparedStart& start, int report) {
+[[noreturn]] void execProgram(const PreparedStart& start, int report) {
     setpgid(0, 0);
     prctl(PR_SET_PDEATHSIG, SIGKILL);
     const bool parentLives = getppid() == start.parent;
@@ -125,7 +125,7 @@ pid_t startChild(const ChildStart& start) {
         const BlockedSignals blocked;
         child = fork();
         if (child == 0) {
-            becomeProgram(prepared, writing.number());
+            execProgram(prepared, writing.number());
         }
     }
     writing.close();

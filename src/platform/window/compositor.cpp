@@ -32,12 +32,12 @@ RECT clipped(const RECT& rect, const Target& target) {
 }
 
 void fill(const Target& target, const RECT& rect, std::uint32_t color) {
-    const RECT seen = clipped(rect, target);
-    if (seen.left >= seen.right) {
+    const RECT area = clipped(rect, target);
+    if (area.left >= area.right) {
         return;
     }
-    for (LONG y = seen.top; y < seen.bottom; ++y) {
-        std::fill(target.row(y) + seen.left, target.row(y) + seen.right, color);
+    for (LONG y = area.top; y < area.bottom; ++y) {
+        std::fill(target.row(y) + area.left, target.row(y) + area.right, color);
     }
 }
 
@@ -45,13 +45,13 @@ void copyClient(const Target& target, const Surface& client, LONG left, LONG top
     if (!client.pixels) {
         return;
     }
-    const RECT seen = clipped({left, top, left + client.width, top + client.height}, target);
-    if (seen.left >= seen.right) {
+    const RECT area = clipped({left, top, left + client.width, top + client.height}, target);
+    if (area.left >= area.right) {
         return;
     }
-    const auto bytes = static_cast<std::size_t>(seen.right - seen.left) * sizeof(std::uint32_t);
-    for (LONG y = seen.top; y < seen.bottom; ++y) {
-        std::memcpy(target.row(y) + seen.left, client.row(y - top) + (seen.left - left), bytes);
+    const auto bytes = static_cast<std::size_t>(area.right - area.left) * sizeof(std::uint32_t);
+    for (LONG y = area.top; y < area.bottom; ++y) {
+        std::memcpy(target.row(y) + area.left, client.row(y - top) + (area.left - left), bytes);
     }
 }
 
@@ -76,20 +76,20 @@ bool coversPart(const Window& window, const RECT& part) {
 }
 
 void compose(const Target& target) {
-    std::vector<Window*> seen;
+    std::vector<Window*> visibleWindows;
     for (const HWND handle : windowOrder()) {
         Window* window = findWindow(handle);
         if (window->visible) {
             if (coversPart(*window, target.part)) {
-                seen.clear();
+                visibleWindows.clear();
             }
-            seen.push_back(window);
+            visibleWindows.push_back(window);
         }
     }
-    if (seen.empty() || !coversPart(*seen.front(), target.part)) {
+    if (visibleWindows.empty() || !coversPart(*visibleWindows.front(), target.part)) {
         fill(target, target.part, 0);
     }
-    for (Window* window : seen) {
+    for (Window* window : visibleWindows) {
         drawWindow(target, *window);
     }
 }
@@ -106,10 +106,10 @@ void present() {
 // A new movie picture composes only the movie's area, not the whole screen.
 void presentPart(const RECT& part) {
     const DisplayPixels pixels = displayPixels();
-    const RECT seen = clipped(part, {pixels, {0, 0, pixels.width, pixels.height}});
-    if (pixels.pixels && seen.left < seen.right && seen.top < seen.bottom) {
-        compose({pixels, seen});
-        displayPresentPart(seen.left, seen.top, seen.right - seen.left, seen.bottom - seen.top);
+    const RECT area = clipped(part, {pixels, {0, 0, pixels.width, pixels.height}});
+    if (pixels.pixels && area.left < area.right && area.top < area.bottom) {
+        compose({pixels, area});
+        displayPresentPart(area.left, area.top, area.right - area.left, area.bottom - area.top);
     }
 }
 

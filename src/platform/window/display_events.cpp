@@ -11,11 +11,11 @@ namespace {
 
 // Sends WM_ENDSESSION immediately instead of queueing it: whatever blocks the program may take longer than
 // the sender of the request waits before it kills the process.
-void announceEnd() {
-    static HWND announced = nullptr;
+void sendEndSession() {
+    static HWND notified = nullptr;
     const HWND main = mainWindowOfProgram();
-    if (main && main != announced) {
-        announced = main;
+    if (main && main != notified) {
+        notified = main;
         sendMessage(main, WM_ENDSESSION, TRUE, 0);
     }
 }
@@ -29,7 +29,7 @@ void connectDisplay() {
     }
     connected = true;
     displaySetListener(
-        {queueKey, queueJoystick, setDisplayFocus, noteScreenChange, announceEnd, refreshScreen});
+        {queueKey, queueJoystick, setDisplayFocus, noteScreenChange, sendEndSession, refreshScreen});
     if (!displayIsReal()) {
         setDisplayFocus(true); // without a screen there are no focus events
     }

@@ -25,6 +25,7 @@ struct WindowClass {
 };
 
 std::vector<std::unique_ptr<WindowClass>> classes;
+
 WindowClass* findClass(LPCSTR name) {
     const auto found = std::find_if(classes.begin(), classes.end(),
                                     [&](const auto& entry) { return name && entry->name == name; });
@@ -126,7 +127,7 @@ void show(HWND handle, bool maximize) {
     activateWindow(handle);
 }
 
-void endWindow(HWND handle) {
+void deleteWindow(HWND handle) {
     Window* window = findWindow(handle);
     for (const HDC dc : window->contexts) {
         deleteSurfaceDC(dc);
@@ -220,7 +221,7 @@ HWND CreateWindowExA(DWORD, LPCSTR className, LPCSTR title, DWORD style, int x, 
     const auto data = reinterpret_cast<LPARAM>(creationData);
     if (sendMessage(handle, WM_NCCREATE, 0, data) == FALSE) {
         if (findWindow(handle)) {
-            endWindow(handle);
+            deleteWindow(handle);
         }
         return nullptr;
     }
@@ -244,7 +245,7 @@ BOOL DestroyWindow(HWND handle) {
         }
     }
     sendMessage(handle, WM_DESTROY, 0, 0);
-    endWindow(handle);
+    deleteWindow(handle);
     return TRUE;
 }
 
