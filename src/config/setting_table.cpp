@@ -1,5 +1,4 @@
 #include "config/setting_table.h"
-#include "catalogue/selection.h"
 
 namespace {
 

@@ -1,6 +1,5 @@
 #include "config/settings.h"
 
-#include "catalogue/selection.h"
 #include "config/ini_values.h"
 #include "config/setting_table.h"
 #include "platform/profile.h"

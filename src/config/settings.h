@@ -4,7 +4,6 @@
 // options of single games (section Mameoptions) are not part of it.
 #pragma once
 
-#include "catalogue/selection.h"
 #include "platform/types.h"
 
 #include <cstdint>
