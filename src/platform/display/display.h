@@ -1,8 +1,8 @@
 // The display: a window that fills the primary monitor, its pixels, its events and its keyboard focus. The
 // only user of SDL's video. Called inside the platform and by its tests only. The windows of the layer above
 // draw into the pixels and present them; key events update the key states and are passed to the listener.
-// displaySize, displayPixels and displayIsReal start the display if it is not running; the other functions do
-// not.
+// displaySize, displayPixels and displayIsReal start the display if it is not running. The other functions do
+// not start it; displayTakeBack only reopens what displayGiveUp has closed.
 #pragma once
 
 #include <cstdint>
@@ -37,7 +37,7 @@ DisplayPixels displayPixels();
 // Shows the pixels. The first call also shows the window.
 void displayPresent();
 
-// Shows a part of the pixels. Everything is shown if the window has not been shown before.
+// Shows a part of the pixels, or all of them if the window has not been shown before.
 void displayPresentPart(int left, int top, int width, int height);
 
 // True when a user can see and answer this display; false on SDL's drivers without a screen, and without a
