@@ -35,7 +35,8 @@ std::string resolveLinks(std::string path) {
     return {};
 }
 
-bool isNamed(const FileDescriptor& file, const std::string& path) {
+// Returns whether the path still names this plain file.
+bool isFileAt(const FileDescriptor& file, const std::string& path) {
     struct stat own {};
     struct stat named {};
     return fstat(file.number(), &own) == 0 && lstat(path.c_str(), &named) == 0 && S_ISREG(own.st_mode) &&
@@ -59,7 +60,7 @@ void removeLeftover(const std::string& path) {
     struct stat status {};
     const bool isFile =
         leftover.isOpen() && fstat(leftover.number(), &status) == 0 && S_ISREG(status.st_mode);
-    if (!isFile || (lock(leftover) && isNamed(leftover, path))) {
+    if (!isFile || (lock(leftover) && isFileAt(leftover, path))) {
         std::remove(path.c_str());
     }
 }
@@ -74,7 +75,7 @@ FileDescriptor createTemporary(const std::string& path) {
         removeLeftover(path);
         file = FileDescriptor(open(path.c_str(), flags, 0666));
     }
-    return file.isOpen() && lock(file) && isNamed(file, path) ? std::move(file) : FileDescriptor();
+    return file.isOpen() && lock(file) && isFileAt(file, path) ? std::move(file) : FileDescriptor();
 }
 
 // Failures are ignored: not every file system has owners and modes, and the text matters more.
@@ -114,14 +115,14 @@ FileReplacement::FileReplacement(const std::string& path)
 }
 
 FileReplacement::~FileReplacement() {
-    if (file_.isOpen() && isNamed(file_, temporaryPath_)) {
+    if (file_.isOpen() && isFileAt(file_, temporaryPath_)) {
         unlink(temporaryPath_.c_str());
     }
 }
 
 FileDescriptor FileReplacement::openForChild() const {
     FileDescriptor file(open(temporaryPath_.c_str(), O_WRONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC));
-    if (!file.isOpen() || !isNamed(file_, temporaryPath_) || !isNamed(file, temporaryPath_)) {
+    if (!file.isOpen() || !isFileAt(file_, temporaryPath_) || !isFileAt(file, temporaryPath_)) {
         return {};
     }
     fcntl(file.number(), F_SETFL, fcntl(file.number(), F_GETFL) & ~O_NONBLOCK);
@@ -129,7 +130,7 @@ FileDescriptor FileReplacement::openForChild() const {
 }
 
 bool FileReplacement::commit() {
-    if (fsync(file_.number()) != 0 || !isNamed(file_, temporaryPath_) ||
+    if (fsync(file_.number()) != 0 || !isFileAt(file_, temporaryPath_) ||
         rename(temporaryPath_.c_str(), path_.c_str()) != 0) {
         return false;
     }
