@@ -116,7 +116,7 @@ FontChoice choiceOf(FcPattern* face, const FontRequest& request) {
     choice.index = (static_cast<unsigned>(index) & variableFaceMark) != 0 ? index & 0xFFFF : index;
     choice.variations = textOf(face, FC_FONT_VARIATIONS);
     choice.weight = weightOf(face);
-    // The system's fontconfig rules may already have replaced a missing style by a matrix or FC_EMBOLDEN, and
+    // The system's fontconfig rules may already synthesise a missing style with FC_MATRIX or FC_EMBOLDEN, and
     // then report the requested weight and slant as those of the face.
     FcMatrix* matrix = nullptr;
     const bool sheared = FcPatternGetMatrix(face, FC_MATRIX, 0, &matrix) == FcResultMatch && matrix->xy != 0;

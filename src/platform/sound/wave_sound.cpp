@@ -15,7 +15,7 @@
 
 namespace {
 
-constexpr std::uint64_t maxSoundBytes = std::uint64_t{64} << 20; // bytes, converted
+constexpr std::uint64_t maxSoundBytes = std::uint64_t{64} << 20; // after conversion
 
 // Bytes of the file that are searched for the header, since tags and pictures may precede the sound data.
 constexpr std::size_t maxHeaderBytes = std::size_t{1} << 20;
