@@ -1,5 +1,6 @@
 #include "render/composition.h"
 
+#include "catalogue/selection.h"
 #include "platform/test_access.h"
 #include "platform/window.h"
 #include "render/attract_movie.h"

@@ -1,5 +1,6 @@
 #include "render/image_browser.h"
 
+#include "catalogue/selection.h"
 #include "platform/test_access.h"
 #include "render/page.h"
 #include "render/primitives.h"

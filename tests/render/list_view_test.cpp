@@ -1,5 +1,6 @@
 #include "render/list_view.h"
 
+#include "catalogue/selection.h"
 #include "render/page.h"
 #include "render/primitives.h"
 #include "render/status_bar.h"
