@@ -83,8 +83,10 @@ private:
     std::ofstream list_;
     std::mt19937 generator_{1971};
     std::vector<std::string> makers_ = [this] {
+        constexpr std::size_t count = 200;
         std::vector<std::string> made;
-        for (int maker = 0; maker < 200; ++maker) {
+        made.reserve(count);
+        while (made.size() < count) {
             made.push_back(randomTitle());
         }
         return made;

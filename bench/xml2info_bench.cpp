@@ -127,7 +127,7 @@ Cost costOf(bool (*work)()) {
 void measureConversion(benchmark::State& state) {
     Cost reference;
     Cost converted;
-    for (auto step : state) {
+    for ([[maybe_unused]] auto step : state) {
         reference = costOf(parseWithExpat);
         converted = costOf(convert);
         state.SetIterationTime(converted.elapsedSeconds);

@@ -52,6 +52,7 @@ void becomeProgram(const ChildOptions& options, const std::vector<char*>& words,
 ChildProgram::ChildProgram(const ChildOptions& options) {
     std::vector<std::string> copies = options.words;
     std::vector<char*> words;
+    words.reserve(copies.size() + 1);
     for (std::string& word : copies) {
         words.push_back(word.data());
     }
