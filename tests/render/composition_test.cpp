@@ -174,7 +174,8 @@ TEST_F(CompositionTest, DrawsGamesWithMissingAndVeryLongTexts) {
                           : rotation == 90  ? POINT{middleX, bar.bottom - 2}
                           : rotation == 180 ? POINT{bar.left + 1, middleY}
                                             : POINT{middleX, bar.top + 1};
-        EXPECT_EQ(pixelAt(end.x, end.y), pixelOfColor(statusColor)) << "the game text shows after the position";
+        EXPECT_EQ(pixelAt(end.x, end.y), pixelOfColor(statusColor))
+            << "the game text shows after the position";
     }
 }
 
