@@ -10,6 +10,7 @@
 #include <cstdio>
 #include <filesystem>
 #include <span>
+#include <string_view>
 #include <thread>
 
 namespace {
@@ -200,8 +201,14 @@ private:
     bool take(const Stop& stop, const Run& run) {
         for (int i = 0; i < stop.times; ++i) {
             Screenshot before = screen_->capture();
-            screen_->tap(stop.key);
-            if (!screen_->waitFor([&](const Screenshot& shot) { return shot != before; }, stepLimit)) {
+            bool changed = false;
+            // The random pick may return the game that is selected already.
+            const int attempts = std::string_view(stop.key) == "Alt_L" ? 3 : 1;
+            for (int attempt = 0; attempt < attempts && !changed; ++attempt) {
+                screen_->tap(stop.key);
+                changed = screen_->waitFor([&](const Screenshot& shot) { return shot != before; }, stepLimit);
+            }
+            if (!changed) {
                 return fail("the key " + std::string(stop.key) + " changed nothing");
             }
         }
