@@ -1,5 +1,7 @@
 #include "config/setting_table.h"
 
+#include <cstring>
+
 namespace {
 
 constexpr ChoiceWord orientationWords[] = {{"Normal", 0}, {"ROR", 90}, {"ROL", -90}, {"Inverted", 180}};
@@ -16,9 +18,48 @@ constexpr ChoiceWord previewPicturesWords[] = {{"Cabinets", previewCabinets},
 constexpr ChoiceWord sortByWords[] = {
     {"Name", sortByName}, {"Year", sortByYear}, {"Manufacturer", sortByManufacturer}};
 
+constexpr ChoiceWord layoutWords[] = {{"Fixed", layoutFixed}, {"Turned", layoutTurned}};
+
+constexpr SettingRange daySeconds = {0, 86400};
+
+constexpr char extrasSection[] = "Extras";
+
+// Rows of that section. None is saved.
+constexpr SettingRow extraRow(const char* key, SettingKind kind, SettingField field, const char* defaultText,
+                              const char* description, SettingRange range) {
+    return {extrasSection, key, kind, field, defaultText, notSaved, description, {}, range};
+}
+
+constexpr SettingRow extraNumber(const char* key, std::int32_t Settings::*field, const char* defaultText,
+                                 SettingRange range, const char* description) {
+    return extraRow(key, SettingKind::number, field, defaultText, description, range);
+}
+
+constexpr SettingRow extraFlag(const char* key, std::int32_t Settings::*field, const char* description) {
+    return extraRow(key, SettingKind::flag, field, "0", description, {0, 1});
+}
+
+constexpr SettingRow extraKey(const char* key, std::int32_t Settings::*field, const char* code,
+                              const char* description) {
+    return extraRow(key, SettingKind::keyCode, field, code, description, {0, 254});
+}
+
+constexpr SettingRow extraJoystick(const char* key, std::int32_t Settings::*field, const char* code,
+                                   const char* description) {
+    return extraRow(key, SettingKind::joystickCode, field, code, description, {0, 512});
+}
+
+constexpr SettingRow extraText(const char* key, char* Settings::*field, const char* description) {
+    return extraRow(key, SettingKind::optionalText, field, nullptr, description, {});
+}
+
 } // namespace
 
-const std::array<SettingRow, 85> settingTable = {{
+bool isExtra(const SettingRow& row) {
+    return std::strcmp(row.section, extrasSection) == 0;
+}
+
+const std::array<SettingRow, 113> settingTable = {{
     {"Settings", "AllowMenu", SettingKind::flag, &Settings::allowMenu, "1", notSaved,
      "Allows the options menu to be opened."},
     {"Settings", "UseJoystick", SettingKind::flag, &Settings::useJoystick, "1", notSaved,
@@ -123,53 +164,53 @@ const std::array<SettingRow, 85> settingTable = {{
     {"RomOptions", "ControllerTypes", SettingKind::shortNumber, &Settings::controllerTypes, "127", notSaved,
      "Controls of the games that are shown, as a sum: 1 dial, 2 double joystick, 4 four-way joystick or any "
      "other control, 8 eight-way joystick, 16 paddle, 32 stick, 64 trackball."},
-    {"Keymappings", "SelectUp", SettingKind::code, &Settings::keySelectUp, "38", notSaved,
+    {"Keymappings", "SelectUp", SettingKind::keyCode, &Settings::keySelectUp, "38", notSaved,
      "Player 1: one game up."},
-    {"Keymappings", "SelectDown", SettingKind::code, &Settings::keySelectDown, "40", notSaved,
+    {"Keymappings", "SelectDown", SettingKind::keyCode, &Settings::keySelectDown, "40", notSaved,
      "Player 1: one game down."},
-    {"Keymappings", "SelectPageUp", SettingKind::code, &Settings::keySelectPageUp, "37", notSaved,
+    {"Keymappings", "SelectPageUp", SettingKind::keyCode, &Settings::keySelectPageUp, "37", notSaved,
      "Player 1: one page up."},
-    {"Keymappings", "SelectPageDown", SettingKind::code, &Settings::keySelectPageDown, "39", notSaved,
+    {"Keymappings", "SelectPageDown", SettingKind::keyCode, &Settings::keySelectPageDown, "39", notSaved,
      "Player 1: one page down."},
-    {"Keymappings", "StartGame", SettingKind::code, &Settings::keyStartGame, "49", notSaved,
+    {"Keymappings", "StartGame", SettingKind::keyCode, &Settings::keyStartGame, "49", notSaved,
      "Player 1: start the game."},
-    {"Keymappings", "ShowMenu", SettingKind::code, &Settings::keyShowMenu, "50", notSaved,
+    {"Keymappings", "ShowMenu", SettingKind::keyCode, &Settings::keyShowMenu, "50", notSaved,
      "Player 1: open the options menu."},
-    {"Keymappings", "Exit", SettingKind::code, &Settings::keyExit, "27", notSaved,
+    {"Keymappings", "Exit", SettingKind::keyCode, &Settings::keyExit, "27", notSaved,
      "Player 1: end the program, or close the menu or the game information."},
-    {"Keymappings", "GameInfo", SettingKind::code, &Settings::keyGameInfo, "17", notSaved,
+    {"Keymappings", "GameInfo", SettingKind::keyCode, &Settings::keyGameInfo, "17", notSaved,
      "Player 1: show or close the game information."},
-    {"Keymappings", "P2SelectUp", SettingKind::code, &Settings::keyP2SelectUp, "82", notSaved,
+    {"Keymappings", "P2SelectUp", SettingKind::keyCode, &Settings::keyP2SelectUp, "82", notSaved,
      "Player 2: one game up."},
-    {"Keymappings", "P2SelectDown", SettingKind::code, &Settings::keyP2SelectDown, "70", notSaved,
+    {"Keymappings", "P2SelectDown", SettingKind::keyCode, &Settings::keyP2SelectDown, "70", notSaved,
      "Player 2: one game down."},
-    {"Keymappings", "P2SelectPageUp", SettingKind::code, &Settings::keyP2SelectPageUp, "68", notSaved,
+    {"Keymappings", "P2SelectPageUp", SettingKind::keyCode, &Settings::keyP2SelectPageUp, "68", notSaved,
      "Player 2: one page up."},
-    {"Keymappings", "P2SelectPageDown", SettingKind::code, &Settings::keyP2SelectPageDown, "71", notSaved,
+    {"Keymappings", "P2SelectPageDown", SettingKind::keyCode, &Settings::keyP2SelectPageDown, "71", notSaved,
      "Player 2: one page down."},
-    {"Keymappings", "P2StartGame", SettingKind::code, &Settings::keyP2StartGame, "65", notSaved,
+    {"Keymappings", "P2StartGame", SettingKind::keyCode, &Settings::keyP2StartGame, "65", notSaved,
      "Player 2: start the game."},
-    {"Keymappings", "P2ShowMenu", SettingKind::code, &Settings::keyP2ShowMenu, "83", notSaved,
+    {"Keymappings", "P2ShowMenu", SettingKind::keyCode, &Settings::keyP2ShowMenu, "83", notSaved,
      "Player 2: open the options menu."},
-    {"Keymappings", "P2Exit", SettingKind::code, &Settings::keyP2Exit, "87", notSaved,
+    {"Keymappings", "P2Exit", SettingKind::keyCode, &Settings::keyP2Exit, "87", notSaved,
      "Player 2: end the program, or close the menu or the game information."},
-    {"Keymappings", "P2GameInfo", SettingKind::code, &Settings::keyP2GameInfo, "81", notSaved,
+    {"Keymappings", "P2GameInfo", SettingKind::keyCode, &Settings::keyP2GameInfo, "81", notSaved,
      "Player 2: show or close the game information."},
-    {"JoystickMappings", "SelectUp", SettingKind::code, &Settings::joySelectUp, "8", notSaved,
+    {"JoystickMappings", "SelectUp", SettingKind::joystickCode, &Settings::joySelectUp, "8", notSaved,
      "One game up."},
-    {"JoystickMappings", "SelectDown", SettingKind::code, &Settings::joySelectDown, "4", notSaved,
+    {"JoystickMappings", "SelectDown", SettingKind::joystickCode, &Settings::joySelectDown, "4", notSaved,
      "One game down."},
-    {"JoystickMappings", "SelectPageUp", SettingKind::code, &Settings::joySelectPageUp, "2", notSaved,
+    {"JoystickMappings", "SelectPageUp", SettingKind::joystickCode, &Settings::joySelectPageUp, "2", notSaved,
      "One page up."},
-    {"JoystickMappings", "SelectPageDown", SettingKind::code, &Settings::joySelectPageDown, "1", notSaved,
-     "One page down."},
-    {"JoystickMappings", "StartGame", SettingKind::code, &Settings::joyStartGame, "16", notSaved,
+    {"JoystickMappings", "SelectPageDown", SettingKind::joystickCode, &Settings::joySelectPageDown, "1",
+     notSaved, "One page down."},
+    {"JoystickMappings", "StartGame", SettingKind::joystickCode, &Settings::joyStartGame, "16", notSaved,
      "Start the game."},
-    {"JoystickMappings", "ShowMenu", SettingKind::code, &Settings::joyShowMenu, "32", notSaved,
+    {"JoystickMappings", "ShowMenu", SettingKind::joystickCode, &Settings::joyShowMenu, "32", notSaved,
      "Open the options menu."},
-    {"JoystickMappings", "Exit", SettingKind::code, &Settings::joyExit, "128", notSaved,
+    {"JoystickMappings", "Exit", SettingKind::joystickCode, &Settings::joyExit, "128", notSaved,
      "End the program, or close the menu or the game information."},
-    {"JoystickMappings", "GameInfo", SettingKind::code, &Settings::joyGameInfo, "64", notSaved,
+    {"JoystickMappings", "GameInfo", SettingKind::joystickCode, &Settings::joyGameInfo, "64", notSaved,
      "Show or close the game information."},
     {"Sounds", "Startup", SettingKind::optionalText, &Settings::soundStartup, nullptr, notSaved,
      "Wave file played when the program has started."},
@@ -191,4 +232,57 @@ const std::array<SettingRow, 85> settingTable = {{
      notSaved, "Text colour of the status bar."},
     {"Settings", "StatusBarBackColor", SettingKind::colour, &Settings::statusBarBackColor, "0xFFFFFF",
      notSaved, "Background of the status bar."},
+    {extrasSection, "Layout", SettingKind::choice, &Settings::layout, "Fixed", notSaved,
+     "How the views are laid out on a turned screen. Fixed: titles, pictures and movies keep their places in "
+     "the frame. Turned: they are placed as on an upright screen, for the player who looks at the turned "
+     "one.",
+     layoutWords},
+    extraNumber("RepeatDelay", &Settings::repeatDelay, "0", {0, 10000},
+                "Milliseconds between the first and the second step of a held control in the list, the menu "
+                "and the game information; after that ten steps a second."),
+    extraFlag("InstantResponse", &Settings::instantResponse,
+              "Executes a command as soon as its control is pressed, not at the next tenth of a second."),
+    extraFlag("JoystickHotplug", &Settings::joystickHotplug,
+              "Uses a joystick that is plugged in after the start."),
+    extraKey("JumpBackKey", &Settings::keyJumpBack, "32", "Key: 100 games up."),
+    extraJoystick("JumpBackJoystick", &Settings::joyJumpBack, "32", "Joystick: 100 games up."),
+    extraKey("JumpForwardKey", &Settings::keyJumpForward, "88", "Key: 100 games down."),
+    extraJoystick("JumpForwardJoystick", &Settings::joyJumpForward, "4", "Joystick: 100 games down."),
+    extraKey("RandomKey", &Settings::keyRandom, "18", "Key: a random game."),
+    extraJoystick("RandomJoystick", &Settings::joyRandom, "2", "Joystick: a random game."),
+    extraKey("SortKey", &Settings::keySort, "90", "Key: next sort order."),
+    extraJoystick("SortJoystick", &Settings::joySort, "16", "Joystick: next sort order."),
+    extraKey("PictureKey", &Settings::keyPicture, "16", "Key: next kind of picture."),
+    extraJoystick("PictureJoystick", &Settings::joyPicture, "128", "Joystick: next kind of picture."),
+    extraKey("NextLetterKey", &Settings::keyNextLetter, "0",
+             "Key: first game of the next letter; sorted by year or manufacturer, of the next of those."),
+    extraJoystick(
+        "NextLetterJoystick", &Settings::joyNextLetter, "0",
+        "Joystick: first game of the next letter; sorted by year or manufacturer, of the next of those."),
+    extraKey("PreviousLetterKey", &Settings::keyPreviousLetter, "0", "Key: likewise, of the previous one."),
+    extraJoystick("PreviousLetterJoystick", &Settings::joyPreviousLetter, "0",
+                  "Joystick: likewise, of the previous one."),
+    extraKey("FavouriteKey", &Settings::keyFavourite, "0",
+             "Key: mark the selected game as a favourite, or remove its mark."),
+    extraJoystick("FavouriteJoystick", &Settings::joyFavourite, "0",
+                  "Joystick: mark the selected game as a favourite, or remove its mark."),
+    extraKey("FavouritesOnlyKey", &Settings::keyFavouritesOnly, "0",
+             "Key: show the favourites only, or all games again."),
+    extraJoystick("FavouritesOnlyJoystick", &Settings::joyFavouritesOnly, "0",
+                  "Joystick: show the favourites only, or all games again."),
+    extraNumber("SaveOnChange", &Settings::saveOnChange, "0", daySeconds,
+                "Seconds from a change of a saved setting or of the selected game to the writing of the ini "
+                "file; it is then also written before each game. 0: only at the end of the program."),
+    extraFlag("RefreshList", &Settings::refreshList,
+              "Makes the game list anew at the start when it is missing, empty or cut off, or when the "
+              "emulator has changed."),
+    extraNumber("IdleSeconds", &Settings::idleSeconds, "0", daySeconds,
+                "Seconds without any control after which attract play shows random games, until a control is "
+                "touched. 0: never."),
+    extraNumber("IdleStep", &Settings::idleStep, "15", {1, 86400},
+                "Seconds for which attract play shows each game."),
+    extraText("ExitCommand", &Settings::exitCommand,
+              "Program, with its arguments, that is started after the Exit control has ended the front end."),
+    extraText("History.xml", &Settings::historyXml,
+              "History file in XML; its text is shown after the game information."),
 }};

@@ -1,7 +1,9 @@
-// The table of the 85 fixed keys of the ini file: section and key, kind of value, field, default, and
-// position in the order of saving. loadSettings, saveSettings and the generated manual chapter all use it, so
-// that each key is described once. The section Mameoptions, whose keys are game names, is not part of the
-// table.
+// The table of the fixed keys of the ini file: section and key, kind of value, field, default, and position
+// in the order of saving. loadSettings, saveSettings and the generated manual chapter all use it, so that
+// each key is described once. The section Mameoptions, whose keys are game names, is not part of the table.
+//
+// The values of the section Extras are checked on loading: a number outside its range or an unknown word is
+// reported on standard error and replaced by the default. All other values are taken as they are.
 #pragma once
 
 #include "config/settings.h"
@@ -14,7 +16,8 @@ enum class SettingKind {
     flag,         // "0" is false, anything else is true
     number,       // decimal
     shortNumber,  // decimal, truncated to 16 bits
-    code,         // decimal; 0 when it is not a number
+    keyCode,      // decimal; 0 when it is not a number
+    joystickCode, // as keyCode
     colour,       // hexadecimal, 0x00BBGGRR
     text,         // up to 254 characters
     optionalText, // as text, but null when empty
@@ -24,6 +27,11 @@ enum class SettingKind {
 struct ChoiceWord {
     const char* word;
     std::int32_t number;
+};
+
+struct SettingRange {
+    std::int32_t lowest;
+    std::int32_t highest;
 };
 
 using SettingField = std::variant<std::int32_t Settings::*, std::int16_t Settings::*, COLORREF Settings::*,
@@ -41,7 +49,11 @@ struct SettingRow {
     int saveOrder;                          // 1 to savedSettingCount in the order of writing, or notSaved
     const char* description;                // one or two sentences for the manual
     std::span<const ChoiceWord> words = {}; // for a choice; a word or number not listed means the default
+    SettingRange range = {};                // for the numbers, flags and codes of the section Extras
 };
 
-// In the order of reading.
-extern const std::array<SettingRow, 85> settingTable;
+// Whether the value is checked on loading.
+bool isExtra(const SettingRow& row);
+
+// In the order of reading; the rows of the section Extras are the last.
+extern const std::array<SettingRow, 113> settingTable;

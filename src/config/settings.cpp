@@ -2,11 +2,14 @@
 
 #include "config/ini_values.h"
 #include "config/setting_table.h"
+#include "platform/diagnostics.h"
 #include "platform/profile.h"
 
 #include <algorithm>
+#include <charconv>
 #include <cstdlib>
 #include <cstring>
+#include <string>
 
 const char* iniPath = nullptr;
 Settings settings;
@@ -54,19 +57,54 @@ std::int32_t readNumber(const SettingRow& row) {
         GetPrivateProfileIntA(row.section, row.key, std::atoi(row.defaultText), iniPath));
 }
 
+// Reports the value of an extra that cannot be used.
+void reportBadValue(const SettingRow& row, const char* value, const std::string& expected) {
+    writeDiagnostic(standardError, std::string("The setting ") + row.key + " in [" + row.section +
+                                       "] is not " + expected + ": " + value + ". Its default is used.");
+}
+
+// Returns the number of an extra; its default when the value is not a whole number within the range.
+std::int32_t readNumberInRange(const SettingRow& row) {
+    const IniValue value = readIniValue(row.section, row.key, row.defaultText, iniPath);
+    const char* end = value.data() + std::strlen(value.data());
+    const auto [lowest, highest] = row.range;
+    std::int32_t number = 0;
+    const auto [parsed, error] = std::from_chars(value.data(), end, number);
+    if (parsed == end && error == std::errc() && number >= lowest && number <= highest) {
+        return number;
+    }
+    if (end != value.data()) {
+        reportBadValue(row, value.data(),
+                       "a number from " + std::to_string(lowest) + " to " + std::to_string(highest));
+    }
+    return std::atoi(row.defaultText);
+}
+
+std::int32_t readChoice(const SettingRow& row) {
+    const IniValue value = readIniValue(row.section, row.key, row.defaultText, iniPath);
+    if (isExtra(row) && value.front() != '\0' && !findWord(row, value.data())) {
+        reportBadValue(row, value.data(), "one of its words");
+    }
+    return numberOfWord(row, value.data());
+}
+
 void loadRow(const SettingRow& row) {
     switch (row.kind) {
     case SettingKind::flag:
-        int32Field(row) = readIniBool(row.section, row.key, std::atoi(row.defaultText), iniPath);
+        int32Field(row) = isExtra(row)
+                              ? readNumberInRange(row)
+                              : readIniBool(row.section, row.key, std::atoi(row.defaultText), iniPath);
         break;
     case SettingKind::number:
-        int32Field(row) = readNumber(row);
+        int32Field(row) = isExtra(row) ? readNumberInRange(row) : readNumber(row);
         break;
     case SettingKind::shortNumber:
         int16Field(row) = static_cast<std::int16_t>(readNumber(row));
         break;
-    case SettingKind::code:
-        int32Field(row) = readIniInt(row.section, row.key, row.defaultText, iniPath);
+    case SettingKind::keyCode:
+    case SettingKind::joystickCode:
+        int32Field(row) = isExtra(row) ? readNumberInRange(row)
+                                       : readIniInt(row.section, row.key, row.defaultText, iniPath);
         break;
     case SettingKind::colour:
         colourField(row) = readIniHex(row.section, row.key, row.defaultText, iniPath);
@@ -78,8 +116,7 @@ void loadRow(const SettingRow& row) {
         textField(row) = readIniStringOrNull(row.section, row.key, iniPath);
         break;
     case SettingKind::choice:
-        int32Field(row) =
-            numberOfWord(row, readIniValue(row.section, row.key, row.defaultText, iniPath).data());
+        int32Field(row) = readChoice(row);
         break;
     }
 }
@@ -106,7 +143,8 @@ void saveRow(const SettingRow& row, const char* selectedName) {
             WritePrivateProfileStringA(row.section, row.key, text, iniPath);
         }
         break;
-    case SettingKind::code:
+    case SettingKind::keyCode:
+    case SettingKind::joystickCode:
     case SettingKind::colour:
     case SettingKind::optionalText:
         break; // settings of these kinds are never saved

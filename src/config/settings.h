@@ -20,9 +20,11 @@ enum PreviewPicturesChoice : std::int32_t {
 
 enum SortByChoice : std::int32_t { sortByName = 0, sortByYear = 1, sortByManufacturer = 2 };
 
+enum LayoutChoice : std::int32_t { layoutFixed = 0, layoutTurned = 1 };
+
 // Flags are 0 or 1. Texts are owned and allocated with malloc: code that changes one frees the old text and
-// stores another allocated with malloc. Only the sounds may be null. Numbers are not range-checked on
-// loading.
+// stores another allocated with malloc. Only the sounds, exitCommand
+// and historyXml may be null. Numbers are not range-checked on loading, except those of the extras.
 struct Settings {
     std::int32_t allowMenu;
     std::int32_t useJoystick;
@@ -121,6 +123,39 @@ struct Settings {
     std::int32_t statusBarFontSize;
     COLORREF statusBarForeColor;
     COLORREF statusBarBackColor;
+
+    // The extras; all off by default.
+    std::int32_t layout;      // LayoutChoice
+    std::int32_t repeatDelay; // milliseconds
+    std::int32_t instantResponse;
+    std::int32_t joystickHotplug;
+
+    std::int32_t keyJumpBack; // codes as above
+    std::int32_t keyJumpForward;
+    std::int32_t keyRandom;
+    std::int32_t keySort;
+    std::int32_t keyPicture;
+    std::int32_t keyNextLetter;
+    std::int32_t keyPreviousLetter;
+    std::int32_t keyFavourite;
+    std::int32_t keyFavouritesOnly;
+
+    std::int32_t joyJumpBack;
+    std::int32_t joyJumpForward;
+    std::int32_t joyRandom;
+    std::int32_t joySort;
+    std::int32_t joyPicture;
+    std::int32_t joyNextLetter;
+    std::int32_t joyPreviousLetter;
+    std::int32_t joyFavourite;
+    std::int32_t joyFavouritesOnly;
+
+    std::int32_t saveOnChange; // seconds; 0: off
+    std::int32_t refreshList;
+    std::int32_t idleSeconds; // 0: off
+    std::int32_t idleStep;
+    char* exitCommand;
+    char* historyXml;
 };
 
 extern Settings settings;

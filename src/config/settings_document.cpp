@@ -11,7 +11,8 @@ constexpr std::string_view introduction =
 
 All settings are in one ini file: `kestravox.ini` in the current directory, or the file named on the command line.
 It is read once, at the start of the program. Section and key names are not case-sensitive; a line that starts with `;`
-is a comment. Missing keys use their defaults. Values are not checked.
+is a comment. Missing keys use their defaults. Values are not checked, except in the section `Extras`: there a bad value is reported
+on standard error, and the default is used.
 
 The keys marked as saved, which are the lines of the options menu and the selected game, are written back when the
 program ends normally; every other line of the file is kept. Values are limited to 254 characters.
@@ -41,7 +42,8 @@ std::string_view kindName(SettingKind kind) {
     case SettingKind::number:
     case SettingKind::shortNumber:
         return "number";
-    case SettingKind::code:
+    case SettingKind::keyCode:
+    case SettingKind::joystickCode:
         return "code";
     case SettingKind::colour:
         return "colour";

@@ -12,7 +12,6 @@
 #include "input/mapped_controls.h"
 #include "input/sounds.h"
 #include "overlays/message_window.h"
-#include "platform/keys.h"
 #include "platform/messages.h"
 #include "platform/painting.h"
 #include "platform/sound.h"
@@ -51,24 +50,24 @@ constexpr std::array<MappedControl, 8> mappedCommands = {{
     {&Settings::keyShowMenu, &Settings::joyShowMenu, &Settings::keyP2ShowMenu},
 }};
 
-// A command whose controls cannot be configured.
-struct FixedCommand {
-    int key;
-    int joystick;
+// A command with one key for both players.
+struct SharedCommand {
+    std::int32_t Settings::*key;
+    std::int32_t Settings::*joystick;
 };
 
-constexpr FixedCommand jumpBack = {VK_SPACE, 32};
-constexpr FixedCommand jumpForward = {'X', 4};
-constexpr FixedCommand randomPick = {VK_MENU, 2};
-constexpr FixedCommand sortCycle = {'Z', 16};
-constexpr FixedCommand pictureCycle = {VK_SHIFT, 128};
+constexpr SharedCommand jumpBack = {&Settings::keyJumpBack, &Settings::joyJumpBack};
+constexpr SharedCommand jumpForward = {&Settings::keyJumpForward, &Settings::joyJumpForward};
+constexpr SharedCommand randomPick = {&Settings::keyRandom, &Settings::joyRandom};
+constexpr SharedCommand sortCycle = {&Settings::keySort, &Settings::joySort};
+constexpr SharedCommand pictureCycle = {&Settings::keyPicture, &Settings::joyPicture};
 
 constexpr std::int32_t jumpLength = 100;
 constexpr std::int32_t lastSortOrder = sortByManufacturer;
 constexpr std::int32_t lastCycledPicture = previewTitles;
 
-bool isPressed(const FixedCommand& command) {
-    return keyPressed(command.key) || joyPressed(command.joystick);
+bool isPressed(const SharedCommand& command) {
+    return keyPressed(settings.*command.key) || joyPressed(settings.*command.joystick);
 }
 
 void redrawNow(HWND window) {
@@ -149,7 +148,7 @@ void changeSortOrder(HWND window) {
     finishMove(window, true, redrawNow);
 }
 
-void executeFixedCommands(HWND window) {
+void executeSharedCommands(HWND window) {
     if (isPressed(randomPick)) {
         selectRandomGame();
         finishMove(window, true, redrawNow);
@@ -171,7 +170,7 @@ void handleTick(HWND window) {
     // A new rotation becomes visible with the next redraw, usually by a command of the same tick.
     turnToPlayer(controls);
     executeMoves(window, controls);
-    executeFixedCommands(window);
+    executeSharedCommands(window);
     if (controls.isPressed(exitProgram)) {
         playSoundFile(settings.soundShutdown, SND_SYNC);
         PostQuitMessage(0);

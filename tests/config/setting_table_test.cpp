@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cstdlib>
 #include <cstring>
 #include <set>
 #include <string>
@@ -37,5 +38,10 @@ TEST(SettingTable, KindsMatchFieldsAndDefaults) {
             return std::strcmp(choice.word, row.defaultText) == 0;
         });
         EXPECT_EQ(row.kind == SettingKind::choice, hasDefaultWord);
+        if (isExtra(row) && !isText && row.kind != SettingKind::choice) {
+            const int defaultNumber = std::atoi(row.defaultText);
+            EXPECT_LE(row.range.lowest, defaultNumber);
+            EXPECT_LT(defaultNumber, row.range.highest);
+        }
     }
 }

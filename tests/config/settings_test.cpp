@@ -69,6 +69,9 @@ std::string nonDefaultValue(const SettingRow& row) {
         return row.words.front().word == std::string(row.defaultText) ? row.words.back().word
                                                                       : row.words.front().word;
     }
+    if (isExtra(row) && row.defaultText) {
+        return std::to_string(row.range.highest);
+    }
     return row.kind == SettingKind::flag && row.defaultText == std::string("1") ? "0" : "77";
 }
 
@@ -136,6 +139,28 @@ TEST_F(SettingsTest, NumbersColoursAndCodesAreNotRangeChecked) {
     EXPECT_EQ(settings.keySelectDown, 0);
     EXPECT_EQ(settings.keyExit, 0x7FFFFFFF);
     EXPECT_EQ(settings.joySelectUp, 203);
+}
+
+TEST_F(SettingsTest, ReportsBadValuesOfExtrasAndUsesTheirDefaults) {
+    const char* const values[] = {"-1", "10001", "abc", "12x", "1.5", "99999999999999999999"};
+    for (const char* value : values) {
+        testing::internal::CaptureStderr();
+        loadText("[Extras]\nRepeatDelay=" + std::string(value) + "\nLayout=turned\nIdleStep=0\n");
+        const std::string report = testing::internal::GetCapturedStderr();
+        EXPECT_EQ(settings.repeatDelay, 0) << value;
+        EXPECT_EQ(settings.layout, layoutFixed);
+        EXPECT_EQ(settings.idleStep, 15);
+        for (const char* part : {"RepeatDelay in [Extras]", "from 0 to 10000", value, "Layout", "IdleStep"}) {
+            EXPECT_NE(report.find(part), std::string::npos) << part << " in " << report;
+        }
+    }
+    testing::internal::CaptureStderr();
+    loadText("[Extras]\nRepeatDelay=10000\nLayout=Turned\nIdleStep=\nJumpBackKey=0\n");
+    EXPECT_EQ(settings.repeatDelay, 10000);
+    EXPECT_EQ(settings.layout, layoutTurned);
+    EXPECT_EQ(settings.idleStep, 15);
+    EXPECT_EQ(settings.keyJumpBack, 0);
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
 }
 
 TEST_F(SettingsTest, ChoicesMatchWholeWordsCaseSensitively) {
