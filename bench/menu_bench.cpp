@@ -1,7 +1,7 @@
 // Measures opening the options menu with 2,000 fonts. The fonts are copies of an installed one under
 // different names, made available by a private fontconfig file.
 #include "app/window_state.h"
-#include "config/settings.h"
+#include "config/settings_file.h"
 #include "overlays/menu_model.h"
 #include "overlays/options_menu.h"
 #include "platform/messages.h"

@@ -5,6 +5,7 @@
 #include "catalogue/selection.h"
 #include "catalogue/visible_games.h"
 #include "config/settings.h"
+#include "config/settings_file.h"
 #include "photograph.h"
 #include "platform/device_contexts.h"
 #include "platform/drawing.h"

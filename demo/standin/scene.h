@@ -5,14 +5,9 @@
 
 #include "games.h"
 #include "standin/pixel_canvas.h"
+#include "standin/scene_moment.h"
 
 #include <cairo.h>
-
-struct SceneMoment {
-    double seconds; // since the game began
-    double playerX; // -1 left to 1 right
-    double playerY; // -1 up to 1 down
-};
 
 // Draws the scene over the area from (0, 0) to (width, height) of the context.
 void drawScene(cairo_t* context, const DemoGame& game, const SceneMoment& moment, double width,

@@ -3,7 +3,11 @@
 #pragma once
 
 #include "standin/pixel_canvas.h"
-#include "standin/scene.h"
+#include "standin/scene_moment.h"
+
+#include <cairo.h>
+
+#include <cstdint>
 
 void drawVectorScene(cairo_t* context, std::uint32_t seed, Colour colour, const SceneMoment& moment,
                      double width, double height);

@@ -1,7 +1,7 @@
-// The settings: one process-wide record. loadSettings fills it from the ini file at program start, every
-// module reads it, and saveSettings writes 24 of its keys back at the end. Fields that change after loading
-// name the modules that write them. The meaning, key and default of each field are in setting_table.cpp. The
-// options of single games (section Mameoptions) are not part of it.
+// The settings: one process-wide record, which every module reads. settings_file.h fills it from the ini file
+// at program start and saves part of it at the end. Fields that change after loading name the modules that
+// write them. The meaning, key and default of each field are in setting_table.cpp. The options of single
+// games (section Mameoptions) are not part of it.
 #pragma once
 
 #include "platform/types.h"
@@ -159,17 +159,3 @@ struct Settings {
 };
 
 extern Settings settings;
-
-// Path of the ini file; borrowed from the command line, or a literal. Written once by WinMain.
-extern const char* iniPath;
-
-// Fills every field except baseOrientation from the file at iniPath. Missing keys use their defaults; a
-// missing or unreadable file is not an error. Called once.
-void loadSettings();
-
-// Writes the keys that the menu can change, and the name of the selected game. When selectedName is null,
-// that key keeps its value in the file. A failed write leaves the file unchanged and is not reported.
-void saveSettings(const char* selectedName);
-
-// Releases the texts. Called once at the end of the program.
-void freeSettings();

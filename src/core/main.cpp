@@ -9,6 +9,7 @@
 #include "catalogue/selection.h"
 #include "catalogue/visible_games.h"
 #include "config/settings.h"
+#include "config/settings_file.h"
 #include "core/catalogue_loader.h"
 #include "core/main_loop.h"
 #include "core/main_window.h"

@@ -2,7 +2,7 @@
 
 #include "app/window_state.h"
 #include "catalogue/selection.h"
-#include "config/settings.h"
+#include "config/settings_file.h"
 #include "platform/device_contexts.h"
 #include "platform/drawing.h"
 #include "platform/drawing_objects.h"

@@ -1,6 +1,7 @@
 #include "launch/game_launch.h"
 
 #include "config/settings.h"
+#include "config/settings_file.h"
 #include "launch/emulator_folder.h"
 #include "launch/process_runner.h"
 #include "platform/profile.h"

@@ -1,6 +1,7 @@
 #include "overlays/message_window.h"
 
 #include "config/settings.h"
+#include "config/settings_file.h"
 #include "platform/device_contexts.h"
 #include "platform/messages.h"
 #include "platform/test_access.h"

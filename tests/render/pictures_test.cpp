@@ -1,6 +1,7 @@
 #include "render/pictures.h"
 
 #include "config/settings.h"
+#include "config/settings_file.h"
 #include "platform/device_contexts.h"
 #include "platform/drawing_objects.h"
 #include "platform/memory.h"

@@ -5,6 +5,7 @@
 #include "app/window_state.h"
 #include "catalogue/visible_games.h"
 #include "config/settings.h"
+#include "config/settings_file.h"
 #include "platform/device_contexts.h"
 #include "platform/drawing_objects.h"
 #include "platform/test_access.h"

@@ -4,6 +4,7 @@
 
 #include "app/window_state.h"
 #include "config/settings.h"
+#include "config/settings_file.h"
 #include "platform/messages.h"
 #include "platform/test_access.h"
 #include "platform/virtual_clock.h"

@@ -1,6 +1,7 @@
-#include "config/settings.h"
+#include "config/settings_file.h"
 
 #include "config/setting_table.h"
+#include "config/settings.h"
 #include "support/temporary_folder.h"
 
 #include <gtest/gtest.h>
