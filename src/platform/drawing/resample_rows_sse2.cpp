@@ -48,10 +48,10 @@ __m128i packPixels(__m128i a, __m128i b, __m128i c, __m128i d) {
 
 // Here and in mixAllRows, a tap count known at compile time lets the compiler unroll the loop over the taps.
 // Every enlargement has 4 taps.
-template <int KnownTaps>
+template <int knownTaps>
 void mixAllColumns(const std::int16_t* mixed, const std::int32_t* starts, const std::int16_t* weights,
                    int anyTaps, std::uint32_t* pixels, int count) {
-    const int taps = KnownTaps > 0 ? KnownTaps : anyTaps;
+    const int taps = knownTaps > 0 ? knownTaps : anyTaps;
     const auto pixelAt = [=](int i) { return mixPixel(mixed + starts[i], weights + i * taps, taps); };
     int i = 0;
     for (; i + 4 <= count; i += 4) {
@@ -64,10 +64,10 @@ void mixAllColumns(const std::int16_t* mixed, const std::int32_t* starts, const 
     }
 }
 
-template <int KnownCount>
+template <int knownCount>
 void mixAllRows(const std::uint8_t* const* rows, const std::int16_t* weights, int anyCount,
                 std::int16_t* mixed, int length) {
-    const int count = KnownCount > 0 ? KnownCount : anyCount;
+    const int count = knownCount > 0 ? knownCount : anyCount;
     const __m128i zero = _mm_setzero_si128();
     int i = 0;
     for (; i + bytesAtOnce <= length; i += bytesAtOnce) {

@@ -77,8 +77,12 @@ public:
     Converter(const SDL_AudioSpec& from, int frequency, int channels)
         : frameBytes_(std::size_t{from.channels} * SDL_AUDIO_BITSIZE(from.format) / 8),
           silence_(from.format == AUDIO_U8 ? 0x80 : 0) {
-        usable_ = SDL_BuildAudioCVT(&conversion_, from.format, from.channels, from.freq, AUDIO_S16SYS,
+        usable_ = from.freq > 0 && frequency > 0 &&
+                  SDL_BuildAudioCVT(&conversion_, from.format, from.channels, from.freq, AUDIO_S16SYS,
                                     static_cast<Uint8>(channels), frequency) >= 0;
+        if (!usable_) {
+            return;
+        }
         const int divisor = std::gcd(from.freq, frequency);
         const auto unit = static_cast<std::size_t>(from.freq / divisor);
         const std::size_t unitBytes = static_cast<std::size_t>(frequency / divisor) *
