@@ -255,7 +255,7 @@ int runMenu(MenuItem** items, std::int32_t count) {
     record.itemCount = count;
     record.window = createMenuWindow(0, 0, 100, 100);
     if (!record.window) {
-        MessageBoxA(nullptr, "Failed to create message window!", "Error!", MB_OK);
+        MessageBoxA(nullptr, popupFailureText, "Error!", MB_OK);
         menuWindows[index].reset();
         return 0;
     }

@@ -107,7 +107,7 @@ void showMessage(const char* text) {
     } else if (createMessageWindow()) {
         prepareText();
     } else {
-        showError(mainWindow, "Failed to create message window!");
+        showError(mainWindow, popupFailureText);
         return;
     }
     placeMessageWindow();

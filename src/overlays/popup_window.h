@@ -12,6 +12,9 @@ struct PopupSurface {
     HBITMAP bitmap = nullptr;
 };
 
+// The error text when a message window or a menu cannot be created.
+constexpr const char* popupFailureText = "Failed to create message window!";
+
 // Registers a window class for a popup. Returns 0 on failure.
 ATOM registerPopupClass(LPCSTR className, LPCSTR menuName, WNDPROC procedure);
 

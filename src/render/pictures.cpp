@@ -63,7 +63,7 @@ std::string findPreview(const GameRecord& game, const char* directory, int fallb
 // turned.
 constexpr DWORD turnedSizeLimit = 32 << 20; // bytes: 11 million pixels in 24 bits
 
-// A decoded picture; lives during one drawing operation.
+// A decoded picture; exists during one drawing operation.
 struct DecodedPicture {
     PngDibParams params; // owns the decoded block
     BYTE* rotatedPixels; // owned; null at rotation 0 and before a large picture is turned

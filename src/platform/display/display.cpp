@@ -258,8 +258,8 @@ void pumpEvents() {
     }
 }
 
-// Without a window manager the focus is not reassigned when the window that had it goes. A window that still
-// exists keeps it.
+// Without a window manager the focus is not reassigned when the window that had it is destroyed. A window
+// that still exists keeps it.
 void takeFreeFocus(std::int64_t now) {
     const bool hasFocus =
         !display.window || (SDL_GetWindowFlags(display.window) & SDL_WINDOW_INPUT_FOCUS) != 0;

@@ -50,8 +50,8 @@ Signature signatureOf(const struct stat& status) {
 }
 
 // A file that was changed just now can change again with the same time stamp, so its text is not reused for
-// the next read. A time stamp in the future comes from a machine that lost its clock; no change made now will
-// repeat it.
+// the next read. A time stamp in the future comes from a machine whose clock was reset; no change made now
+// will repeat it.
 bool isSettled(const Signature& signature) {
     constexpr std::int64_t coarsestStamp = 2'000'000'000; // that of FAT, in nanoseconds
     timespec now{};

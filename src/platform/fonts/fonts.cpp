@@ -34,7 +34,7 @@ constexpr double slantSlope = 0.2;
 // Pixels of em height per pixel by which strokes are widened.
 constexpr int emPerPixelOfBoldness = 24;
 
-// The face that a LOGFONTA asks for.
+// The face that a LOGFONTA requests.
 struct FaceKey {
     std::string name; // code page 1252
     int weight = 0;

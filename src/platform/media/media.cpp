@@ -111,7 +111,7 @@ void applyRequests(const MediaWindow& media) {
     }
 }
 
-// Gives the window a player once the library is loaded.
+// Assigns a player to the window once the library is loaded.
 void openMedia(MediaWindow& media) {
     if (media.opened || media.failed || media.paused) {
         return;

@@ -15,8 +15,9 @@ public:
     // Closes the device and frees SDL's thread-local data, so it must run on the device thread.
     ~SoundDevice();
 
-    // Stops the current sound, opens the device if it is closed or dead, and plays the file. Returns the time
-    // in nanoseconds until the end of the sound has left the device's buffer, or 0 if it cannot be played.
+    // Stops the current sound, opens the device if it is closed or stopped, and plays the file. Returns the
+    // time in nanoseconds until the end of the sound has left the device's buffer, or 0 if it cannot be
+    // played.
     std::int64_t play(const std::string& path);
 
     void stop();
