@@ -7,6 +7,7 @@
 #include "catalogue/selection.h"
 #include "catalogue/visible_games.h"
 #include "config/settings.h"
+#include "config/settings_file.h"
 #include "overlays/message_window.h"
 #include "platform/clock.h"
 #include "platform/entry.h"
