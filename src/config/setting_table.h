@@ -1,6 +1,6 @@
 // The table of the fixed keys of the ini file: section and key, kind of value, field, default, and position
-// in in the order of saving. settings_file.cpp and the generated manual chapter both use it, so that
-// each key is described once. The section Mameoptions, whose keys are game names, is not part of the table.
+// in the order of saving. settings_file.cpp and the generated manual chapter both use it, so that each key
+// is described once. The section Mameoptions, whose keys are game names, is not part of the table.
 //
 // The values of the section Extras are checked on loading: a number outside its range or an unknown word is
 // reported on standard error and replaced by the default. All other values are taken as they are.
