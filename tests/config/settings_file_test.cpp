@@ -8,6 +8,7 @@
 
 #include <functional>
 #include <map>
+#include <sstream>
 #include <string>
 #include <type_traits>
 #include <vector>
@@ -78,13 +79,11 @@ std::string nonDefaultValue(const SettingRow& row) {
 
 std::vector<std::string> keysOf(const std::string& ini) {
     std::vector<std::string> keys;
-    std::size_t start = 0;
-    while (start < ini.size()) {
-        const std::size_t end = std::min(ini.find('\n', start), ini.size());
-        if (const std::size_t sign = ini.find('=', start); sign < end) {
-            keys.push_back(ini.substr(start, sign - start));
+    std::istringstream lines(ini);
+    for (std::string line; std::getline(lines, line);) {
+        if (line.find('=') != std::string::npos) {
+            keys.push_back(line.substr(0, line.find('=')));
         }
-        start = end + 1;
     }
     return keys;
 }

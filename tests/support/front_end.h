@@ -6,7 +6,6 @@
 #include "app/window_state.h"
 #include "catalogue/selection.h"
 #include "catalogue/visible_games.h"
-#include "config/settings.h"
 #include "config/settings_file.h"
 #include "overlays/message_window.h"
 #include "platform/clock.h"

@@ -16,39 +16,17 @@ inline std::vector<std::string> sentMessages;
 inline std::map<UINT, std::function<void(HWND, WPARAM, LPARAM)>> messageHooks;
 
 inline std::string messageName(UINT message, LPARAM lParam) {
-    const auto size = [&] {
-        return " " + std::to_string(lParam & 0xFFFF) + "x" + std::to_string((lParam >> 16) & 0xFFFF);
-    };
-    switch (message) {
-    case WM_NULL:
-        return "NULL";
-    case MM_JOY1MOVE:
-        return "JOYSTICK";
-    case WM_NCCREATE:
-        return "NCCREATE";
-    case WM_CREATE:
-        return "CREATE";
-    case WM_DESTROY:
-        return "DESTROY";
-    case WM_SIZE:
-        return "SIZE" + size();
-    case WM_SETFOCUS:
-        return "SETFOCUS";
-    case WM_KILLFOCUS:
-        return "KILLFOCUS";
-    case WM_PAINT:
-        return "PAINT";
-    case WM_CLOSE:
-        return "CLOSE";
-    case WM_ERASEBKGND:
-        return "ERASE";
-    case WM_KEYDOWN:
-        return "KEYDOWN";
-    case WM_KEYUP:
-        return "KEYUP";
-    default:
-        return std::to_string(message);
-    }
+    static const std::map<UINT, std::string> names = {
+        {WM_NULL, "NULL"},         {MM_JOY1MOVE, "JOYSTICK"},   {WM_NCCREATE, "NCCREATE"},
+        {WM_CREATE, "CREATE"},     {WM_DESTROY, "DESTROY"},     {WM_SIZE, "SIZE"},
+        {WM_SETFOCUS, "SETFOCUS"}, {WM_KILLFOCUS, "KILLFOCUS"}, {WM_PAINT, "PAINT"},
+        {WM_CLOSE, "CLOSE"},       {WM_ERASEBKGND, "ERASE"},    {WM_KEYDOWN, "KEYDOWN"},
+        {WM_KEYUP, "KEYUP"}};
+    const auto found = names.find(message);
+    const std::string name = found != names.end() ? found->second : std::to_string(message);
+    return message != WM_SIZE
+               ? name
+               : name + " " + std::to_string(lParam & 0xFFFF) + "x" + std::to_string((lParam >> 16) & 0xFFFF);
 }
 
 inline std::map<HWND, std::string> windowNames;

@@ -2,28 +2,14 @@
 
 #include <gtest/gtest.h>
 
-namespace {
+#include <filesystem>
 
-TEST(CodePageTest, ConvertsKnownBytes) {
-    EXPECT_EQ(codePageToUnicode('A'), U'A');
-    EXPECT_EQ(codePageToUnicode(0x80), U'\u20AC');
-    EXPECT_EQ(codePageToUnicode(0x99), U'\u2122');
-    EXPECT_EQ(codePageToUnicode(0x9F), U'\u0178');
-    EXPECT_EQ(codePageToUnicode(0xE9), U'\u00E9');
-}
+namespace {
 
 TEST(CodePageTest, EveryByteSurvivesARoundTrip) {
     for (unsigned byte = 1; byte < 256; ++byte) {
         const char32_t letter = codePageToUnicode(static_cast<unsigned char>(byte));
-        std::string utf8;
-        if (letter < 0x80) {
-            utf8 = {static_cast<char>(letter)};
-        } else if (letter < 0x800) {
-            utf8 = {static_cast<char>(0xC0 | letter >> 6), static_cast<char>(0x80 | (letter & 63))};
-        } else {
-            utf8 = {static_cast<char>(0xE0 | letter >> 12), static_cast<char>(0x80 | (letter >> 6 & 63)),
-                    static_cast<char>(0x80 | (letter & 63))};
-        }
+        const std::string utf8 = std::filesystem::path(std::u32string(1, letter)).string();
         EXPECT_EQ(utf8ToCodePage(utf8), std::string(1, static_cast<char>(byte))) << byte;
     }
 }
@@ -34,7 +20,7 @@ TEST(CodePageTest, ReplacesCharactersThatTheCodePageLacks) {
         const char* expected;
     } cases[] = {
         {"", ""},
-        {"Pok\u00E9mon \u2122", "Pok\xE9mon \x99"},
+        {"Pok\u00E9mon \u2122\u0178\u20AC", "Pok\xE9mon \x99\x9F\x80"},
         {"Poke\u0301mon", "Pokemon"}, // a combining accent
         {"\u0141\u00F3d\u017A", "L\xF3"
                                 "dz"},         // with and without a decomposition

@@ -55,13 +55,9 @@ protected:
 
 TEST_F(WindowTest, OpensAtTheOriginOfThePrimaryMonitor) {
     makeRecordingWindow(0, 0, 10, 10);
-    SDL_Window* shown = nullptr;
-    for (Uint32 number = 1; !shown && number < 10; ++number) {
-        shown = SDL_GetWindowFromID(number);
-    }
     int x = 0;
     int y = 0;
-    SDL_GetWindowPosition(shown, &x, &y);
+    SDL_GetWindowPosition(SDL_GetWindowFromID(1), &x, &y);
     EXPECT_EQ(std::pair(x, y), std::pair(640, 100));
 }
 
@@ -86,17 +82,6 @@ TEST_F(WindowTest, SendsTheLifecycleMessagesInOrder) {
     EXPECT_TRUE(DestroyWindow(window));
     EXPECT_EQ(takeMessages(), (Messages{"KILLFOCUS", "DESTROY"}));
     EXPECT_FALSE(DestroyWindow(window));
-}
-
-TEST_F(WindowTest, MaximizingFillsTheScreenBeforeTheCallReturns) {
-    const HWND window = makeRecordingWindow(CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT);
-    takeMessages();
-    ShowWindow(window, SW_MAXIMIZE);
-    EXPECT_EQ(takeMessages(), (Messages{"SIZE 640x480", "SETFOCUS"}));
-    RECT client{};
-    EXPECT_TRUE(GetClientRect(window, &client));
-    EXPECT_EQ(client.right, 640);
-    EXPECT_EQ(client.bottom, 480);
 }
 
 TEST_F(WindowTest, AWindowCanCancelItsCreation) {
@@ -146,15 +131,13 @@ TEST_F(WindowTest, PassesTheFocusToAPopupAndBackToItsOwner) {
     DestroyWindow(owner);
     EXPECT_EQ(takeMessages(), (Messages{"owner:KILLFOCUS", "second:DESTROY", "owner:DESTROY"}))
         << "owned windows are destroyed first";
-}
 
-TEST_F(WindowTest, DoesNotFocusAHiddenOwner) {
-    const HWND owner = makeRecordingWindow(0, 0, 640, 480);
-    const HWND popup = makeRecordingWindow(0, 0, 40, 40, owner);
-    ShowWindow(popup, SW_SHOW);
+    const HWND hidden = makeRecordingWindow(0, 0, 640, 480);
+    const HWND last = makeRecordingWindow(0, 0, 40, 40, hidden);
+    ShowWindow(last, SW_SHOW);
     takeMessages();
-    DestroyWindow(popup);
-    EXPECT_EQ(takeMessages(), (Messages{"KILLFOCUS", "DESTROY"}));
+    DestroyWindow(last);
+    EXPECT_EQ(takeMessages(), (Messages{"KILLFOCUS", "DESTROY"})) << "a hidden owner gets no focus";
 }
 
 TEST_F(WindowTest, ComposesWindowsInZOrderWithFrames) {
@@ -199,11 +182,6 @@ TEST_F(WindowTest, KeepsAFramedWindowOnTheScreen) {
     MoveWindow(window, 0, 2, 1200, 476, FALSE);
     EXPECT_EQ(takeMessages(), Messages{}) << "already limited to the screen";
     EXPECT_FALSE(GetWindowRect(nullptr, &outer));
-
-    WNDCLASSA known{};
-    EXPECT_FALSE(GetClassInfoA(nullptr, "Unknown", &known));
-    EXPECT_TRUE(GetClassInfoA(nullptr, "Recording", &known));
-    EXPECT_EQ(known.lpfnWndProc, recordingProc);
 }
 
 TEST_F(WindowTest, KeepsThePreviousPictureUntilANewWindowIsPainted) {
