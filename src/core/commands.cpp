@@ -8,6 +8,7 @@
 #include "config/settings.h"
 #include "core/popup_commands.h"
 #include "core/start_game.h"
+#include "extras/letter_jump.h"
 #include "input/controls.h"
 #include "input/mapped_controls.h"
 #include "input/sounds.h"
@@ -50,7 +51,7 @@ constexpr std::array<MappedControl, 8> mappedCommands = {{
     {&Settings::keyShowMenu, &Settings::joyShowMenu, &Settings::keyP2ShowMenu},
 }};
 
-// A command with one key for both players.
+// A command with one key for both players; a code of 0 is not polled.
 struct SharedCommand {
     std::int32_t Settings::*key;
     std::int32_t Settings::*joystick;
@@ -58,6 +59,8 @@ struct SharedCommand {
 
 constexpr SharedCommand jumpBack = {&Settings::keyJumpBack, &Settings::joyJumpBack};
 constexpr SharedCommand jumpForward = {&Settings::keyJumpForward, &Settings::joyJumpForward};
+constexpr SharedCommand nextLetter = {&Settings::keyNextLetter, &Settings::joyNextLetter};
+constexpr SharedCommand previousLetter = {&Settings::keyPreviousLetter, &Settings::joyPreviousLetter};
 constexpr SharedCommand randomPick = {&Settings::keyRandom, &Settings::joyRandom};
 constexpr SharedCommand sortCycle = {&Settings::keySort, &Settings::joySort};
 constexpr SharedCommand pictureCycle = {&Settings::keyPicture, &Settings::joyPicture};
@@ -67,7 +70,9 @@ constexpr std::int32_t lastSortOrder = sortByManufacturer;
 constexpr std::int32_t lastCycledPicture = previewTitles;
 
 bool isPressed(const SharedCommand& command) {
-    return keyPressed(settings.*command.key) || joyPressed(settings.*command.joystick);
+    const std::int32_t key = settings.*command.key;
+    const std::int32_t joystick = settings.*command.joystick;
+    return (key != 0 && keyPressed(key)) || (joystick != 0 && joyPressed(joystick));
 }
 
 void redrawNow(HWND window) {
@@ -101,6 +106,15 @@ bool moveDown(std::int32_t distance) {
     return true;
 }
 
+// Returns false when the index is negative.
+bool moveTo(std::int32_t index) {
+    if (index < 0) {
+        return false;
+    }
+    selectedIndex = index;
+    return true;
+}
+
 // Shows the new selection, or plays the error sound when the selection could not move.
 void finishMove(HWND window, bool moved, void (*show)(HWND)) {
     if (moved) {
@@ -127,6 +141,12 @@ void executeMoves(HWND window, const PolledControls& controls) {
     }
     if (isPressed(jumpForward)) {
         finishMove(window, moveDown(jumpLength), redrawNow);
+    }
+    if (isPressed(nextLetter)) {
+        finishMove(window, moveTo(firstOfNextGroup()), redrawNow);
+    }
+    if (isPressed(previousLetter)) {
+        finishMove(window, moveTo(firstOfPreviousGroup()), redrawNow);
     }
 }
 
