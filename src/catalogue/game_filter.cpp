@@ -43,7 +43,8 @@ bool passesSetFilters(const GameRecord& game) {
 // isResource is tested first, because a resource may lack video and input.
 bool isVisible(const GameRecord& game) {
     return game.isResource == 0 && (settings.displayMissingRoms != 0 || hasRoms(game)) &&
-           passesVideoFilters(game) && passesInputFilters(*game.input) && passesSetFilters(game);
+           (settings.favouritesOnly == 0 || game.isFavourite != 0) && passesVideoFilters(game) &&
+           passesInputFilters(*game.input) && passesSetFilters(game);
 }
 
 } // namespace

@@ -50,5 +50,6 @@ struct GameRecord {
     std::int32_t romPresent; // 1 when scanRoms found the zip
     char** infoLines;
     std::int32_t infoLineCount;
+    std::int32_t isFavourite; // 1 when the player has marked it; written by extras/favourites.cpp
     GameRecord* parent; // null when cloneOf is null or names no record
 };

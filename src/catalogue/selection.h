@@ -3,8 +3,11 @@
 
 #include "catalogue/game_record.h"
 
-// Index into visibleGames. Written at startup and by the commands.
+// Index into visibleGames. Written at startup and by the commands and the extras.
 extern std::int32_t selectedIndex;
 
 // Returns the record at selectedIndex, or null when the index is out of range.
 GameRecord* selectedGame();
+
+// Moves the selection to a random index of visibleGames; 0 when there is none.
+void selectRandomGame();

@@ -1,3 +1,8 @@
 #include "config/settings.h"
 
 Settings settings;
+
+bool hasFavouriteControls() {
+    return settings.keyFavourite != 0 || settings.joyFavourite != 0 || settings.keyFavouritesOnly != 0 ||
+           settings.joyFavouritesOnly != 0;
+}

@@ -156,6 +156,12 @@ struct Settings {
     std::int32_t idleStep;
     char* exitCommand;
     char* historyXml;
+
+    std::int32_t favouritesOnly; // hides the other games; neither loaded nor saved; changed by the favourites
+                                 // and the options menu
 };
 
 extern Settings settings;
+
+// Whether a control for the favourites is set. Without one there are no marks.
+bool hasFavouriteControls();

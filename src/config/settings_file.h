@@ -5,8 +5,8 @@
 // Path of the ini file; borrowed from the command line, or a literal. Written once by WinMain.
 extern const char* iniPath;
 
-// Fills every field except baseOrientation from the file at iniPath. Missing keys use their defaults; a
-// missing or unreadable file is not an error. Called once.
+// Fills every field except baseOrientation and favouritesOnly from the file at iniPath. Missing keys use
+// their defaults; a missing or unreadable file is not an error. Called once.
 void loadSettings();
 
 // Writes the keys that the menu can change, and the name of the selected game. When selectedName is null,

@@ -8,6 +8,7 @@
 #include "config/settings.h"
 #include "core/popup_commands.h"
 #include "core/start_game.h"
+#include "extras/favourites.h"
 #include "extras/letter_jump.h"
 #include "input/controls.h"
 #include "input/mapped_controls.h"
@@ -24,7 +25,6 @@
 #include <algorithm>
 #include <array>
 #include <cstddef>
-#include <cstdlib>
 
 namespace {
 
@@ -150,14 +150,6 @@ void executeMoves(HWND window, const PolledControls& controls) {
     }
 }
 
-void selectRandomGame() {
-    // Fifteen random bits, whatever RAND_MAX is.
-    constexpr int randomMask = 0x7FFF;
-    constexpr float scale = 3.0517578125e-05F; // 1 / 32768
-    const std::int64_t product = std::int64_t{std::rand() & randomMask} * visibleCount;
-    selectedIndex = static_cast<std::int32_t>(static_cast<float>(product) * scale);
-}
-
 void changeSortOrder(HWND window) {
     selectRandomGame();
     settings.sortBy = settings.sortBy >= lastSortOrder ? 0 : settings.sortBy + 1;
@@ -204,6 +196,7 @@ void handleTick(HWND window) {
     if (controls.isPressed(showMenu)) {
         runOptionsMenu(window);
     }
+    serveFavourites(window);
     // A popup consumes WM_QUIT when it closes, so post it again for the main loop.
     RECT client{};
     if (controls.isPressed(exitProgram) || !GetClientRect(window, &client)) {

@@ -13,6 +13,7 @@
 #include "core/catalogue_loader.h"
 #include "core/main_loop.h"
 #include "core/main_window.h"
+#include "extras/favourites.h"
 #include "input/controls.h"
 #include "input/sounds.h"
 #include "overlays/message_window.h"
@@ -48,6 +49,7 @@ int initGames() {
         showError(mainWindow, "Error loading game list!");
         return 0;
     }
+    startFavourites();
     showMessage("Filtering And Sorting...");
     scanRoms();
     sortGames();

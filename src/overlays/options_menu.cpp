@@ -10,6 +10,7 @@
 #include <cstdlib>
 #include <span>
 #include <variant>
+#include <vector>
 
 namespace {
 
@@ -76,6 +77,17 @@ constexpr std::array<OptionLine, 23> optionLines = {{
     {"Screen Orientation", FixedLine{&Settings::baseOrientation, orientationChoices, 0}},
 }};
 
+// Follows the others when the favourites have a control.
+constexpr OptionLine favouritesLine = {"Display Favorites Only", YesNoLine{&Settings::favouritesOnly}};
+
+std::vector<OptionLine> offeredLines() {
+    std::vector<OptionLine> lines(optionLines.begin(), optionLines.end());
+    if (hasFavouriteControls()) {
+        lines.push_back(favouritesLine);
+    }
+    return lines;
+}
+
 // Creates the menu line for each kind.
 struct LineBuilder {
     const char* label;
@@ -118,18 +130,17 @@ struct SettingWriter {
     }
 };
 
-MenuItem** newOptionItems() {
-    auto** items = static_cast<MenuItem**>(std::calloc(optionLines.size(), sizeof(MenuItem*)));
-    std::ranges::transform(optionLines, items, [](const OptionLine& line) {
-        return std::visit(LineBuilder{line.label}, line.kind);
-    });
+MenuItem** newOptionItems(const std::vector<OptionLine>& lines) {
+    auto** items = static_cast<MenuItem**>(std::calloc(lines.size(), sizeof(MenuItem*)));
+    std::ranges::transform(
+        lines, items, [](const OptionLine& line) { return std::visit(LineBuilder{line.label}, line.kind); });
     return items;
 }
 
 // Also ends a rotation for player 2.
-void writeSettings(MenuItem** items) {
-    for (std::size_t line = 0; line < optionLines.size(); ++line) {
-        std::visit(SettingWriter{*items[line]}, optionLines[line].kind);
+void writeSettings(const std::vector<OptionLine>& lines, MenuItem** items) {
+    for (std::size_t line = 0; line < lines.size(); ++line) {
+        std::visit(SettingWriter{*items[line]}, lines[line].kind);
     }
     settings.orientation = settings.baseOrientation;
 }
@@ -140,12 +151,13 @@ int showOptionsMenu() {
     if (!settings.allowMenu) {
         return 0;
     }
-    constexpr auto count = static_cast<std::int32_t>(optionLines.size());
+    const std::vector<OptionLine> lines = offeredLines();
+    const auto count = static_cast<std::int32_t>(lines.size());
     enumerateFonts(windowDC);
-    MenuItem** items = newOptionItems();
+    MenuItem** items = newOptionItems(lines);
     const int hasRun = runMenu(items, count);
     if (hasRun) {
-        writeSettings(items);
+        writeSettings(lines, items);
     }
     closeMenuWindows();
     freeMenuList(items, count);

@@ -1,12 +1,13 @@
-// Files and folders: searches, files for redirected streams of a child process, and binary files. Called by
-// the catalogue, the process runner and the PNG reader. Both `\` and `/` separate the parts of a path;
-// otherwise file names are case-sensitive byte strings. Text files are opened through text_file.h and ini
-// files are read through profile.h.
+// Files and folders: searches, files for redirected streams of a child process, binary files, and replacing
+// the content of a file. Called by the catalogue, the process runner, the PNG reader and the favourites. Both
+// `\` and `/` separate the parts of a path; otherwise file names are case-sensitive byte strings. Text files
+// are opened through text_file.h and ini files are read through profile.h.
 #pragma once
 
 #include "platform/types.h"
 
 #include <cstdio>
+#include <string_view>
 
 inline const HANDLE INVALID_HANDLE_VALUE = reinterpret_cast<HANDLE>(static_cast<std::intptr_t>(-1));
 
@@ -50,3 +51,8 @@ BOOL CloseHandle(HANDLE handle);
 // Opens a plain file for reading its bytes, without blocking. The caller closes the stream with fclose.
 // Returns null when the file cannot be opened or is a directory, a pipe or a device.
 FILE* openBinaryFile(LPCSTR path);
+
+// Replaces the content of a plain file, or creates it, atomically: at any moment it holds either the old or
+// the new text. Returns TRUE once the text is on the disk. Returns FALSE, with the file unchanged, when it
+// may not be written, when another program is replacing it, and when the disk is full.
+BOOL replaceFileText(LPCSTR path, std::string_view text);

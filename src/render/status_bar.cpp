@@ -46,13 +46,14 @@ BarText gameText(const GameRecord& game) {
     const VideoInfo& video = *game.video;
     const bool raster = !video.screen || std::strcmp(video.screen, "raster") == 0;
     const char* display = raster ? "Raster" : "Vector";
+    const char* mark = game.isFavourite ? "* " : "";
     const char* rotation = video.orientation == orientationVertical ? "Vertical" : "Horizontal";
     if (settings.menuType == menuTypeListView) {
-        std::snprintf(text.data(), text.size(), "  \xA9%i %s - %s, %s", game.year, game.manufacturer, display,
-                      rotation);
+        std::snprintf(text.data(), text.size(), "%s  \xA9%i %s - %s, %s", mark, game.year, game.manufacturer,
+                      display, rotation);
     } else {
-        std::snprintf(text.data(), text.size(), "  %s / \xA9%i %s - %s, %s", game.description, game.year,
-                      game.manufacturer, display, rotation);
+        std::snprintf(text.data(), text.size(), "%s  %s / \xA9%i %s - %s, %s", mark, game.description,
+                      game.year, game.manufacturer, display, rotation);
     }
     return text;
 }

@@ -42,6 +42,10 @@ TEST_F(StatusBarTest, ShowsTheGameAndThePosition) {
          "  \2511985 Maker - Raster, Horizontal", "  Sort: Title - Shot: Marquees  3/25"},
         {menuTypeImageBrowser, sortByYear, previewTitles, raster, orientationHorizontal,
          "  Title of a game / \2511985 Maker - Raster, Horizontal", "  Sort: Year  3/25"},
+        {menuTypeListView, sortByYear, previewTitles, raster, orientationHorizontal,
+         "*   \2511985 Maker - Raster, Horizontal", "  Sort: Year - Shot: Titles  3/25"},
+        {menuTypeImageBrowser, sortByName, previewTitles, raster, orientationHorizontal,
+         "*   Title of a game / \2511985 Maker - Raster, Horizontal", "  Sort: Title  3/25"},
     };
     for (const auto& row : rows) {
         settings.menuType = row.menuType;
@@ -49,6 +53,7 @@ TEST_F(StatusBarTest, ShowsTheGameAndThePosition) {
         settings.previewPictures = row.pictures;
         video.screen = row.screen;
         video.orientation = row.orientation;
+        records[2].isFavourite = *row.left == '*' ? 1 : 0;
         drawStatusBar(dc, 2, width, height);
         const std::vector<std::uint32_t> drawn = pixelsOfTheBar();
         const LONG top = height - statusBarHeight;

@@ -199,3 +199,7 @@ FILE* openBinaryFile(LPCSTR path) {
     }
     return stream;
 }
+
+BOOL replaceFileText(LPCSTR path, std::string_view text) {
+    return replaceFile(nativePath(path ? path : ""), text) ? TRUE : FALSE;
+}
