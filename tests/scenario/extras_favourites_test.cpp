@@ -1,4 +1,5 @@
 // The favourites: keys over whole runs of the front end, and what is in favourites.dat afterwards.
+#include "config/settings.h"
 #include "support/front_end.h"
 
 #include "catalogue/game_catalogue.h"
