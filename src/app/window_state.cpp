@@ -1,5 +1,10 @@
 #include "app/window_state.h"
 
+#include "platform/drawing_objects.h"
+#include "platform/window.h"
+
+#include <algorithm>
+
 HINSTANCE appInstance = nullptr;
 HWND mainWindow = nullptr;
 
@@ -10,3 +15,11 @@ HDC scratchDC = nullptr;
 HBITMAP scratchBitmap = nullptr;
 
 std::int32_t appActive = 0;
+
+LONG frameLeft() {
+    RECT client{};
+    BITMAP frame{};
+    GetClientRect(mainWindow, &client);
+    GetObjectA(backBitmap, sizeof(frame), &frame);
+    return std::max((client.right - frame.bmWidth) / 2, 0);
+}

@@ -16,6 +16,10 @@ extern HBITMAP backBitmap;
 extern HDC scratchDC;
 extern HBITMAP scratchBitmap;
 
+// Pixels from the left edge of the main window's client area to the frame, which is centred on a screen wider
+// than 4:3.
+LONG frameLeft();
+
 // 1 while a window of this program has the focus, else 0. Written by the WM_SETFOCUS and WM_KILLFOCUS
 // handlers of the main window, the menu and the scroller.
 extern std::int32_t appActive;

@@ -10,6 +10,7 @@
 #include "core/start_game.h"
 #include "extras/favourites.h"
 #include "extras/letter_jump.h"
+#include "extras/turned_layout.h"
 #include "input/controls.h"
 #include "input/mapped_controls.h"
 #include "input/sounds.h"
@@ -81,6 +82,9 @@ void redrawNow(HWND window) {
 }
 
 std::int32_t pageStep(HWND window) {
+    if (settings.layout == layoutTurned) {
+        return turnedPageStep();
+    }
     RECT client{};
     GetClientRect(window, &client);
     const std::int32_t step = settings.menuType == menuTypeListView

@@ -14,6 +14,7 @@
 #include "core/main_loop.h"
 #include "core/main_window.h"
 #include "extras/favourites.h"
+#include "extras/turned_layout.h"
 #include "input/controls.h"
 #include "input/sounds.h"
 #include "overlays/message_window.h"
@@ -111,6 +112,9 @@ int WinMain(HINSTANCE instance, HINSTANCE, LPSTR commandTail, int) {
     }
     loadSettings();
     settings.baseOrientation = settings.orientation;
+    if (settings.layout == layoutTurned) {
+        startTurnedLayout();
+    }
     if (!initGames() || !showFirstFrame()) {
         showError(mainWindow, "Initialization failed");
         return 1;

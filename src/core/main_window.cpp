@@ -45,10 +45,8 @@ void paintFrame(HWND window) {
     RECT client{};
     BeginPaint(window, &paint);
     GetClientRect(window, &client);
-    const LONG frameWidth = fourThirdsWidth(client.bottom);
-    const LONG x = frameWidth < client.right ? (client.right - frameWidth) / 2 : 0;
     if (backDC) {
-        BitBlt(windowDC, x, 0, client.right, client.bottom, backDC, 0, 0, SRCCOPY);
+        BitBlt(windowDC, frameLeft(), 0, client.right, client.bottom, backDC, 0, 0, SRCCOPY);
     }
     EndPaint(window, &paint);
 }

@@ -13,6 +13,7 @@
 #include "platform/painting.h"
 #include "platform/window.h"
 #include "render/primitives.h"
+#include "render/turns.h"
 
 #include <algorithm>
 #include <array>
@@ -114,6 +115,14 @@ void drawLine(HDC dc, const RECT& client, const MenuItem& item, std::int32_t acr
     }
 }
 
+// Draws the list's highlight bar behind a line, with the turned layout only.
+void drawSelectionBar(HDC dc, const RECT& client, std::int32_t across, std::int32_t lineHeight) {
+    if (settings.layout == layoutTurned) {
+        const RECT bar{0, across, sizeAsRead(client).cx, across + lineHeight};
+        fillRect(dc, turnedRect(client, bar), settings.highlightBackColor);
+    }
+}
+
 void drawMenu(MenuWindow& record) {
     const HDC dc = record.surface.drawDC;
     RECT client{};
@@ -129,6 +138,7 @@ void drawMenu(MenuWindow& record) {
         const bool isSelected = record.top + line == record.selected;
         if (isSelected) {
             selectMenuFont(dc, 1);
+            drawSelectionBar(dc, client, lineHeight * line, lineHeight);
         }
         drawLine(dc, client, *record.items[record.top + line], lineHeight * line);
         if (isSelected) {

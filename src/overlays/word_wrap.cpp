@@ -102,3 +102,16 @@ char** wordWrapText(HWND window, HDC dc, const char* const* lines, std::int32_t 
     *outCount = static_cast<std::int32_t>(wrapper.wrapped.size());
     return toArray(wrapper.wrapped);
 }
+
+std::vector<std::string> wrapLine(HDC dc, const char* line, LONG width) {
+    Wrapper wrapper{dc, width, {}, false};
+    if (*line != '\0') {
+        wrapper.wrap(line);
+    }
+    std::vector<std::string> lines;
+    for (char* text : wrapper.wrapped) {
+        lines.emplace_back(text);
+        std::free(text);
+    }
+    return lines;
+}

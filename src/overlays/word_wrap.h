@@ -5,6 +5,8 @@
 #include "platform/types.h"
 
 #include <cstdint>
+#include <string>
+#include <vector>
 
 // Wraps each line to the length of the window's client area along the text direction, minus a margin,
 // measured with the font selected in dc. Breaks at white space, dropping one character of it, or inside a
@@ -13,3 +15,6 @@
 // Returns null and 0, after a message on standard output, when the text cannot be measured.
 char** wordWrapText(HWND window, HDC dc, const char* const* lines, std::int32_t count,
                     std::int32_t* outCount);
+
+// Wraps one line likewise to a width in pixels. An empty line yields no line.
+std::vector<std::string> wrapLine(HDC dc, const char* line, LONG width);

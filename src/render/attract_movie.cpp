@@ -2,6 +2,7 @@
 
 #include "app/game_files.h"
 #include "app/media_window.h"
+#include "app/window_state.h"
 #include "config/settings.h"
 #include "platform/media.h"
 #include "platform/messages.h"
@@ -30,6 +31,26 @@ std::string findMovie(const GameRecord& game) {
     return {};
 }
 
+// Returns whether there is a movie, which is then open.
+bool openMovie(const GameRecord& game) {
+    const std::string path = findMovie(game);
+    if (!path.empty()) {
+        movieWindow = openMediaWindow(path.c_str());
+    }
+    return !path.empty();
+}
+
+RECT naturalSize() {
+    RECT natural{};
+    SendMessageA(movieWindow, MCIWNDM_GET_DEST, 0, reinterpret_cast<LPARAM>(&natural));
+    return natural;
+}
+
+int startMovie() {
+    SendMessageA(movieWindow, MCI_PLAY, 0, 0);
+    return playRepeatedly(movieWindow);
+}
+
 // Never enlarges. The height is only considered for a movie that is wider than the area.
 double fitScale(double width, double height, double areaWidth, double areaHeight) {
     if (width <= areaWidth) {
@@ -40,8 +61,7 @@ double fitScale(double width, double height, double areaWidth, double areaHeight
 }
 
 void placeMovie(RECT* area) {
-    RECT natural{};
-    SendMessageA(movieWindow, MCIWNDM_GET_DEST, 0, reinterpret_cast<LPARAM>(&natural));
+    const RECT natural = naturalSize();
     const double areaWidth = area->right - area->left;
     const double areaHeight = area->bottom - area->top;
     double width = natural.right - natural.left;
@@ -58,14 +78,23 @@ void placeMovie(RECT* area) {
 } // namespace
 
 int playAttractMovie(const GameRecord* game, RECT* area) {
-    const std::string path = findMovie(*game);
-    if (path.empty()) {
+    if (!openMovie(*game)) {
         return 0;
     }
-    movieWindow = openMediaWindow(path.c_str());
     placeMovie(area);
-    SendMessageA(movieWindow, MCI_PLAY, 0, 0);
-    return playRepeatedly(movieWindow);
+    return startMovie();
+}
+
+int playTurnedMovie(const GameRecord* game, const RECT& place) {
+    if (!openMovie(*game)) {
+        return 0;
+    }
+    const std::string rotation = "setvideo rotation to " + std::to_string(settings.orientation);
+    SendMessageA(movieWindow, MCIWNDM_SENDSTRINGA, 0, reinterpret_cast<LPARAM>(rotation.c_str()));
+    naturalSize(); // waits until the file is open, so that an unplayable one is known
+    SetWindowPos(movieWindow, nullptr, place.left + frameLeft(), place.top, place.right - place.left,
+                 place.bottom - place.top, 0);
+    return startMovie();
 }
 
 void closeAttractMovie() {

@@ -15,6 +15,8 @@
 #include "render/primitives.h"
 #include "render/status_bar.h"
 
+void (*frameLayout)(HDC dc, SIZE frame) = nullptr;
+
 namespace {
 
 void drawBrowserView(HDC dc, HBITMAP bitmap, std::int32_t width, std::int32_t height) {
@@ -47,6 +49,10 @@ int drawScreen(HDC dc, HBITMAP bitmap) {
     GetObjectA(bitmap, sizeof(size), &size);
     const LONG width = size.bmWidth;
     const LONG height = size.bmHeight;
+    if (frameLayout) {
+        frameLayout(dc, {width, height});
+        return 1;
+    }
     const bool listView = settings.menuType == menuTypeListView;
     fillRect(dc, {0, 0, width, height},
              listView ? settings.backgroundColor : settings.previewBackgroundColor);

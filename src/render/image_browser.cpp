@@ -60,10 +60,11 @@ struct PageSource {
     std::int32_t spacer;
     std::int32_t orientation;
     COLORREF background;
+    TileDrawing drawTile;
     bool operator==(const PageSource&) const = default;
 };
 
-PageSource currentSource(std::int32_t visibleTiles) {
+PageSource currentSource(std::int32_t visibleTiles, TileDrawing drawTile) {
     return {scratchBitmap,
             viewGeneration,
             topIndex,
@@ -72,14 +73,15 @@ PageSource currentSource(std::int32_t visibleTiles) {
             settings.previewModeHeight,
             tileSpacer(),
             settings.orientation,
-            settings.previewBackgroundColor};
+            settings.previewBackgroundColor,
+            drawTile};
 }
 
-void drawPage(const RECT& area, std::int32_t visibleTiles) {
+void drawPage(const RECT& area, std::int32_t visibleTiles, TileDrawing drawTile) {
     fillRect(scratchDC, area, settings.previewBackgroundColor);
     for (std::int32_t tile = 0; tile < visibleTiles && topIndex + tile < visibleCount; ++tile) {
         const RECT tileArea = tileRect(area, tile);
-        drawMarqueeTile(scratchDC, visibleGames[topIndex + tile], &tileArea);
+        drawTile(scratchDC, visibleGames[topIndex + tile], &tileArea);
     }
 }
 
@@ -104,18 +106,21 @@ void drawRing(HDC dc, const RECT& area) {
 
 } // namespace
 
-int drawImageBrowser(HDC dc, HBITMAP bitmap, const RECT* area) {
-    const std::int32_t visibleTiles = layOutPage(dc, bitmap, *area);
+void drawTileColumn(HDC dc, const RECT& area, std::int32_t visibleTiles, TileDrawing drawTile) {
     bringSelectionToPage(visibleTiles);
     static PageSource drawnFrom{};
-    const PageSource source = currentSource(visibleTiles);
+    const PageSource source = currentSource(visibleTiles, drawTile);
     const bool browserDirty = source != drawnFrom;
     if (browserDirty) {
-        drawPage(*area, visibleTiles);
+        drawPage(area, visibleTiles, drawTile);
         drawnFrom = source;
     }
-    BitBlt(dc, area->left, area->top, area->right, area->bottom, scratchDC, area->left, area->top, SRCCOPY);
-    drawRing(dc, *area);
+    BitBlt(dc, area.left, area.top, area.right, area.bottom, scratchDC, area.left, area.top, SRCCOPY);
+    drawRing(dc, area);
+}
+
+int drawImageBrowser(HDC dc, HBITMAP bitmap, const RECT* area) {
+    drawTileColumn(dc, *area, layOutPage(dc, bitmap, *area), drawMarqueeTile);
     return 1;
 }
 

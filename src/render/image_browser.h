@@ -5,12 +5,22 @@
 // Moves topIndex by whole pages.
 #pragma once
 
+#include "catalogue/game_record.h"
 #include "platform/types.h"
 #include "render/turns.h"
+
+#include <cstdint>
 
 // Fills the area, which is the frame without the status bar, with the background and the column of tiles. The
 // bitmap must be selected into the device context. Always returns 1.
 int drawImageBrowser(HDC dc, HBITMAP bitmap, const RECT* area);
+
+// Draws a marquee into a tile; its result is ignored.
+using TileDrawing = int (*)(HDC dc, const GameRecord* game, const RECT* tile);
+
+// Draws the column of tiles with its ring into the area after bringing the selection to the page. The size of
+// the tiles is in the settings previewModeWidth, previewModeHeight and previewModeSpacer.
+void drawTileColumn(HDC dc, const RECT& area, std::int32_t visibleTiles, TileDrawing drawTile);
 
 enum class PictureHalf { upper, lower };
 

@@ -8,14 +8,12 @@
 #include "render/picture_turn.h"
 #include "render/primitives.h"
 
+#include <algorithm>
 #include <array>
 #include <string>
 #include <utility>
 
 namespace {
-
-// Pixels of background between the banner and the middle of the frame.
-constexpr LONG bandBelowBanner = 20;
 
 // Pixels subtracted from the width that a preview may fill.
 constexpr LONG previewMargin = 10;
@@ -87,7 +85,7 @@ int turnPicture(DecodedPicture& picture) {
 }
 
 // Returns 0, with nothing to release, when the file cannot be displayed.
-int loadPicture(DecodedPicture& picture, const std::string& path) {
+int decodePicture(DecodedPicture& picture, const std::string& path) {
     picture = {};
     picture.params.size = pngDibParamsSize;
     picture.params.fileName = path.c_str();
@@ -101,6 +99,14 @@ int loadPicture(DecodedPicture& picture, const std::string& path) {
         std::swap(picture.width, picture.height);
     }
     picture.turned = settings.orientation == 0;
+    return 1;
+}
+
+// Likewise; also turns a picture that is not too large.
+int loadPicture(DecodedPicture& picture, const std::string& path) {
+    if (!decodePicture(picture, path)) {
+        return 0;
+    }
     if (picture.params.dibSize <= turnedSizeLimit && !turnPicture(picture)) {
         releasePicture(picture);
         return 0;
@@ -108,7 +114,7 @@ int loadPicture(DecodedPicture& picture, const std::string& path) {
     return 1;
 }
 
-// Returns 0 when a large picture cannot be turned for lack of memory.
+// Returns 0 when a picture that is not turned yet cannot be turned for lack of memory.
 int stretchPicture(HDC dc, DecodedPicture& picture, int x, int y, int width, int height) {
     if (!picture.turned) {
         const bool quarter = isQuarterTurn(settings.orientation);
@@ -159,6 +165,42 @@ int drawFitted(HDC dc, DecodedPicture& picture, const RECT& area, const PictureP
     return stretchPicture(dc, picture, static_cast<int>(x), static_cast<int>(y), size.cx, size.cy);
 }
 
+// The rectangle of the frame in which a picture of the given proportions is whole and as large as possible.
+// It is in the middle of the place, less the margin at the beginning of the lines, or further by that margin
+// where there is room, as drawFitted centres it.
+RECT rectInside(const RECT& place, LONG margin, SIZE pictureAsRead) {
+    const SIZE read = sizeAsRead(place);
+    const double scale = std::min(static_cast<double>(read.cx - margin) / pictureAsRead.cx,
+                                  static_cast<double>(read.cy) / pictureAsRead.cy);
+    const double width = pictureAsRead.cx * scale;
+    const double height = pictureAsRead.cy * scale;
+    const SIZE size{static_cast<int>(width), static_cast<int>(height)};
+    const LONG x = std::min(static_cast<LONG>(margin + (read.cx - width) * 0.5), read.cx - size.cx);
+    const LONG y = static_cast<LONG>((read.cy - height) * 0.5);
+    return turnedRect(place, {x, y, x + size.cx, y + size.cy});
+}
+
+int drawInside(HDC dc, const std::string& path, const RECT& place, LONG margin) {
+    if (path.empty()) {
+        return 1;
+    }
+    DecodedPicture picture;
+    if (!decodePicture(picture, path)) {
+        return 0;
+    }
+    const RECT target = rectInside(place, margin, sizeAsRead({0, 0, picture.width, picture.height}));
+    const LONG width = target.right - target.left;
+    const LONG height = target.bottom - target.top;
+    // Turning is cheaper on the smaller side of the scaling.
+    const bool reduced = width < picture.width;
+    const int drawn = (reduced || picture.turned || turnPicture(picture)) &&
+                              stretchPicture(dc, picture, target.left, target.top, width, height)
+                          ? 1
+                          : 0;
+    releasePicture(picture);
+    return drawn;
+}
+
 } // namespace
 
 int drawMarqueeBanner(HDC dc, const GameRecord* game, const RECT* area) {
@@ -167,6 +209,15 @@ int drawMarqueeBanner(HDC dc, const GameRecord* game, const RECT* area) {
 
 int drawMarqueeTile(HDC dc, const GameRecord* game, const RECT* tile) {
     return drawMarquee(dc, *game, *tile);
+}
+
+int drawMarqueeInside(HDC dc, const GameRecord* game, const RECT* place) {
+    return drawInside(dc, findMarquee(*game), *place, 0);
+}
+
+int drawPreviewInside(HDC dc, const GameRecord* game, const RECT* place, const char* directory,
+                      int fallback) {
+    return drawInside(dc, findPreview(*game, directory, fallback), *place, previewMargin);
 }
 
 int drawPreviewPicture(HDC dc, const GameRecord* game, const RECT* area, const char* directory, int fallback,

@@ -8,11 +8,22 @@
 #include "platform/types.h"
 #include "render/turns.h"
 
-// Fills the frame from the top left corner to the right of the area and 20 pixels above half its bottom.
+// Pixels of background between the banner and the middle of the frame.
+constexpr LONG bandBelowBanner = 20;
+
+// Fills the frame from the top left corner to the right of the area and down to the band above half its
+// bottom.
 int drawMarqueeBanner(HDC dc, const GameRecord* game, const RECT* area);
 
 // Fills the rectangle.
 int drawMarqueeTile(HDC dc, const GameRecord* game, const RECT* tile);
+
+// Draws the marquee with its proportions, as large as the rectangle allows and centred in it.
+int drawMarqueeInside(HDC dc, const GameRecord* game, const RECT* place);
+
+// Draws the picture that drawPreviewPicture draws, with the scale that it has in a rectangle of an upright
+// frame, and whole inside the given one, which the player sees turned.
+int drawPreviewInside(HDC dc, const GameRecord* game, const RECT* place, const char* directory, int fallback);
 
 // Draws the picture in the directory or, when there is none and fallback is 1, one from another art
 // directory. It is scaled to fit the area less 10 pixels of its width. It is placed in the area at rotation

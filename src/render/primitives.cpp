@@ -97,6 +97,24 @@ std::int32_t textWidth(HDC dc, const char* text) {
     return size.cx;
 }
 
+std::string shortenedText(HDC dc, const char* text, std::int32_t width) {
+    if (textWidth(dc, text) <= width) {
+        return text;
+    }
+    const std::string whole = text;
+    const auto ending = [&](std::size_t length) {
+        const std::size_t lastLetter = whole.find_last_not_of(' ', length - 1);
+        return (length == 0 ? "" : whole.substr(0, lastLetter + 1)) + "...";
+    };
+    std::size_t fitting = 0;
+    std::size_t tooLong = whole.size();
+    while (tooLong > fitting + 1) {
+        const std::size_t middle = fitting + (tooLong - fitting) / 2;
+        (textWidth(dc, ending(middle).c_str()) <= width ? fitting : tooLong) = middle;
+    }
+    return ending(fitting);
+}
+
 std::int32_t linesThatFit(HDC dc, std::int32_t width, std::int32_t height, std::int32_t reserved) {
     return (heightAsRead(width, height) - reserved) / std::max(textHeight(dc), 1);
 }

@@ -6,6 +6,7 @@
 #include "platform/types.h"
 
 #include <cstdint>
+#include <string>
 
 // Pixels between a text and the start or end of its line in titles, status bar, menu and scroller.
 constexpr std::int32_t textMargin = 6;
@@ -22,6 +23,10 @@ std::int32_t textHeight(HDC dc);
 // Returns the length of the text in pixels, which does not depend on the rotation. On failure, shows a
 // message box and returns 0.
 std::int32_t textWidth(HDC dc, const char* text);
+
+// Returns the text if it is at most `width` pixels long in the selected font, else its longest beginning that
+// fits with "..." after it, at least "...".
+std::string shortenedText(HDC dc, const char* text, std::int32_t width);
 
 // Returns the number of whole lines of the selected font that fit into the height (the width at 90 and -90)
 // less the reserved pixels. Zero or negative when there is no space.

@@ -10,6 +10,7 @@
 #include <cstddef>
 #include <cstdio>
 #include <cstring>
+#include <string>
 
 std::int32_t statusBarHeight = 0;
 
@@ -58,6 +59,30 @@ BarText gameText(const GameRecord& game) {
     return text;
 }
 
+// Where the position text starts in a bar of the given length.
+std::int32_t positionStart(HDC dc, const std::string& position, LONG barLength) {
+    return barLength - textWidth(dc, position.c_str()) - textMargin;
+}
+
+struct BarTexts {
+    std::string game;
+    std::string position;
+};
+
+// In the fixed layout a long game text runs into the position text. In the turned one it is shortened, and
+// the position loses its words where they would leave less than a quarter of the bar to the game.
+BarTexts textsThatFit(HDC dc, std::int32_t index, LONG barLength) {
+    BarTexts texts{gameText(*visibleGames[index]).data(), positionText(index).data()};
+    if (settings.layout == layoutTurned) {
+        if (positionStart(dc, texts.position, barLength) < barLength / 4) {
+            texts.position = "  " + std::to_string(index + 1) + "/" + std::to_string(visibleCount);
+        }
+        const std::int32_t room = positionStart(dc, texts.position, barLength) - textMargin;
+        texts.game = shortenedText(dc, texts.game.c_str(), room);
+    }
+    return texts;
+}
+
 } // namespace
 
 RECT areaWithoutStatusBar(std::int32_t width, std::int32_t height) {
@@ -76,15 +101,15 @@ int drawStatusBar(HDC dc, std::int32_t index, std::int32_t width, std::int32_t h
     SetBkColor(dc, settings.statusBarBackColor);
     SetBkMode(dc, OPAQUE);
     statusBarHeight = textHeight(dc);
-    const BarText position = positionText(index);
     const RECT frame{0, 0, width, height};
     const SIZE read = sizeAsRead(frame);
     const RECT bar = turnedRect(frame, {0, read.cy - statusBarHeight, read.cx, read.cy});
     fillRect(dc, bar, settings.statusBarBackColor);
-    drawText(dc, textOrigin(bar, textMargin, 0), gameText(*visibleGames[index]).data());
-    const std::int32_t start = read.cx - textWidth(dc, position.data()) - textMargin;
+    const BarTexts texts = textsThatFit(dc, index, read.cx);
+    drawText(dc, textOrigin(bar, textMargin, 0), texts.game.c_str());
+    const std::int32_t start = positionStart(dc, texts.position, read.cx);
     // Clears the end of a long game text that reaches into the position text.
     fillRect(dc, turnedRect(bar, {start, 0, read.cx, statusBarHeight}), settings.statusBarBackColor);
-    drawText(dc, textOrigin(bar, start, 0), position.data());
+    drawText(dc, textOrigin(bar, start, 0), texts.position.c_str());
     return 1;
 }
