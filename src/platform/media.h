@@ -16,8 +16,14 @@ constexpr UINT MCI_PLAY = 0x0806;
 constexpr UINT MCI_PAUSE = 0x0809;
 constexpr UINT MCI_RESUME = 0x0855;
 
-// lParam is a command string. Only "play repeat" (endless playback) is supported. Returns 0 unless the
-// command is another one or the file is already known to be unplayable.
+// lParam is a command string. Returns 0 unless the command is another one or the file is already known to be
+// unplayable.
+//
+// "play repeat": endless playback.
+//
+// "setvideo rotation to N" (0, 90, -90 or 180 degrees): turns the movie clockwise, and fits its window into the
+// rectangle where it is placed next, centred, with the proportions of the turned movie and as large as
+// possible. For a window that has not been placed yet.
 constexpr UINT MCIWNDM_SENDSTRINGA = 0x0465;
 
 // lParam points to a RECT that receives the movie's display size at (0, 0), all 0 for a file without a

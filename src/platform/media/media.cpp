@@ -5,6 +5,7 @@
 #include "platform/files/file_io.h"
 #include "platform/files/paths.h"
 #include "platform/media/media_player.h"
+#include "platform/media/turned_pixels.h"
 #include "platform/messages.h"
 #include "platform/window.h"
 #include "platform/window/compositor.h"
@@ -15,6 +16,7 @@
 #include <cstdlib>
 #include <filesystem>
 #include <future>
+#include <optional>
 #include <string_view>
 #include <system_error>
 #include <thread>
@@ -46,8 +48,9 @@ struct MediaWindow {
     bool paused = false;  // by MCI_PAUSE; false before the first MCI_PLAY
     bool track = false;   // the window has no area, so only the sound is played
     bool repeating = false;
-    bool guessed = false; // placed before its size was known
-    bool resized = false; // the picture has to be redrawn in the new size
+    bool guessed = false;        // placed before its size was known
+    std::optional<int> rotation; // in degrees clockwise; if set, the window is fitted into its place
+    bool resized = false;        // the picture has to be redrawn in the new size
     RECT place{};
 };
 
@@ -147,13 +150,21 @@ void waitForSize(MediaWindow& media) {
     }
 }
 
-void shrinkIntoPlace(MediaWindow& media) {
+// Gives the window the proportions of its movie. Enlarges only a movie with a rotation.
+void fitIntoPlace(MediaWindow& media) {
     const double placeWidth = media.place.right - media.place.left;
     const double placeHeight = media.place.bottom - media.place.top;
-    const double scale = std::min({1.0, placeWidth / std::max(media.player->width(), 1),
-                                   placeHeight / std::max(media.player->height(), 1)});
-    const double width = media.player->width() * scale;
-    const double height = media.player->height() * scale;
+    double width = std::max(media.player->width(), 1);
+    double height = std::max(media.player->height(), 1);
+    if (swapsSides(media.rotation.value_or(0))) {
+        std::swap(width, height);
+    }
+    double scale = std::min(placeWidth / width, placeHeight / height);
+    if (!media.rotation) {
+        scale = std::min(scale, 1.0);
+    }
+    width *= scale;
+    height *= scale;
     media.guessed = false;
     MoveWindow(media.handle, static_cast<int>(media.place.left + (placeWidth - width) / 2),
                static_cast<int>(media.place.top + (placeHeight - height) / 2), static_cast<int>(width),
@@ -177,9 +188,9 @@ void updateMedia(MediaWindow& media) {
             noteScreenChange();
         }
     } else if (media.player->hasSize() && media.guessed) {
-        shrinkIntoPlace(media);
+        fitIntoPlace(media);
     }
-    if (media.player->render(window->client, media.resized && window->visible)) {
+    if (media.player->render(window->client, media.rotation.value_or(0), media.resized && window->visible)) {
         media.resized = false;
         if (!window->visible) {
             ShowWindow(media.handle, SW_SHOW);
@@ -219,15 +230,22 @@ LRESULT reportSize(MediaWindow& media, RECT* rect) {
     waitForSize(media);
     const bool known = media.player && media.player->hasSize();
     const bool unplayable = media.failed || (media.player && media.player->failed());
-    media.guessed = !known && !unplayable;
+    media.guessed = (!known && !unplayable) || media.rotation;
     *rect = known ? RECT{0, 0, media.player->width(), media.player->height()} : RECT{};
-    if (media.guessed) {
+    if (!known && !unplayable) {
         *rect = unknownSize;
     }
     return 0;
 }
 
 LRESULT runCommand(MediaWindow& media, std::string_view command) {
+    for (const int rotation : {0, 90, -90, 180}) {
+        if (command == "setvideo rotation to " + std::to_string(rotation)) {
+            media.rotation = rotation;
+            media.guessed = true;
+            return 0;
+        }
+    }
     if (command != "play repeat") {
         return 1;
     }

@@ -3,6 +3,7 @@
 #include "platform/media/media_player.h"
 
 #include "platform/base/alsa_messages.h"
+#include "platform/media/turned_pixels.h"
 
 #include <algorithm>
 #include <chrono>
@@ -194,6 +195,7 @@ void MediaPlayer::stop() {
 void MediaPlayer::unload() {
     current_ = false;
     state_ = State::idle;
+    upright_ = {};
     const char* const words[] = {"stop", nullptr};
     command(words, number_);
 }
@@ -411,7 +413,21 @@ void MediaPlayer::skipPicture() {
     }
 }
 
-bool MediaPlayer::render(Surface& surface, bool again) {
+bool MediaPlayer::renderPixels(std::uint32_t* pixels, int width, int height) {
+    int size[] = {width, height};
+    char format[] = "bgr0";
+    std::size_t stride = static_cast<std::size_t>(width) * sizeof(std::uint32_t);
+    int block = 0;
+    mpv_render_param parameters[] = {{MPV_RENDER_PARAM_SW_SIZE, size},
+                                     {MPV_RENDER_PARAM_SW_FORMAT, format},
+                                     {MPV_RENDER_PARAM_SW_STRIDE, &stride},
+                                     {MPV_RENDER_PARAM_SW_POINTER, pixels},
+                                     {MPV_RENDER_PARAM_BLOCK_FOR_TARGET_TIME, &block},
+                                     {MPV_RENDER_PARAM_INVALID, nullptr}};
+    return mpvLibrary().renderContextRender(renderer_, parameters) >= 0;
+}
+
+bool MediaPlayer::render(Surface& surface, int rotation, bool again) {
     if (state_ != State::sized || !surface.pixels) {
         skipPicture();
         return false;
@@ -419,18 +435,19 @@ bool MediaPlayer::render(Surface& surface, bool again) {
     if (!again && (!pictureIsDue() || pictureIsEmpty())) {
         return false;
     }
-    int size[] = {surface.width, surface.height};
-    char format[] = "bgr0";
-    std::size_t stride = static_cast<std::size_t>(surface.width) * sizeof(std::uint32_t);
-    int block = 0;
-    mpv_render_param parameters[] = {{MPV_RENDER_PARAM_SW_SIZE, size},
-                                     {MPV_RENDER_PARAM_SW_FORMAT, format},
-                                     {MPV_RENDER_PARAM_SW_STRIDE, &stride},
-                                     {MPV_RENDER_PARAM_SW_POINTER, surface.pixels.get()},
-                                     {MPV_RENDER_PARAM_BLOCK_FOR_TARGET_TIME, &block},
-                                     {MPV_RENDER_PARAM_INVALID, nullptr}};
-    if (mpvLibrary().renderContextRender(renderer_, parameters) < 0) {
+    const bool quarter = swapsSides(rotation);
+    if (quarter) {
+        upright_.resize(static_cast<std::size_t>(surface.width) * static_cast<std::size_t>(surface.height));
+    }
+    std::uint32_t* pixels = quarter ? upright_.data() : surface.pixels.get();
+    if (!renderPixels(pixels, quarter ? surface.height : surface.width,
+                      quarter ? surface.width : surface.height)) {
         return false;
+    }
+    if (quarter) {
+        turnByQuarter(pixels, rotation, surface);
+    } else if (rotation == 180) {
+        std::reverse(pixels, pixels + static_cast<std::ptrdiff_t>(surface.width) * surface.height);
     }
     surface.changed = true;
     return true;

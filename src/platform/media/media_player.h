@@ -13,6 +13,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 class MediaPlayer {
 public:
@@ -50,9 +51,9 @@ public:
     int width() const { return width_; }
     int height() const { return height_; }
 
-    // Draws the current picture, fitted into the surface, when a new one is due or with `again`. Returns
-    // whether it has drawn.
-    bool render(Surface& surface, bool again);
+    // Draws the current picture, turned clockwise by the rotation (0, 90, -90 or 180 degrees) and fitted into
+    // the surface, when a new one is due or with `again`. Returns whether it has drawn.
+    bool render(Surface& surface, int rotation, bool again);
 
 private:
     enum class State { idle, opening, started, sized, failed };
@@ -62,6 +63,7 @@ private:
     bool pictureIsDue();
     bool pictureIsEmpty();
     void skipPicture();
+    bool renderPixels(std::uint32_t* pixels, int width, int height);
     void load(const std::string& start);
     void unload();
     void closeForPause();
@@ -87,6 +89,7 @@ private:
     bool paused_ = true;
     bool soundOnly_ = false;
     std::string path_;
+    std::vector<std::uint32_t> upright_;                   // the picture before a quarter turn
     std::optional<double> pausePosition_;                  // of the last pause, in seconds from the start
     std::chrono::steady_clock::time_point lastSoundCheck_; // when the sound output was last queried
 };
