@@ -6,6 +6,7 @@
 #include "catalogue/visible_games.h"
 #include "config/settings.h"
 #include "config/settings_file.h"
+#include "extras/turned_layout.h"
 #include "photograph.h"
 #include "platform/device_contexts.h"
 #include "platform/drawing.h"
@@ -134,10 +135,23 @@ struct BenchmarkCase {
 int tilesOnPage(int height, int width, std::int32_t rotation) {
     const int side = rotation == 90 || rotation == -90 ? width : height;
     const int pitch = settings.previewModeHeight + settings.previewModeSpacer;
+    if (settings.layout == layoutTurned) {
+        return (side - settings.previewModeSpacer - statusBarHeight) / pitch;
+    }
     return std::min((side - settings.previewModeSpacer - statusBarHeight) / pitch + 1, gameCount);
 }
 
-void measureRedraw(benchmark::State& state, const BenchmarkCase& testCase, int width, int height) {
+void useLayout(std::int32_t layout) {
+    settings.layout = layout;
+    frameLayout = nullptr;
+    if (layout == layoutTurned) {
+        startTurnedLayout();
+    }
+}
+
+void measureRedraw(benchmark::State& state, const BenchmarkCase& testCase, std::int32_t layout, int width,
+                   int height) {
+    useLayout(layout);
     settings.menuType = testCase.menuType;
     settings.orientation = testCase.rotation;
     settings.previewPictures = testCase.previewPictures;
@@ -178,6 +192,7 @@ void measureRedraw(benchmark::State& state, const BenchmarkCase& testCase, int w
 // Alternates between both views and all rotations. The art is small, since memory kept per redraw does not
 // depend on its size.
 void measureMemory(benchmark::State& state) {
+    useLayout(layoutFixed);
     writeArt(10);
     const Frame frame(640, 480);
     const std::int32_t rotations[] = {0, 90, 180, -90};
@@ -212,19 +227,34 @@ int main(int argc, char** argv) {
         {"list/screen_shot/90", menuTypeListView, 90, previewScreenShots, false, {marquee, snap}},
         {"list/flyer/180", menuTypeListView, 180, previewFlyers, false, {marquee, flyer}},
         {"browser/screen_shot", menuTypeImageBrowser, 0, previewScreenShots, false, {cabinet, snap}},
+        {"browser/flyer", menuTypeImageBrowser, 0, previewFlyers, false, {cabinet, flyer}},
         {"browser/flyer/90", menuTypeImageBrowser, 90, previewFlyers, false, {cabinet, flyer}},
         {"browser/new_page", menuTypeImageBrowser, 0, previewScreenShots, true, {cabinet, snap}},
         {"browser/new_page/90", menuTypeImageBrowser, 90, previewScreenShots, true, {cabinet, snap}},
     };
     const Cabinet cabinetFolder;
-    for (const BenchmarkCase& testCase : cases) {
+    const auto registerCase = [](const BenchmarkCase& testCase, std::int32_t layout,
+                                 const std::string& name) {
         for (const auto& [width, height] : {std::pair(1440, 1080), {1920, 1080}}) {
-            const std::string name = testCase.name + ("/" + std::to_string(width));
             benchmark::RegisterBenchmark(
-                name.c_str(), [&testCase, width = width, height = height](
-                                  benchmark::State& state) { measureRedraw(state, testCase, width, height); })
+                (name + "/" + std::to_string(width)).c_str(),
+                [testCase, layout, width = width, height = height](benchmark::State& state) {
+                    measureRedraw(state, testCase, layout, width, height);
+                })
                 ->UseManualTime()
                 ->Unit(benchmark::kMillisecond);
+        }
+    };
+    for (const BenchmarkCase& testCase : cases) {
+        registerCase(testCase, layoutFixed, testCase.name);
+        // The turned layout at every rotation.
+        for (const std::int32_t rotation : {0, 90, -90, 180}) {
+            if (testCase.rotation == 0) {
+                BenchmarkCase turned = testCase;
+                turned.rotation = rotation;
+                registerCase(turned, layoutTurned,
+                             "turned/" + std::string(testCase.name) + "/" + std::to_string(rotation));
+            }
         }
     }
     benchmark::RegisterBenchmark("10000_redraws", measureMemory)

@@ -93,8 +93,9 @@ std::int32_t layOutTiles(const RECT& area) {
     settings.previewModeHeight = std::max(height, 1);
     const std::int32_t tiles =
         std::max(tileRows(area.right - area.left, area.bottom - area.top, reserve) + 1, 1);
+    // The stroke of the ring may reach a pixel further than a spacer.
     settings.previewModeHeight =
-        std::clamp((size.cy - spacer) / tiles - spacer, 1, settings.previewModeHeight);
+        std::clamp((size.cy - spacer - 1) / tiles - spacer, 1, settings.previewModeHeight);
     return tiles;
 }
 

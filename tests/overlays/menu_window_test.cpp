@@ -40,13 +40,13 @@ protected:
         return lines;
     }
 
-    // The bounding rectangle of the menu, found by its background colour.
-    static RECT menuRect() {
+    // The bounding rectangle of a colour on the screen.
+    static RECT extentOf(std::uint32_t color) {
         const ScreenPixels screen = screenPixels();
         RECT rect{screen.width, screen.height, 0, 0};
         for (int y = 0; y < screen.height; ++y) {
             for (int x = 0; x < screen.width; ++x) {
-                if (screen.pixels[y * screen.stride + x] == 0x123456) {
+                if (screen.pixels[y * screen.stride + x] == color) {
                     rect = {std::min(rect.left, x), std::min(rect.top, y), std::max(rect.right, x + 1),
                             std::max(rect.bottom, y + 1)};
                 }
@@ -95,7 +95,7 @@ TEST_F(MenuWindowTest, FitsItsTextsAndIsCentredAtEveryRotation) {
         settings.orientation = settings.baseOrientation = rotation;
         const bool turned = isQuarterTurn(rotation);
         at(50, [=] {
-            const RECT rect = menuRect();
+            const RECT rect = extentOf(0x123456);
             EXPECT_NEAR(rect.right - rect.left, turned ? across : along, 6) << rotation;
             EXPECT_NEAR(rect.bottom - rect.top, turned ? along : across, 6) << rotation;
             EXPECT_NEAR(rect.left + rect.right, 640, 12);
@@ -109,6 +109,30 @@ TEST_F(MenuWindowTest, FitsItsTextsAndIsCentredAtEveryRotation) {
         at(490, [=] { EXPECT_EQ(settings.orientation, rotation); });
         tap(550, SDL_SCANCODE_ESCAPE);
         EXPECT_EQ(runMenu(items, count), 1);
+    }
+}
+
+TEST_F(MenuWindowTest, HasTheBarOfTheListInTheTurnedLayout) {
+    makeItems(4);
+    settings.backgroundColor = 0x563412;
+    settings.highlightBackColor = 0x0000FF;
+    for (const std::int32_t rotation : {0, 90, 180, -90}) {
+        settings.orientation = rotation;
+        for (const std::int32_t layout : {layoutFixed, layoutTurned}) {
+            settings.layout = layout;
+            at(90, [=] {
+                const RECT menu = extentOf(0x123456); // its first line is covered by the bar
+                const RECT bar = extentOf(0xFF0000);
+                EXPECT_EQ(bar.right > 0, layout == layoutTurned) << rotation;
+                const bool atTheStart = rotation == 0     ? bar.bottom == menu.top
+                                        : rotation == 90  ? bar.left == menu.right
+                                        : rotation == 180 ? bar.top == menu.bottom
+                                                          : bar.right == menu.left;
+                EXPECT_TRUE(layout == layoutFixed || atTheStart) << rotation;
+            });
+            tap(150, SDL_SCANCODE_ESCAPE);
+            runMenu(items, count);
+        }
     }
 }
 

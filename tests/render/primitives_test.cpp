@@ -32,6 +32,26 @@ TEST_F(PrimitivesTest, MeasuresTextEquallyAtEveryRotation) {
     EXPECT_NE(textWidth(dc, "Some Game (set 1)"), width) << "emphasis has no effect";
 }
 
+TEST_F(PrimitivesTest, ShortensTextsToTheWidth) {
+    const std::string title = "The Very Long Title of a Game (World, set 1)";
+    for (const int emphasis : {0, 1}) {
+        selectFont(dc, "Arial", 18, 0, emphasis);
+        const std::int32_t whole = textWidth(dc, title.c_str());
+        EXPECT_EQ(shortenedText(dc, title.c_str(), whole), title);
+        for (std::int32_t width = whole - 1; width > 0; width -= 7) {
+            const std::string text = shortenedText(dc, title.c_str(), width);
+            const std::size_t kept = text.size() - 3;
+            ASSERT_EQ(text, title.substr(0, kept) + "...");
+            EXPECT_TRUE(kept == 0 || textWidth(dc, text.c_str()) <= width) << text;
+            EXPECT_TRUE(kept == 0 || text[kept - 1] != ' ') << text;
+            // Two letters more, if there is a blank between, or else one would not fit.
+            const std::size_t more = title[kept] == ' ' ? 2 : 1;
+            EXPECT_GT(textWidth(dc, (title.substr(0, kept + more) + "...").c_str()), width) << text;
+        }
+    }
+    EXPECT_EQ(shortenedText(dc, "", 0), "");
+}
+
 TEST_F(PrimitivesTest, SelectsFontsWithAnyFaceName) {
     const HGDIOBJ before = SelectObject(dc, CreateFontIndirectA(std::make_unique<LOGFONTA>().get()));
     ASSERT_NE(before, nullptr);

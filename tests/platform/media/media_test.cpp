@@ -186,6 +186,52 @@ TEST_F(MediaTest, ReportsSizesFromOnePixelToTwoThousand) {
     }
 }
 
+TEST_F(MediaTest, TurnsAMovieAndFitsItIntoItsPlace) {
+    const std::string file = folder.write("a.avi", numberedMovie(1, 10));
+    // The place is 200 by 400 pixels at (50, 20); the white column of the movie is on the left of it,
+    // upright.
+    const struct {
+        const char* command;
+        RECT window;
+        POINT white;
+        POINT gray; // the other end of the movie
+    } rows[] = {
+        {"setvideo rotation to 0", {50, 190, 250, 250}, {55, 220}, {240, 220}},
+        {"setvideo rotation to 90", {90, 20, 210, 420}, {150, 30}, {150, 410}},
+        {"setvideo rotation to -90", {90, 20, 210, 420}, {150, 410}, {150, 30}},
+        {"setvideo rotation to 180", {50, 190, 250, 250}, {245, 220}, {60, 220}},
+    };
+    for (const bool waits : {true, false}) { // for the size, before the window is placed
+        for (const auto& row : rows) {
+            const HWND movie = open(file);
+            const auto send = [&](const char* command) {
+                return SendMessageA(movie, MCIWNDM_SENDSTRINGA, 0, reinterpret_cast<LPARAM>(command));
+            };
+            EXPECT_NE(send("setvideo rotation to 45"), 0);
+            EXPECT_EQ(send(row.command), 0);
+            if (waits) {
+                sizeOf(movie);
+            }
+            SetWindowPos(movie, nullptr, 50, 20, 200, 400, 0);
+            EXPECT_EQ(send("play repeat"), 0);
+            const auto levelAt = [](POINT point) {
+                const ScreenPixels screen = screenPixels();
+                return screen.pixels[point.y * screen.stride + point.x] & 0xFF;
+            };
+            EXPECT_TRUE(keepAliveUntil([&] { return levelAt(row.white) > 0xD0; })) << row.command;
+            EXPECT_NEAR(levelAt(row.gray), 0x80, 0x10) << row.command;
+            RECT window{};
+            GetWindowRect(movie, &window);
+            EXPECT_EQ(window.left, row.window.left) << row.command;
+            EXPECT_EQ(window.top, row.window.top) << row.command;
+            EXPECT_EQ(window.right, row.window.right) << row.command;
+            EXPECT_EQ(window.bottom, row.window.bottom) << row.command;
+            SendMessageA(movie, WM_CLOSE, 0, 0);
+            keepScreenAlive();
+        }
+    }
+}
+
 TEST_F(MediaTest, RepeatedOpeningLeaksNoFilesOrThreads) {
     const std::string file = folder.write("a.avi", numberedMovie(4, 10, 440));
     const auto count = [](const char* path) {
