@@ -142,19 +142,15 @@ TEST_F(ProcessTest, FindsTheProgram) {
         {"sh -c \"kill -9 $$\"", nullptr, 128 + SIGKILL, ""},
         {"true", "none", -1, ""},
         {"true", "plain.txt", -1, ""},
-        {"", nullptr, -1, ""},
-        {"\"\"", nullptr, -1, ""},
-        {"none", nullptr, -1, ""},
-        {"./games", nullptr, -1, ""},
         {"inner", "games", -1, ""},
-        {"./plain.txt", nullptr, -1, ""},
-        {"./games/broken.exe/", nullptr, -1, ""},
-        {"./lost", nullptr, -1, ""},
-        {"here;true", nullptr, -1, ""},
     };
     for (const auto& [commandLine, workingDirectory, code, expected] : cases) {
         EXPECT_EQ(run(commandLine, workingDirectory), code) << commandLine;
         EXPECT_EQ(folder.read("out"), expected) << commandLine;
+    }
+    for (const char* commandLine :
+         {"", "\"\"", "none", "./games", "./plain.txt", "./games/broken.exe/", "./lost", "here;true"}) {
+        EXPECT_EQ(run(commandLine), -1) << commandLine;
     }
     std::filesystem::remove("games/broken");
     EXPECT_EQ(run("broken.exe", "games"), -1) << "a text file is not run by a shell";

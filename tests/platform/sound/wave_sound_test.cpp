@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
 #include <cmath>
 #include <cstring>
 #include <numbers>
@@ -12,17 +13,6 @@
 namespace {
 
 constexpr int frequency = 48000;
-
-// The samples of the left channel.
-std::vector<int> samplesOf(const std::vector<std::uint8_t>& bytes) {
-    std::vector<int> samples;
-    for (std::size_t at = 0; at + 4 <= bytes.size(); at += 4) {
-        std::int16_t sample = 0;
-        std::memcpy(&sample, &bytes[at], sizeof(sample));
-        samples.push_back(sample);
-    }
-    return samples;
-}
 
 } // namespace
 
@@ -37,11 +27,13 @@ TEST(WaveSound, ConvertsInPiecesWithoutSeams) {
         const std::string file =
             folder.write("tone.wav", riffChunk("RIFF", "WAVE" + riffChunk("fmt ", pcmFormat(rate, 1)) +
                                                            riffChunk("data", sound)));
-        const std::vector<int> samples = samplesOf(loadWaveSound(file, frequency, 2));
+        const std::vector<std::uint8_t> bytes = loadWaveSound(file, frequency, 2);
+        std::vector<std::array<std::int16_t, 2>> samples(bytes.size() / 4);
         ASSERT_EQ(samples.size(), 3U * frequency);
+        std::memcpy(samples.data(), bytes.data(), bytes.size());
         for (std::size_t at = 100; at < samples.size() - 100; ++at) {
             const double angle = 2 * std::numbers::pi * 400 * static_cast<double>(at) / frequency;
-            ASSERT_NEAR(samples[at], 8000 * std::cos(angle), 80) << rate << " Hz, at " << at;
+            ASSERT_NEAR(samples[at][0], 8000 * std::cos(angle), 80) << rate << " Hz, at " << at;
         }
     }
 }

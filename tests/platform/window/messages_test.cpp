@@ -158,23 +158,15 @@ TEST_F(MessagesTest, ALoopThatOnlyPollsIsSlowedDownAndAnyOtherIsNot) {
         << "a message is found right after the sleep in which it arrives";
     drain();
 
+    JOYINFO joystick{};
+    RECT client{};
     const struct {
         const char* what;
         std::function<void()> work;
         int ownMilliseconds;
     } loops[] = {{"reads a key", [] { GetAsyncKeyState(VK_UP); }, 0},
-                 {"reads the joystick",
-                  [] {
-                      JOYINFO info{};
-                      joyGetPos(0, &info);
-                  },
-                  0},
-                 {"queries a window",
-                  [&] {
-                      RECT client{};
-                      GetClientRect(window, &client);
-                  },
-                  0},
+                 {"reads the joystick", [&] { joyGetPos(0, &joystick); }, 0},
+                 {"queries a window", [&] { GetClientRect(window, &client); }, 0},
                  {"takes messages",
                   [&] {
                       InvalidateRect(window, nullptr, FALSE);

@@ -85,27 +85,24 @@ TEST_F(WindowTest, SendsTheLifecycleMessagesInOrder) {
 }
 
 TEST_F(WindowTest, AWindowCanCancelItsCreation) {
+    const auto create = [](const char* name) {
+        return CreateWindowExA(0, name, "", WS_POPUP, 0, 0, 9, 9, nullptr, nullptr, nullptr, nullptr);
+    };
     for (const UINT message : {WM_NCCREATE, WM_CREATE}) {
         WNDCLASSA windowClass{};
         static UINT refused = 0;
         refused = message;
         windowClass.lpszClassName = "Refusing";
-        windowClass.lpfnWndProc = [](HWND window, UINT which, WPARAM wParam, LPARAM lParam) -> LRESULT {
-            if (which == refused) {
-                return which == WM_NCCREATE ? 0 : -1;
-            }
-            return DefWindowProcA(window, which, wParam, lParam);
+        windowClass.lpfnWndProc = [](HWND, UINT which, WPARAM, LPARAM) -> LRESULT {
+            return which == WM_NCCREATE ? refused != which : -(refused == which);
         };
         ASSERT_TRUE(RegisterClassA(&windowClass));
         EXPECT_EQ(RegisterClassA(&windowClass), 0) << "the name is taken";
-        EXPECT_EQ(
-            CreateWindowExA(0, "Refusing", "", WS_POPUP, 0, 0, 9, 9, nullptr, nullptr, nullptr, nullptr),
-            nullptr);
+        EXPECT_EQ(create("Refusing"), nullptr);
         EXPECT_TRUE(UnregisterClassA("Refusing", nullptr)) << "no window of the class is left";
         EXPECT_FALSE(UnregisterClassA("Refusing", nullptr));
     }
-    EXPECT_EQ(CreateWindowExA(0, "Unknown", "", WS_POPUP, 0, 0, 9, 9, nullptr, nullptr, nullptr, nullptr),
-              nullptr);
+    EXPECT_EQ(create("Unknown"), nullptr);
 }
 
 TEST_F(WindowTest, PassesTheFocusToAPopupAndBackToItsOwner) {
