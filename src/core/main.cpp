@@ -13,6 +13,7 @@
 #include "core/catalogue_loader.h"
 #include "core/main_loop.h"
 #include "core/main_window.h"
+#include "extras/exit_command.h"
 #include "extras/favourites.h"
 #include "extras/turned_layout.h"
 #include "input/controls.h"
@@ -32,6 +33,7 @@
 #include <algorithm>
 #include <cstdlib>
 #include <ctime>
+#include <string>
 
 namespace {
 
@@ -122,9 +124,11 @@ int WinMain(HINSTANCE instance, HINSTANCE, LPSTR commandTail, int) {
     hideMouseCursor();
     const int result = runMainLoop();
     saveSettings(selectedGame() ? selectedGame()->name : nullptr);
+    const std::string exitCommand = settings.exitCommand && result == 0 ? settings.exitCommand : "";
     freeResources();
     showMouseCursor();
     PlaySoundA(nullptr, nullptr, 0);
     DestroyWindow(mainWindow);
+    runExitCommand(exitCommand);
     return result;
 }

@@ -42,6 +42,7 @@ struct PROCESS_INFORMATION {
 constexpr DWORD STARTF_USESHOWWINDOW = 0x0001;
 constexpr DWORD STARTF_USESTDHANDLES = 0x0100;
 constexpr DWORD STD_INPUT_HANDLE = static_cast<DWORD>(-10);
+constexpr DWORD DETACHED_PROCESS = 0x00000008;
 constexpr DWORD INFINITE = 0xFFFFFFFF;
 constexpr DWORD WAIT_OBJECT_0 = 0;
 constexpr DWORD WAIT_TIMEOUT = 258;
@@ -55,9 +56,13 @@ constexpr DWORD WAIT_FAILED = 0xFFFFFFFF;
 //
 // The child gets the working directory (the current one when null), the environment, the three standard
 // streams (those of `startup` with STARTF_USESTDHANDLES) and no other open file. wShowWindow is ignored.
-// applicationName and environment must be null; the attributes and flags are ignored. The caller must close
-// both handles of `process`. FALSE when the program cannot be started: not found, a directory, not
+// applicationName and environment must be null; the attributes and all flags but one are ignored. The caller
+// must close both handles of `process`. FALSE when the program cannot be started: not found, a directory, not
 // executable, or no such working directory.
+//
+// A child does not outlive this program, except with DETACHED_PROCESS: then it leads a session of its own,
+// and its handles are null, since this program neither waits for it nor ends it. Such a child is for the end
+// of the program: the display and the wave device are released for it and not taken back, even on failure.
 BOOL CreateProcessA(LPCSTR applicationName, LPSTR commandLine, SECURITY_ATTRIBUTES* processAttributes,
                     SECURITY_ATTRIBUTES* threadAttributes, BOOL inheritHandles, DWORD flags,
                     LPVOID environment, LPCSTR workingDirectory, const STARTUPINFOA* startup,

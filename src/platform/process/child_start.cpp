@@ -18,12 +18,13 @@ struct PreparedStart {
     std::vector<char*> arguments;
     const char* folder;
     const std::array<int, 3>& streams;
+    bool detached;
     pid_t parent;
 };
 
 PreparedStart prepare(const ChildStart& start) {
-    PreparedStart prepared{
-        {}, {}, start.folder.empty() ? nullptr : start.folder.c_str(), start.streams, getpid()};
+    const char* folder = start.folder.empty() ? nullptr : start.folder.c_str();
+    PreparedStart prepared{{}, {}, folder, start.streams, start.detached, getpid()};
     for (const std::string& program : start.programs) {
         prepared.programs.push_back(program.c_str());
     }
@@ -75,12 +76,17 @@ void closeOtherDescriptors() {
     }
 }
 
-[[noreturn]] void execProgram(const PreparedStart& start, int report) {
+// Returns false when the parent has ended before the tie took effect.
+bool tieToParent(pid_t parent) {
     setpgid(0, 0);
     prctl(PR_SET_PDEATHSIG, SIGKILL);
-    const bool parentLives = getppid() == start.parent;
+    return getppid() == parent;
+}
+
+[[noreturn]] void execProgram(const PreparedStart& start, int report) {
+    const bool mayStart = start.detached ? setsid() > 0 : tieToParent(start.parent);
     resetSignals();
-    if (parentLives && (!start.folder || chdir(start.folder) == 0) && connectStreams(start.streams)) {
+    if (mayStart && (!start.folder || chdir(start.folder) == 0) && connectStreams(start.streams)) {
         closeOtherDescriptors();
         for (const char* program : start.programs) {
             execve(program, start.arguments.data(), environ);

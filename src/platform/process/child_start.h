@@ -1,5 +1,5 @@
-// Starts a program as a child that is killed when this process ends, for whatever reason. Called by
-// CreateProcessA, which finds the programs and owns the streams. No shell is involved.
+// Starts a program as a child that is killed when this process ends, for whatever reason, or as one that
+// outlives it. Called by CreateProcessA, which finds the programs and owns the streams. No shell is involved.
 #pragma once
 
 #include <array>
@@ -15,12 +15,14 @@ struct ChildStart {
     // Descriptors for standard input, output and error: inheritedStream for this process's own, noStream for
     // /dev/null.
     std::array<int, 3> streams{};
+    bool detached = false; // outlives this process, in a session of its own
 };
 
 constexpr int inheritedStream = -1;
 constexpr int noStream = -2;
 
-// The child leads its own process group, has no other descriptors, the default action for all signals and an
-// empty signal mask. Exceptions are SIGTTIN and SIGTTOU, which it ignores because it may not be in the
-// terminal's foreground. Returns 0 when none of the programs starts.
+// The child leads its own process group, in this process's session unless detached. It has no other
+// descriptors, the default action for all signals and an empty signal mask. Exceptions are SIGTTIN and
+// SIGTTOU, which it ignores because it may not be in the terminal's foreground. Returns 0 when none of the
+// programs starts.
 pid_t startChild(const ChildStart& start);

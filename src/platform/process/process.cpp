@@ -98,8 +98,8 @@ void restoreChildSignal() {
 } // namespace
 
 BOOL CreateProcessA(LPCSTR applicationName, LPSTR commandLine, SECURITY_ATTRIBUTES*, SECURITY_ATTRIBUTES*,
-                    BOOL, DWORD, LPVOID environment, LPCSTR workingDirectory, const STARTUPINFOA* startup,
-                    PROCESS_INFORMATION* process) {
+                    BOOL, DWORD flags, LPVOID environment, LPCSTR workingDirectory,
+                    const STARTUPINFOA* startup, PROCESS_INFORMATION* process) {
     if (applicationName || environment || !commandLine) {
         return FALSE;
     }
@@ -117,12 +117,19 @@ BOOL CreateProcessA(LPCSTR applicationName, LPSTR commandLine, SECURITY_ATTRIBUT
         soundGiveUp();
         displayGiveUp();
     }
-    const pid_t child = startChild({invocation.programs, invocation.words, folder, streamsOf(startup)});
+    const bool detached = (flags & DETACHED_PROCESS) != 0;
+    const pid_t child =
+        startChild({invocation.programs, invocation.words, folder, streamsOf(startup), detached});
     if (child == 0) {
-        if (getsDisplay) {
+        if (getsDisplay && !detached) {
             displayTakeBack();
         }
         return FALSE;
+    }
+    if (detached) {
+        abandonedChildren.push_back(child);
+        *process = {nullptr, nullptr, static_cast<DWORD>(child), static_cast<DWORD>(child)};
+        return TRUE;
     }
     process->hProcess = insertSystemObject(std::make_unique<ChildProcess>(child, getsDisplay));
     process->hThread = insertSystemObject(std::make_unique<ChildThread>());
