@@ -3,7 +3,9 @@
 #include "catalogue/game_catalogue.h"
 #include "catalogue/game_info.h"
 #include "config/settings.h"
+#include "extras/refresh_list.h"
 #include "launch/emulator_folder.h"
+#include "launch/list_generation.h"
 #include "launch/process_runner.h"
 #include "overlays/message_window.h"
 #include "platform/clock.h"
@@ -16,10 +18,6 @@
 #include <string>
 
 namespace {
-
-// Both files are in the current directory, independent of the working directory of the external programs.
-constexpr char listFile[] = "listinfo.dat";
-constexpr char xmlFile[] = "listinfo.xml";
 
 constexpr DWORD failureMessageTime = 7500; // milliseconds
 
@@ -37,17 +35,17 @@ RegenerationResult regenerateList() {
     const std::string folder = emulatorFolder();
     RegenerationResult result;
 
-    showMessage("Regenerating game information (1/2)...");
-    std::string listCommand = std::string(settings.mameExe) + " -listxml";
-    result.listingStarted = runToFile(listCommand.data(), folder.c_str(), xmlFile);
+    showMessage(listingMessage);
+    std::string listCommand = settings.mameExe + std::string(listingOption);
+    result.listingStarted = runToFile(listCommand.data(), folder.c_str(), listXmlFile);
     hideMessage();
     if (shutdownRequested()) {
         return result;
     }
 
-    showMessage("Regenerating game information (2/2)...");
-    std::string convertCommand = "xml2info.exe";
-    result.conversionStarted = runFilter(convertCommand.data(), folder.c_str(), xmlFile, listFile);
+    showMessage(conversionMessage);
+    std::string convertCommand = listConverter;
+    result.conversionStarted = runFilter(convertCommand.data(), folder.c_str(), listXmlFile, listFile);
     hideMessage();
     return result;
 }
@@ -70,8 +68,11 @@ void logEmptyListReason(const RegenerationResult& result) {
 std::int32_t loadGameList() {
     freeGameList();
     std::optional<RegenerationResult> regeneration;
+    if (settings.refreshList != 0) {
+        refreshGameList();
+    }
     FILE* list = openTextFile(listFile);
-    if (!list) {
+    if (!list && settings.refreshList == 0) {
         regeneration = regenerateList();
         list = openTextFile(listFile);
     }

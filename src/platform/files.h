@@ -35,6 +35,17 @@ HANDLE FindFirstFileA(LPCSTR path, WIN32_FIND_DATAA* found);
 BOOL FindNextFileA(HANDLE search, WIN32_FIND_DATAA* found);
 BOOL FindClose(HANDLE search);
 
+// What changes whenever the content of a file does. The times are nanoseconds since 1970: of the last change
+// of the content, and of the last change of anything, which no copy or package keeps.
+struct FileState {
+    std::int64_t size;
+    std::int64_t contentTime;
+    std::int64_t anyTime;
+};
+
+// Returns FALSE when the path names no plain file.
+BOOL getFileState(LPCSTR path, FileState* state);
+
 // Opens a file. GENERIC_WRITE with CREATE_ALWAYS creates it or empties it; GENERIC_READ with OPEN_EXISTING
 // opens an existing file. A plain file opened for writing is named NAME.new~ until its handle is closed, so
 // that a power failure or a kill never leaves a partial file under the final name; if the program has been

@@ -174,6 +174,18 @@ BOOL FindClose(HANDLE search) {
     return dynamic_cast<Search*>(systemObjects().find(value)) && systemObjects().remove(value) ? TRUE : FALSE;
 }
 
+BOOL getFileState(LPCSTR path, FileState* state) {
+    struct stat status {};
+    if (stat(nativePath(path ? path : "").c_str(), &status) != 0 || !S_ISREG(status.st_mode)) {
+        return FALSE;
+    }
+    const auto nanoseconds = [](const timespec& time) {
+        return std::int64_t{time.tv_sec} * 1'000'000'000 + time.tv_nsec;
+    };
+    *state = {status.st_size, nanoseconds(status.st_mtim), nanoseconds(status.st_ctim)};
+    return TRUE;
+}
+
 HANDLE CreateFileA(LPCSTR path, DWORD access, DWORD, SECURITY_ATTRIBUTES*, DWORD disposition, DWORD, HANDLE) {
     const std::string name = nativePath(path ? path : "");
     if (access == GENERIC_WRITE && disposition == CREATE_ALWAYS) {
