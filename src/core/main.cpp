@@ -15,6 +15,7 @@
 #include "core/main_window.h"
 #include "extras/exit_command.h"
 #include "extras/favourites.h"
+#include "extras/history_xml.h"
 #include "extras/turned_layout.h"
 #include "input/controls.h"
 #include "input/sounds.h"
@@ -97,6 +98,7 @@ int showFirstFrame() {
 }
 
 void freeResources() {
+    stopHistory();
     freeGameList();
     freeSettings();
     releaseFrameBuffer();
@@ -122,6 +124,7 @@ int WinMain(HINSTANCE instance, HINSTANCE, LPSTR commandTail, int) {
         return 1;
     }
     hideMouseCursor();
+    startHistory();
     const int result = runMainLoop();
     saveSettings(selectedGame() ? selectedGame()->name : nullptr);
     const std::string exitCommand = settings.exitCommand && result == 0 ? settings.exitCommand : "";

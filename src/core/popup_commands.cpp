@@ -4,6 +4,7 @@
 #include "catalogue/selection.h"
 #include "catalogue/visible_games.h"
 #include "config/settings.h"
+#include "extras/history_xml.h"
 #include "input/controls.h"
 #include "overlays/game_info_window.h"
 #include "overlays/message_window.h"
@@ -14,6 +15,7 @@
 
 #include <algorithm>
 #include <string>
+#include <vector>
 
 namespace {
 
@@ -22,13 +24,29 @@ constexpr DWORD noInfoMessageTime = 1500;
 constexpr DWORD afterMenuDelay = 200;
 constexpr DWORD afterPopupDelay = 300;
 
-// Returns the record whose text is shown for the game: its own or its visible parent; null without a text.
-const GameRecord* gameWithInfo(const GameRecord& game) {
-    if (game.infoLineCount > 0) {
-        return &game;
-    }
+// Returns null when the game has no parent or that one is not visible.
+const GameRecord* visibleParent(const GameRecord& game) {
     const std::int32_t parent = game.cloneOf ? findVisibleGame(game.cloneOf) : -1;
-    return parent >= 0 && visibleGames[parent]->infoLineCount > 0 ? visibleGames[parent] : nullptr;
+    return parent >= 0 ? visibleGames[parent] : nullptr;
+}
+
+// The text of the game or else of its visible parent, followed by its history or else its parent's. Borrows
+// from the records and from `history`, which it fills.
+std::vector<const char*> infoLinesOf(const GameRecord& game, std::vector<std::string>& history) {
+    const GameRecord* parent = visibleParent(game);
+    const GameRecord* source = game.infoLineCount > 0 || !parent ? &game : parent;
+    std::vector<const char*> lines(source->infoLines, source->infoLines + source->infoLineCount);
+    history = historyText(game.name);
+    if (history.empty() && parent) {
+        history = historyText(parent->name);
+    }
+    if (!lines.empty() && !history.empty()) {
+        lines.push_back("");
+    }
+    for (const std::string& line : history) {
+        lines.push_back(line.c_str());
+    }
+    return lines;
 }
 
 void filterAndKeepSelection() {
@@ -42,11 +60,13 @@ void filterAndKeepSelection() {
 
 void showSelectedGameInfo() {
     const GameRecord* game = selectedGame();
-    if (!settings.useMameInfoDat || !game) {
+    if ((!settings.useMameInfoDat && !settings.historyXml) || !game) {
         return;
     }
-    if (const GameRecord* source = gameWithInfo(*game)) {
-        showGameInfo(source->infoLines, source->infoLineCount);
+    std::vector<std::string> history;
+    const std::vector<const char*> lines = infoLinesOf(*game, history);
+    if (!lines.empty()) {
+        showGameInfo(lines.data(), static_cast<std::int32_t>(lines.size()));
         Sleep(afterPopupDelay);
         flushKeys();
     } else {

@@ -4,8 +4,9 @@
 
 #include "platform/types.h"
 
-// Shows the information text of the selected game, or else of its parent if that game is visible; without
-// either, a message. Does nothing when no game is selected or useMameInfoDat is 0.
+// Shows the information text of the selected game, or else of its parent if that game is visible, and after
+// it the text of the extra History.xml; without any, a message. Does nothing when no game is selected, or
+// when useMameInfoDat is 0 and there is no history file.
 void showSelectedGameInfo();
 
 // Runs the options menu, then filters and redraws the list. The selection stays on the same game while that
