@@ -1,7 +1,8 @@
 // Measures the whole program on a virtual screen with real key events. With 45,294 games: time to the first
-// picture, memory, processor use when idle and processor time of a selection step and a sort command. With
-// large art: pictures per second while a key is held, and processor use when idle in the list, the menu and
-// the information window. Usage: `front_end_bench [LIST]`. Without LIST, generates a list.
+// picture, memory, processor use when idle, processor time of a selection step and a sort command, and the
+// time from a key press to its picture, with and without InstantResponse. With large art: pictures per second
+// while a key is held, and processor use when idle in the list, the menu and the information window. Usage:
+// `front_end_bench [LIST]`. Without LIST, generates a list.
 #include "child_program.h"
 #include "large_cabinet.h"
 #include "photograph.h"
@@ -10,6 +11,7 @@
 
 #include <benchmark/benchmark.h>
 
+#include <algorithm>
 #include <chrono>
 #include <filesystem>
 #include <fstream>
@@ -17,6 +19,7 @@
 #include <memory>
 #include <string>
 #include <thread>
+#include <vector>
 
 namespace {
 
@@ -36,6 +39,10 @@ constexpr unsigned flyerHeight = 3000;
 constexpr PixelArea barColumn = {0, screenHeight / 2, 4, screenHeight};
 
 std::unique_ptr<VirtualScreen> screen;
+// Settings files in each folder; the second one with the extras that concern the controls.
+constexpr const char* plainSettings = "kestravox.ini";
+constexpr const char* extraSettings = "extras.ini";
+
 std::string largeFolder;
 std::string artFolder;
 
@@ -50,10 +57,10 @@ void pauseFor(int milliseconds) {
 // A running front end whose first picture is on the screen.
 class RunningFrontEnd {
 public:
-    explicit RunningFrontEnd(const std::string& cabinetFolder) {
+    explicit RunningFrontEnd(const std::string& cabinetFolder, const char* settings = plainSettings) {
         const auto start = std::chrono::steady_clock::now();
         program_ = std::make_unique<ChildProgram>(
-            ChildOptions{{KESTRAVOX_PATH}, cabinetFolder, {screen->environment()}});
+            ChildOptions{{KESTRAVOX_PATH, settings}, cabinetFolder, {screen->environment()}});
         const bool shown = screen->waitFor(
             [](const Screenshot& shot) { return shot.countColour(corner, backgroundColour) == 1; },
             startTimeout);
@@ -113,8 +120,9 @@ void measureStart(benchmark::State& state) {
 }
 
 // Processor use when idle, with the window that the key opens if there is one.
-void measureIdle(benchmark::State& state, const std::string& cabinetFolder, const char* key) {
-    const RunningFrontEnd frontEnd(cabinetFolder);
+void measureIdle(benchmark::State& state, const std::string& cabinetFolder, const char* key,
+                 const char* settings) {
+    const RunningFrontEnd frontEnd(cabinetFolder, settings);
     pauseFor(500);
     if (key) {
         screen->tap(key);
@@ -183,6 +191,31 @@ void measureHeldKey(benchmark::State& state) {
     state.counters["after release ms"] = latest * 1000;
 }
 
+// Time from a key press to the first change of the picture, at all distances from the ticks.
+void measureResponse(benchmark::State& state, const char* settings) {
+    const RunningFrontEnd frontEnd(largeFolder, settings);
+    pauseFor(500);
+    std::vector<double> times;
+    for ([[maybe_unused]] auto step : state) {
+        constexpr int shortestPause = 300;
+        constexpr int pauseRange = 100;
+        constexpr int stride = 37; // visits every remainder once
+        pauseFor(shortestPause + static_cast<int>(times.size()) * stride % pauseRange);
+        const Screenshot before = screen->capture(barColumn);
+        const auto start = std::chrono::steady_clock::now();
+        screen->press("Down");
+        while (screen->capture(barColumn) == before && secondsSince(start) < 1) {
+            std::this_thread::sleep_for(std::chrono::microseconds(200));
+        }
+        times.push_back(secondsSince(start));
+        screen->release("Down");
+        state.SetIterationTime(times.back());
+    }
+    std::ranges::sort(times);
+    state.counters["median ms"] = times[times.size() / 2] * 1000;
+    state.counters["95% ms"] = times[times.size() * 95 / 100] * 1000;
+}
+
 // Processor time of one action in addition to that of the idle program over the same time.
 void measureAction(benchmark::State& state, const char* key, int milliseconds) {
     const RunningFrontEnd frontEnd(largeFolder);
@@ -201,10 +234,15 @@ void measureAction(benchmark::State& state, const char* key, int milliseconds) {
 }
 
 void writeSettings(const std::string& folder) {
-    std::ofstream(folder + "/kestravox.ini")
-        << "[Settings]\nRoms.dir=roms\nFlyer.dir=flyers\nPreviewPictures=Flyers\nFontsize=18\n"
-           "Backgroundcolor=0x403020\nFontcolor=0xFFFFFF\nHighlightBackcolor=0x8000FF\n"
-           "[RomOptions]\nDisplayMissingRoms=1\n";
+    for (const std::string name : {plainSettings, extraSettings}) {
+        std::ofstream ini(folder + "/" + name);
+        ini << "[Settings]\nRoms.dir=roms\nFlyer.dir=flyers\nPreviewPictures=Flyers\nFontsize=18\n"
+               "Backgroundcolor=0x403020\nFontcolor=0xFFFFFF\nHighlightBackcolor=0x8000FF\n"
+               "[RomOptions]\nDisplayMissingRoms=1\n";
+        if (name == extraSettings) {
+            ini << "[Extras]\nRepeatDelay=250\nInstantResponse=1\nJoystickHotplug=1\n";
+        }
+    }
 }
 
 void writeLargeCabinet(const std::string& list) {
@@ -257,12 +295,17 @@ int main(int argc, char** argv) {
         const char* name;
         const std::string& folder;
         const char* key;
+        const char* settings = plainSettings;
     } idleStates[] = {{"idle", largeFolder, nullptr},
                       {"idle/art", artFolder, nullptr},
                       {"idle/menu", artFolder, "2"},
-                      {"idle/information", artFolder, "Control_L"}};
+                      {"idle/information", artFolder, "Control_L"},
+                      {"idle/extras", largeFolder, nullptr, extraSettings},
+                      {"idle/menu/extras", artFolder, "2", extraSettings},
+                      {"idle/information/extras", artFolder, "Control_L", extraSettings}};
     for (const auto& idleState : idleStates) {
-        benchmark::RegisterBenchmark(idleState.name, measureIdle, idleState.folder, idleState.key)
+        benchmark::RegisterBenchmark(idleState.name, measureIdle, idleState.folder, idleState.key,
+                                     idleState.settings)
             ->UseManualTime()
             ->Unit(unit)
             ->Iterations(1);
@@ -272,6 +315,14 @@ int main(int argc, char** argv) {
         ->UseManualTime()
         ->Unit(unit)
         ->Iterations(30);
+    benchmark::RegisterBenchmark("response", measureResponse, plainSettings)
+        ->UseManualTime()
+        ->Unit(unit)
+        ->Iterations(100);
+    benchmark::RegisterBenchmark("response/extras", measureResponse, extraSettings)
+        ->UseManualTime()
+        ->Unit(unit)
+        ->Iterations(100);
     benchmark::RegisterBenchmark("sortCycle", measureAction, "z", 480)
         ->UseManualTime()
         ->Unit(unit)

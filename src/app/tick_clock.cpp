@@ -15,6 +15,10 @@ std::int64_t counterNow() {
 
 } // namespace
 
+CurrentTick currentTick;
+
+bool (*earlyTickWanted)() = nullptr;
+
 TickClock::TickClock(HWND boxOwner) {
     LARGE_INTEGER frequency{};
     if (!QueryPerformanceFrequency(&frequency)) {
@@ -25,8 +29,19 @@ TickClock::TickClock(HWND boxOwner) {
     lastTick_ = counterNow();
 }
 
-bool TickClock::isDue() const {
-    return counterNow() - lastTick_ >= period_;
+bool TickClock::isDue() {
+    const std::int64_t now = counterNow();
+    const std::int64_t due = lastTick_ + period_;
+    if (now >= due) {
+        currentTick = {due, period_, false};
+        return true;
+    }
+    if (!earlyTickWanted || !earlyTickWanted()) {
+        return false;
+    }
+    lastTick_ = now - period_;
+    currentTick = {now, period_, true};
+    return true;
 }
 
 void TickClock::restart() {

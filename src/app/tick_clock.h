@@ -6,6 +6,18 @@
 
 #include <cstdint>
 
+// The tick that a loop executes, or executed last. Written by isDue. Times are counts of the performance
+// counter.
+struct CurrentTick {
+    std::int64_t time = 0; // when it was due, however late it is; for an early one, when it began
+    std::int64_t period = 0;
+    bool isEarly = false;
+};
+extern CurrentTick currentTick;
+
+// Hook of isDue, null by default: called while no tick is due; true asks for an early one.
+extern bool (*earlyTickWanted)();
+
 class TickClock {
 public:
     // The first tick is due one period from now. On a machine without a performance counter the constructor
@@ -14,8 +26,9 @@ public:
 
     bool isRunning() const { return period_ > 0; }
 
-    // Whether at least one period has passed since the last tick.
-    bool isDue() const;
+    // Whether a tick is to be executed now, because at least one period has passed since the last tick, or
+    // because an early one is wanted. The next one is due one period after an early tick.
+    bool isDue();
 
     // Moves the last tick one period forward. Ticks delayed by a stall stay due.
     void advance() { lastTick_ += period_; }

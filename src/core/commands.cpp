@@ -52,29 +52,17 @@ constexpr std::array<MappedControl, 8> mappedCommands = {{
     {&Settings::keyShowMenu, &Settings::joyShowMenu, &Settings::keyP2ShowMenu},
 }};
 
-// A command with one key for both players; a code of 0 is not polled.
-struct SharedCommand {
-    std::int32_t Settings::*key;
-    std::int32_t Settings::*joystick;
-};
-
-constexpr SharedCommand jumpBack = {&Settings::keyJumpBack, &Settings::joyJumpBack};
-constexpr SharedCommand jumpForward = {&Settings::keyJumpForward, &Settings::joyJumpForward};
-constexpr SharedCommand nextLetter = {&Settings::keyNextLetter, &Settings::joyNextLetter};
-constexpr SharedCommand previousLetter = {&Settings::keyPreviousLetter, &Settings::joyPreviousLetter};
-constexpr SharedCommand randomPick = {&Settings::keyRandom, &Settings::joyRandom};
-constexpr SharedCommand sortCycle = {&Settings::keySort, &Settings::joySort};
-constexpr SharedCommand pictureCycle = {&Settings::keyPicture, &Settings::joyPicture};
+constexpr SharedControl jumpBack = {&Settings::keyJumpBack, &Settings::joyJumpBack};
+constexpr SharedControl jumpForward = {&Settings::keyJumpForward, &Settings::joyJumpForward};
+constexpr SharedControl nextLetter = {&Settings::keyNextLetter, &Settings::joyNextLetter};
+constexpr SharedControl previousLetter = {&Settings::keyPreviousLetter, &Settings::joyPreviousLetter};
+constexpr SharedControl randomPick = {&Settings::keyRandom, &Settings::joyRandom};
+constexpr SharedControl sortCycle = {&Settings::keySort, &Settings::joySort};
+constexpr SharedControl pictureCycle = {&Settings::keyPicture, &Settings::joyPicture};
 
 constexpr std::int32_t jumpLength = 100;
 constexpr std::int32_t lastSortOrder = sortByManufacturer;
 constexpr std::int32_t lastCycledPicture = previewTitles;
-
-bool isPressed(const SharedCommand& command) {
-    const std::int32_t key = settings.*command.key;
-    const std::int32_t joystick = settings.*command.joystick;
-    return (key != 0 && keyPressed(key)) || (joystick != 0 && joyPressed(joystick));
-}
 
 void redrawNow(HWND window) {
     redraw(window);

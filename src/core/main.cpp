@@ -16,6 +16,8 @@
 #include "extras/exit_command.h"
 #include "extras/favourites.h"
 #include "extras/history_xml.h"
+#include "extras/instant_response.h"
+#include "extras/repeat_delay.h"
 #include "extras/turned_layout.h"
 #include "input/controls.h"
 #include "input/sounds.h"
@@ -119,6 +121,8 @@ int WinMain(HINSTANCE instance, HINSTANCE, LPSTR commandTail, int) {
     if (settings.layout == layoutTurned) {
         startTurnedLayout();
     }
+    startRepeatDelay();
+    startInstantResponse();
     if (!initGames() || !showFirstFrame()) {
         showError(mainWindow, "Initialization failed");
         return 1;

@@ -3,7 +3,6 @@
 #include "app/window_state.h"
 #include "config/settings.h"
 #include "platform/diagnostics.h"
-#include "platform/joystick.h"
 #include "platform/keys.h"
 
 #include <cstdint>
@@ -16,6 +15,9 @@ std::uint32_t joyXMin = 0;
 std::uint32_t joyXMax = 0;
 std::uint32_t joyYMin = 0;
 std::uint32_t joyYMax = 0;
+
+// Of GetAsyncKeyState; the sign bit is set while the key is down.
+constexpr int pressedBit = 1;
 
 // Distance from the end of an axis within which it counts as pushed, as a fraction of the axis maximum.
 constexpr double axisMargin = 0.2;
@@ -33,7 +35,11 @@ bool isButtonCode(int code) {
     return code > 0 && code <= lastButton && (code & (code - 1)) == 0;
 }
 
-bool isActive(int code, const JOYINFO& info) {
+} // namespace
+
+void (*keyFlushed)(int code) = nullptr;
+
+bool isJoystickCodeActive(int code, const JOYINFO& info) {
     switch (code) {
     case 200:
         return axisHigh(info.wXpos, joyXMax);
@@ -48,13 +54,24 @@ bool isActive(int code, const JOYINFO& info) {
     }
 }
 
-} // namespace
+KeyReading readKey(int code) {
+    if (!appActive) {
+        return {};
+    }
+    const SHORT state = GetAsyncKeyState(code);
+    return {state != 0, (state & pressedBit) != 0};
+}
 
 int keyPressed(int code) {
-    if (!appActive) {
-        return 0;
+    return readKey(code).active ? 1 : 0;
+}
+
+std::optional<JOYINFO> readJoystick() {
+    JOYINFO info{};
+    if (!settings.useJoystick || !joystickPresent || joyGetPos(0, &info) != JOYERR_NOERROR) {
+        return std::nullopt;
     }
-    return GetAsyncKeyState(code) != 0 ? 1 : 0;
+    return info;
 }
 
 int joyPressed(int code) {
@@ -66,7 +83,7 @@ int joyPressed(int code) {
         writeDiagnostic(standardOutput, "Error reading joystick!");
         return 0;
     }
-    return isActive(code, info) ? 1 : 0;
+    return isJoystickCodeActive(code, info) ? 1 : 0;
 }
 
 void initJoystick() {
@@ -83,6 +100,9 @@ void initJoystick() {
 
 void flushKeys() {
     for (int code = 0; code < 255; ++code) {
-        GetAsyncKeyState(code);
+        const SHORT state = GetAsyncKeyState(code);
+        if (keyFlushed && (state >= 0 || (state & pressedBit) != 0)) {
+            keyFlushed(code);
+        }
     }
 }

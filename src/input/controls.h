@@ -1,10 +1,20 @@
 // The state of a single key or joystick code; the front end reads all its input through these functions.
-// Called by mapped_controls.cpp and the commands with the codes of the settings. Input is not queued,
-// repeated or cached here.
+// Called by mapped_controls.cpp with the codes of the settings. Input is not queued, repeated or cached here.
 #pragma once
 
-// Returns 1 when the key with this virtual-key code is down or has been pressed since the previous call for
-// the same code, else 0. Always 0 while no window of this program has the focus; the press is then kept.
+#include "platform/joystick.h"
+
+#include <optional>
+
+struct KeyReading {
+    bool active = false;  // down now, or pressed since the previous reading of the same code
+    bool pressed = false; // pressed since then
+};
+
+// Reads a key. Nothing is active while no window of this program has the focus; the press is then kept.
+KeyReading readKey(int code);
+
+// Reads a key; returns 1 when it is active, else 0.
 int keyPressed(int code);
 
 // Returns 1 when the joystick control with this code is active, else 0. Codes: 1, 2, 4 ... 512 for each of
@@ -12,9 +22,16 @@ int keyPressed(int code);
 // is never active. Each call reads the device, whichever window has the focus.
 int joyPressed(int code);
 
+// Reads the joystick once, for a look at several codes. None when there is no joystick or it is not used.
+std::optional<JOYINFO> readJoystick();
+bool isJoystickCodeActive(int code, const JOYINFO& info);
+
 // Detects the joystick and reads its axis ranges. Called once at program start; a joystick connected later is
 // not detected.
 void initJoystick();
 
 // Discards the recorded presses of all keys. Keys that are held down stay down.
 void flushKeys();
+
+// Hook of flushKeys, null by default: called for each key that is up, or whose press has been discarded.
+extern void (*keyFlushed)(int code);

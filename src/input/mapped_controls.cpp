@@ -1,6 +1,7 @@
 #include "input/mapped_controls.h"
 
 #include "input/controls.h"
+#include "input/press_tracker.h"
 
 #include <algorithm>
 
@@ -29,12 +30,23 @@ PolledControls pollControls(std::span<const MappedControl> table) {
     PolledControls controls;
     for (std::size_t index = 0; index < table.size(); ++index) {
         const MappedControl& control = table[index];
-        controls.player1[index] = keyPressed(settings.*control.key) || joyPressed(settings.*control.joystick);
+        const KeyReading key = readKey(settings.*control.key);
+        const bool joystick = !key.active && joyPressed(settings.*control.joystick) != 0;
+        controls.player1[index] = filterReading({control.key, control.joystick, key, joystick});
     }
     for (std::size_t index = 0; index < table.size(); ++index) {
-        controls.player2[index] = keyPressed(settings.*table[index].player2Key) != 0;
+        const auto key = table[index].player2Key;
+        controls.player2[index] = filterReading({key, nullptr, readKey(settings.*key), false});
     }
     return controls;
+}
+
+bool isPressed(const SharedControl& control) {
+    const std::int32_t keyCode = settings.*control.key;
+    const std::int32_t joystickCode = settings.*control.joystick;
+    const KeyReading key = keyCode != 0 ? readKey(keyCode) : KeyReading{};
+    const bool joystick = !key.active && joystickCode != 0 && joyPressed(joystickCode) != 0;
+    return filterReading({control.key, control.joystick, key, joystick});
 }
 
 bool turnToPlayer(const PolledControls& controls) {

@@ -14,3 +14,7 @@ BOOL QueryPerformanceCounter(LARGE_INTEGER* counter);
 // message is dispatched. Once the program has been asked to end, the pause ends after at most one such
 // interval.
 void Sleep(DWORD milliseconds);
+
+// With true, a pause that was raised to that minimum ends at the first key press, change of the joystick or
+// queued message, but not before the time that was asked for. Off at the start.
+void setSleepWakesOnInput(bool wakes);

@@ -15,6 +15,13 @@ constexpr DWORD KEYEVENTF_KEYUP = 0x0002;
 // for a message must not block until the next key.
 SHORT GetAsyncKeyState(int code);
 
+// Number of the key's last press, counted over all keys from 1, while GetAsyncKeyState has not reported that
+// press yet; else 0. Neither changes the press nor counts as work of a loop that polls for messages.
+std::uint32_t unreadKeyPress(int code);
+
+// Number of key presses and of changes of the joystick since the start. Auto-repeats do not count.
+std::uint32_t inputCount();
+
 // Sends a key press, or a release with KEYEVENTF_KEYUP, to the window of the display that has the keyboard
 // focus, including windows of other programs. Only letters, digits and the codes in key_codes.h are known;
 // another code, or a display other than X11, has no effect. scanCode and extraInformation are ignored.

@@ -18,6 +18,8 @@ constexpr std::int64_t movingInterval = 10 * nanosecondsPerMillisecond;
 
 std::int64_t interval = idleInterval;
 
+bool wakesOnInput = false;
+
 } // namespace
 
 BOOL QueryPerformanceFrequency(LARGE_INTEGER* frequency) {
@@ -30,11 +32,22 @@ BOOL QueryPerformanceCounter(LARGE_INTEGER* counter) {
     return counter->QuadPart >= 0 ? TRUE : FALSE;
 }
 
+void setSleepWakesOnInput(bool wakes) {
+    wakesOnInput = wakes;
+}
+
 void Sleep(DWORD milliseconds) {
     const std::int64_t wanted = milliseconds * nanosecondsPerMillisecond;
-    const std::int64_t end = clockNow() + (wanted > 0 ? std::max(wanted, interval) : 0);
+    const std::int64_t wantedEnd = clockNow() + wanted;
+    std::int64_t end = wantedEnd + (wanted > 0 ? std::max(interval - wanted, std::int64_t{0}) : 0);
     do {
-        const bool moving = waitAndKeepAlive(std::min(end - clockNow(), interval));
+        const std::int64_t wait = std::min(end - clockNow(), interval);
+        if (!wakesOnInput || end == wantedEnd) {
+            clockWait(wait);
+        } else if (waitForInput(wait)) {
+            end = wantedEnd;
+        }
+        const bool moving = keepAlive();
         interval = moving ? movingInterval : idleInterval;
     } while (clockNow() < end && !endRequested());
 }

@@ -5,11 +5,24 @@
 namespace {
 
 bool (*keepAliveFunction)() = nullptr;
+bool (*inputWaitFunction)(std::int64_t) = nullptr;
 
 } // namespace
 
 void setKeepAlive(bool (*function)()) {
     keepAliveFunction = function;
+}
+
+void setInputWait(bool (*function)(std::int64_t nanoseconds)) {
+    inputWaitFunction = function;
+}
+
+bool waitForInput(std::int64_t nanoseconds) {
+    if (inputWaitFunction) {
+        return inputWaitFunction(nanoseconds);
+    }
+    clockWait(nanoseconds);
+    return false;
 }
 
 bool keepAlive() {

@@ -8,8 +8,15 @@
 // move. Until it is registered, waits only let time pass.
 void setKeepAlive(bool (*function)());
 
-// Calls that function, for a wait whose end is not a moment in time. Returns true while pictures move; it
-// then has to be called every 10 ms, otherwise every 20 to 50 ms.
+// Registers the function with which a sleep waits for input: it returns true at the first input within the
+// given nanoseconds, at once when a message is queued, and handles the display's events meanwhile.
+void setInputWait(bool (*function)(std::int64_t nanoseconds));
+
+// Waits for at least the given time, or until there is input. Returns whether there was any.
+bool waitForInput(std::int64_t nanoseconds);
+
+// Calls the function of setKeepAlive, for a wait whose end is not a moment in time. Returns true while
+// pictures move; it then has to be called every 10 ms, otherwise every 20 to 50 ms.
 bool keepAlive();
 
 // Waits for at least the given time, then keeps the screen alive. Returns the result of keepAlive().

@@ -28,6 +28,9 @@ namespace {
 // noticeable, and an idle front end stays far below 1% of a processor.
 constexpr std::int64_t pumpInterval = 4 * nanosecondsPerMillisecond;
 
+// How often a wait for input looks at devices that cannot wake it.
+constexpr std::int64_t inputInterval = 5 * nanosecondsPerMillisecond;
+
 // How often the display checks whether the keyboard focus is unassigned.
 constexpr std::int64_t focusInterval = 500 * nanosecondsPerMillisecond;
 
@@ -40,6 +43,7 @@ struct Display {
     bool mousePressed = false;
     bool lost = false; // for good: `window` is null, and SDL's video must not be called
     bool cursorShown = true;
+    std::uint32_t inputCount = 0;
     SDL_Window* window = nullptr;
     int width = 0;
     int height = 0;
@@ -153,6 +157,7 @@ bool startDisplay() {
         return true;
     }
     setKeepAlive(displayKeepAlive);
+    setInputWait(displayWaitForInput);
     if (display.failed || display.lost) {
         return false;
     }
@@ -211,6 +216,7 @@ void handleKeyEvent(const SDL_KeyboardEvent& event) {
     }
     if (event.repeat == 0) {
         keyChanged(code, down);
+        display.inputCount += down ? 1 : 0;
     }
     if (display.listener.keyChanged) {
         display.listener.keyChanged(code, down, event.repeat != 0);
@@ -230,6 +236,7 @@ void handleEvent(const SDL_Event& event) {
     case SDL_JOYHATMOTION:
     case SDL_JOYBUTTONDOWN:
     case SDL_JOYBUTTONUP:
+        ++display.inputCount;
         if (display.listener.joystickChanged) {
             display.listener.joystickChanged();
         }
@@ -255,6 +262,18 @@ void pumpEvents() {
     }
     if (endRequested() && display.listener.endRequested) {
         display.listener.endRequested();
+    }
+}
+
+// Returns at the first event of the X11 connection. Other displays and joysticks, which cannot be waited for,
+// are looked at in short intervals.
+void waitForEvents(std::int64_t nanoseconds) {
+    const bool isPolled = !watchedConnection() || SDL_NumJoysticks() > 0;
+    const std::int64_t wait = isPolled ? std::min(nanoseconds, inputInterval) : nanoseconds;
+    if (watchedConnection()) {
+        waitForConnection(wait);
+    } else {
+        clockWait(wait);
     }
 }
 
@@ -338,6 +357,27 @@ bool displayKeepAlive() {
         takeFreeFocus(now);
     }
     return display.window && display.listener.refresh && display.listener.refresh();
+}
+
+bool displayWaitForInput(std::int64_t nanoseconds) {
+    const std::int64_t end = clockNow() + nanoseconds;
+    const std::uint32_t before = display.inputCount;
+    const auto isOver = [before] {
+        return display.inputCount != before || (display.listener.hasMessage && display.listener.hasMessage());
+    };
+    while (!isOver()) {
+        if (clockNow() >= end || endRequested()) {
+            return false;
+        }
+        waitForEvents(end - clockNow());
+        display.lastPump = clockNow();
+        pumpEvents();
+    }
+    return true;
+}
+
+std::uint32_t displayInputCount() {
+    return display.inputCount;
 }
 
 void displayGiveUp() {

@@ -21,6 +21,7 @@ struct DisplayListener {
     void (*focusChanged)(bool focused);
     void (*pictureLost)();  // the display has to be redrawn and presented
     void (*endRequested)(); // at every event poll once an end has been requested
+    bool (*hasMessage)();   // whether a message is queued
     bool (*refresh)();      // shows changes; returns true while pictures move
 };
 
@@ -49,6 +50,13 @@ bool displayIsReal();
 // every 10 ms, otherwise every 20 to 50 ms. On X11 without a window manager it also takes the keyboard focus
 // within half a second after the window that had the focus has gone, except while the display is given up.
 bool displayKeepAlive();
+
+// Waits until a key is pressed, the joystick changes, a message is queued or the time is over, handling all
+// events meanwhile. Returns false when the time is over.
+bool displayWaitForInput(std::int64_t nanoseconds);
+
+// Number of key presses, without repeats, and of changes of an open joystick since the start.
+std::uint32_t displayInputCount();
 
 // Give up the display for a child that draws by itself, and take it back. On a console without a window
 // system, which has a single owner at a time, the display is closed meanwhile. It is taken back in front,

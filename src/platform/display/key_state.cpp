@@ -9,10 +9,12 @@ namespace {
 
 struct KeyRecord {
     bool down = false;
-    bool pressed = false;
+    std::uint32_t press = 0; // number of the press that has not been taken; 0: none
 };
 
 std::array<KeyRecord, 255> keyRecords;
+
+std::uint32_t pressCount = 0;
 
 bool isKeyCode(int code) {
     return code > 0 && code < static_cast<int>(keyRecords.size());
@@ -44,8 +46,9 @@ void keyChanged(int code, bool down) {
         recordOf(common).down = recordOf(left).down || recordOf(left + 1).down;
     }
     if (down) {
-        recordOf(code).pressed = true;
-        recordOf(common).pressed = true;
+        ++pressCount;
+        recordOf(code).press = pressCount;
+        recordOf(common).press = pressCount;
     }
 }
 
@@ -60,9 +63,13 @@ bool keyIsDown(int code) {
 }
 
 bool takeKeyPress(int code) {
-    if (!isKeyCode(code) || !recordOf(code).pressed) {
+    if (untakenPress(code) == 0) {
         return false;
     }
-    recordOf(code).pressed = false;
+    recordOf(code).press = 0;
     return true;
+}
+
+std::uint32_t untakenPress(int code) {
+    return isKeyCode(code) ? recordOf(code).press : 0;
 }

@@ -4,6 +4,9 @@
 #include <SDL_syswm.h>
 #include <X11/Xlib.h>
 
+#include <poll.h>
+
+#include <ctime>
 #include <utility>
 
 namespace {
@@ -62,6 +65,17 @@ void checkForDestruction(const SDL_Event& event) {
         message.xdestroywindow.window == watchedWindow) {
         loseWindow();
     }
+}
+
+void waitForConnection(std::int64_t nanoseconds) {
+    if (nanoseconds <= 0 || XPending(watched) > 0 || !watched) {
+        return;
+    }
+    constexpr std::int64_t perSecond = 1'000'000'000;
+    const timespec limit = {static_cast<time_t>(nanoseconds / perSecond),
+                            static_cast<long>(nanoseconds % perSecond)};
+    pollfd connection = {ConnectionNumber(watched), POLLIN, 0};
+    ppoll(&connection, 1, &limit, nullptr);
 }
 
 _XDisplay* watchedConnection() {

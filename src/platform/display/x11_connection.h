@@ -2,6 +2,8 @@
 // and by queries that use its connection. Errors of single requests are ignored.
 #pragma once
 
+#include <cstdint>
+
 struct SDL_Window;
 union SDL_Event;
 struct _XDisplay; // Xlib's Display
@@ -13,6 +15,9 @@ void watchConnection(SDL_Window* window, void (*lost)());
 
 // Checks an SDL event; `lost` is called when it reports that the window has been destroyed.
 void checkForDestruction(const SDL_Event& event);
+
+// Waits for the next event of the watched connection, at most for the given nanoseconds.
+void waitForConnection(std::int64_t nanoseconds);
 
 // Returns the watched connection, for requests that SDL does not offer; null when there is none or it has
 // been lost. Opening a separate connection instead would end the process if the server ended meanwhile.

@@ -28,8 +28,8 @@ void connectDisplay() {
         return;
     }
     connected = true;
-    displaySetListener(
-        {queueKey, queueJoystick, setDisplayFocus, noteScreenChange, sendEndSession, refreshScreen});
+    displaySetListener({queueKey, queueJoystick, setDisplayFocus, noteScreenChange, sendEndSession,
+                        [] { return nextMessage(false).has_value(); }, refreshScreen});
     if (!displayIsReal()) {
         setDisplayFocus(true); // without a screen there are no focus events
     }

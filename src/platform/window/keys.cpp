@@ -19,6 +19,14 @@ SHORT GetAsyncKeyState(int code) {
     return static_cast<SHORT>((down ? downBit : 0) | (pressed ? pressedBit : 0));
 }
 
+std::uint32_t unreadKeyPress(int code) {
+    return untakenPress(code);
+}
+
+std::uint32_t inputCount() {
+    return displayInputCount();
+}
+
 void keybd_event(BYTE code, BYTE, DWORD flags, std::uintptr_t) {
     displaySendKey(keySymbolOf(code), (flags & KEYEVENTF_KEYUP) == 0);
 }
