@@ -1,3 +1,5 @@
+// In this file: the bounds, HistoryParser with its two kinds (index and text), the thread, the functions of
+// the header.
 #include "extras/history_xml.h"
 
 #include "config/settings.h"
@@ -14,13 +16,14 @@
 #include <memory>
 #include <mutex>
 #include <thread>
+#include <utility>
 
 namespace {
 
 // Bounds for damaged files; the published one is far below them.
 constexpr int deepestElement = 100;
-constexpr std::size_t longestToken = 1 << 20;  // bytes of a tag or comment
-constexpr std::size_t longestText = 256 << 10; // bytes; the rest of a text is not shown
+constexpr std::size_t longestToken = 1 << 20; // bytes of a tag or comment
+constexpr std::size_t longestText = 1 << 20;  // bytes; the rest of a text is not shown
 constexpr std::size_t mostPlaces = 250'000;
 
 constexpr int pieceSize = 64 << 10; // bytes read at a time
@@ -261,16 +264,17 @@ std::unique_ptr<History> history;
 std::string indexHistory(FILE* file, const std::stop_token& stop, std::vector<HistoryPlace>& index) {
     IndexParser parser(index);
     parser.read(file, stop);
-    std::ranges::sort(index);
+    std::ranges::sort(index, {},
+                      [](const HistoryPlace& place) { return std::pair(place.nameHash, place.entryOffset); });
     index.shrink_to_fit();
     return parser.problem();
 }
 
 std::vector<std::string> readHistory(FILE* file, const std::vector<HistoryPlace>& index,
                                      std::string_view systemName) {
-    const HistoryPlace first{hashName(systemName), 0};
-    const auto place = std::ranges::lower_bound(index, first);
-    if (place == index.end() || place->nameHash != first.nameHash) {
+    const std::uint64_t hash = hashName(systemName);
+    const auto place = std::ranges::lower_bound(index, hash, {}, &HistoryPlace::nameHash);
+    if (place == index.end() || place->nameHash != hash) {
         return {};
     }
     std::fseek(file, static_cast<long>(place->entryOffset), SEEK_SET);

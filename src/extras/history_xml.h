@@ -27,7 +27,6 @@ std::vector<std::string> historyText(const char* systemName);
 struct HistoryPlace {
     std::uint64_t nameHash;
     std::int64_t entryOffset; // bytes from the start of the file to the entry's start tag
-    auto operator<=>(const HistoryPlace&) const = default;
 };
 
 // Fills `index` with the places of all systems, sorted; at most 4 MB of them. Returns what ended the reading
