@@ -16,6 +16,13 @@ int FillRect(HDC dc, const RECT* rect, HBRUSH brush);
 BOOL BitBlt(HDC target, int x, int y, int width, int height, HDC source, int sourceX, int sourceY,
             DWORD operation);
 
+// Copies a rectangle, turned by a multiple of 90 degrees and clipped to the target. `corners` are the
+// positions of its upper left, upper right and lower left corner in the target. The rectangle must lie on the
+// source, on another surface than the target. Returns FALSE for a bad handle, a mask, and corners that would
+// scale, mirror or shear.
+BOOL PlgBlt(HDC target, const POINT* corners, HDC source, int sourceX, int sourceY, int width, int height,
+            HBITMAP mask, int maskX, int maskY);
+
 // Returns number * numerator / denominator, computed in 64 bits and rounded to the nearest integer, halves
 // away from zero; -1 if the denominator is 0 or the result does not fit in 32 bits.
 int MulDiv(int number, int numerator, int denominator);

@@ -2,7 +2,9 @@
 
 #include "app/game_files.h"
 #include "config/settings.h"
+#include "platform/device_contexts.h"
 #include "platform/drawing.h"
+#include "platform/drawing_objects.h"
 #include "platform/memory.h"
 #include "png/png_dib.h"
 #include "render/picture_turn.h"
@@ -85,11 +87,16 @@ int turnPicture(DecodedPicture& picture) {
 }
 
 // Returns 0, with nothing to release, when the file cannot be displayed.
-int decodePicture(DecodedPicture& picture, const std::string& path) {
+int decodePicture(PngDibParams& params, const std::string& path) {
+    params.size = pngDibParamsSize;
+    params.fileName = path.c_str();
+    return pngToDib(&params) == pngDibSuccess ? 1 : 0;
+}
+
+// Likewise.
+int loadPicture(DecodedPicture& picture, const std::string& path) {
     picture = {};
-    picture.params.size = pngDibParamsSize;
-    picture.params.fileName = path.c_str();
-    if (pngToDib(&picture.params) != pngDibSuccess) {
+    if (!decodePicture(picture.params, path)) {
         return 0;
     }
     const auto* header = static_cast<const BITMAPINFOHEADER*>(picture.params.dib);
@@ -99,14 +106,6 @@ int decodePicture(DecodedPicture& picture, const std::string& path) {
         std::swap(picture.width, picture.height);
     }
     picture.turned = settings.orientation == 0;
-    return 1;
-}
-
-// Likewise; also turns a picture that is not too large.
-int loadPicture(DecodedPicture& picture, const std::string& path) {
-    if (!decodePicture(picture, path)) {
-        return 0;
-    }
     if (picture.params.dibSize <= turnedSizeLimit && !turnPicture(picture)) {
         releasePicture(picture);
         return 0;
@@ -114,7 +113,7 @@ int loadPicture(DecodedPicture& picture, const std::string& path) {
     return 1;
 }
 
-// Returns 0 when a picture that is not turned yet cannot be turned for lack of memory.
+// Returns 0 when a large picture cannot be turned for lack of memory.
 int stretchPicture(HDC dc, DecodedPicture& picture, int x, int y, int width, int height) {
     if (!picture.turned) {
         const bool quarter = isQuarterTurn(settings.orientation);
@@ -165,40 +164,64 @@ int drawFitted(HDC dc, DecodedPicture& picture, const RECT& area, const PictureP
     return stretchPicture(dc, picture, static_cast<int>(x), static_cast<int>(y), size.cx, size.cy);
 }
 
-// The rectangle of the frame in which a picture of the given proportions is whole and as large as possible.
-// It is in the middle of the place, less the margin at the beginning of the lines, or further by that margin
+// The rectangle, as read, in which a picture of the given proportions is whole and as large as possible. It
+// is in the middle of the place, less the margin at the beginning of the lines, or further by that margin
 // where there is room, as drawFitted centres it.
-RECT rectInside(const RECT& place, LONG margin, SIZE pictureAsRead) {
+RECT rectInside(const RECT& place, LONG margin, SIZE picture) {
     const SIZE read = sizeAsRead(place);
-    const double scale = std::min(static_cast<double>(read.cx - margin) / pictureAsRead.cx,
-                                  static_cast<double>(read.cy) / pictureAsRead.cy);
-    const double width = pictureAsRead.cx * scale;
-    const double height = pictureAsRead.cy * scale;
+    const double scale = std::min(static_cast<double>(read.cx - margin) / picture.cx,
+                                  static_cast<double>(read.cy) / picture.cy);
+    const double width = picture.cx * scale;
+    const double height = picture.cy * scale;
     const SIZE size{static_cast<int>(width), static_cast<int>(height)};
     const LONG x = std::min(static_cast<LONG>(margin + (read.cx - width) * 0.5), read.cx - size.cx);
     const LONG y = static_cast<LONG>((read.cy - height) * 0.5);
-    return turnedRect(place, {x, y, x + size.cx, y + size.cy});
+    return {x, y, x + size.cx, y + size.cy};
+}
+
+void stretchTo(HDC dc, const RECT& target, const PngDibParams& picture) {
+    const auto* info = static_cast<const BITMAPINFO*>(picture.dib);
+    StretchDIBits(dc, target.left, target.top, target.right - target.left, target.bottom - target.top, 0, 0,
+                  info->bmiHeader.biWidth, info->bmiHeader.biHeight, picture.pixels, info, DIB_RGB_COLORS,
+                  SRCCOPY);
+}
+
+// Stretches the picture before turning it, since turning the pixels of a canvas is cheaper than turning those
+// of a bitmap of 24 bits.
+void stretchTurned(HDC dc, const RECT& place, const RECT& read, const PngDibParams& picture) {
+    const SIZE size{read.right - read.left, read.bottom - read.top};
+    const HDC canvas = CreateCompatibleDC(dc);
+    const HBITMAP bitmap = CreateCompatibleBitmap(dc, size.cx, size.cy);
+    if (bitmap) {
+        const HGDIOBJ previous = SelectObject(canvas, bitmap);
+        stretchTo(canvas, {0, 0, size.cx, size.cy}, picture);
+        const POINT corners[] = {textOrigin(place, read.left, read.top),
+                                 textOrigin(place, read.right, read.top),
+                                 textOrigin(place, read.left, read.bottom)};
+        PlgBlt(dc, corners, canvas, 0, 0, size.cx, size.cy, nullptr, 0, 0);
+        SelectObject(canvas, previous);
+        DeleteObject(bitmap);
+    }
+    DeleteDC(canvas);
 }
 
 int drawInside(HDC dc, const std::string& path, const RECT& place, LONG margin) {
     if (path.empty()) {
         return 1;
     }
-    DecodedPicture picture;
+    PngDibParams picture{};
     if (!decodePicture(picture, path)) {
         return 0;
     }
-    const RECT target = rectInside(place, margin, sizeAsRead({0, 0, picture.width, picture.height}));
-    const LONG width = target.right - target.left;
-    const LONG height = target.bottom - target.top;
-    // Turning is cheaper on the smaller side of the scaling.
-    const bool reduced = width < picture.width;
-    const int drawn = (reduced || picture.turned || turnPicture(picture)) &&
-                              stretchPicture(dc, picture, target.left, target.top, width, height)
-                          ? 1
-                          : 0;
-    releasePicture(picture);
-    return drawn;
+    const auto* header = static_cast<const BITMAPINFOHEADER*>(picture.dib);
+    const RECT read = rectInside(place, margin, {header->biWidth, header->biHeight});
+    if (settings.orientation == 0) {
+        stretchTo(dc, turnedRect(place, read), picture);
+    } else {
+        stretchTurned(dc, place, read, picture);
+    }
+    GlobalFree(picture.dib);
+    return 1;
 }
 
 } // namespace

@@ -2,10 +2,12 @@
 
 #include "platform/drawing/context_table.h"
 #include "platform/drawing/object_table.h"
+#include "platform/drawing/turned_copy.h"
 
 #include <algorithm>
 #include <cstring>
 #include <limits>
+#include <optional>
 #include <utility>
 
 namespace {
@@ -39,6 +41,26 @@ void copyRows(Surface& target, const Surface& source, const Span& across, const 
     target.changed = true;
 }
 
+bool isWithin(const Surface& surface, int x, int y, int width, int height) {
+    return x >= 0 && y >= 0 && width > 0 && height > 0 && width <= surface.width - x &&
+           height <= surface.height - y;
+}
+
+// The clockwise rotation that moves the corners of a rectangle of this size to the given ones.
+std::optional<int> rotationOf(const POINT* corners, int width, int height) {
+    const POINT across{corners[1].x - corners[0].x, corners[1].y - corners[0].y};
+    const POINT down{corners[2].x - corners[0].x, corners[2].y - corners[0].y};
+    const auto isTurn = [&](POINT right, POINT below) {
+        return across.x == width * right.x && across.y == width * right.y && down.x == height * below.x &&
+               down.y == height * below.y;
+    };
+    return isTurn({1, 0}, {0, 1})     ? std::optional(0)
+           : isTurn({0, 1}, {-1, 0})  ? std::optional(90)
+           : isTurn({-1, 0}, {0, -1}) ? std::optional(180)
+           : isTurn({0, -1}, {1, 0})  ? std::optional(-90)
+                                      : std::nullopt;
+}
+
 } // namespace
 
 int FillRect(HDC dc, const RECT* rect, HBRUSH brush) {
@@ -67,6 +89,28 @@ BOOL BitBlt(HDC target, int x, int y, int width, int height, HDC source, int sou
         copyRows(to, from, across, down);
     }
     return TRUE;
+}
+
+BOOL PlgBlt(HDC target, const POINT* corners, HDC source, int sourceX, int sourceY, int width, int height,
+            HBITMAP mask, int, int) {
+    const DeviceContext* targetContext = findDeviceContext(target);
+    const DeviceContext* sourceContext = findDeviceContext(source);
+    if (!targetContext || !sourceContext || mask || targetContext->surface == sourceContext->surface) {
+        return FALSE;
+    }
+    const Surface& from = *sourceContext->surface;
+    if (!isWithin(from, sourceX, sourceY, width, height)) {
+        return FALSE;
+    }
+    const std::optional<int> rotation = rotationOf(corners, width, height);
+    if (rotation) {
+        const POINT opposite{corners[1].x + corners[2].x - corners[0].x,
+                             corners[1].y + corners[2].y - corners[0].y};
+        copyTurned({from.row(sourceY) + sourceX, width, height, from.width}, *rotation,
+                   *targetContext->surface, std::min(corners[0].x, opposite.x),
+                   std::min(corners[0].y, opposite.y));
+    }
+    return rotation ? TRUE : FALSE;
 }
 
 int MulDiv(int number, int numerator, int denominator) {

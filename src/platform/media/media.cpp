@@ -2,10 +2,10 @@
 // while the thread waits, and the messages.
 #include "platform/media.h"
 
+#include "platform/drawing/turned_copy.h"
 #include "platform/files/file_io.h"
 #include "platform/files/paths.h"
 #include "platform/media/media_player.h"
-#include "platform/media/turned_pixels.h"
 #include "platform/messages.h"
 #include "platform/window.h"
 #include "platform/window/compositor.h"

@@ -3,7 +3,7 @@
 #include "platform/media/media_player.h"
 
 #include "platform/base/alsa_messages.h"
-#include "platform/media/turned_pixels.h"
+#include "platform/drawing/turned_copy.h"
 
 #include <algorithm>
 #include <chrono>
@@ -445,7 +445,7 @@ bool MediaPlayer::render(Surface& surface, int rotation, bool again) {
         return false;
     }
     if (quarter) {
-        turnByQuarter(pixels, rotation, surface);
+        copyTurned({pixels, surface.height, surface.width, surface.height}, rotation, surface, 0, 0);
     } else if (rotation == 180) {
         std::reverse(pixels, pixels + static_cast<std::ptrdiff_t>(surface.width) * surface.height);
     }
