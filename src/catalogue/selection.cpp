@@ -5,6 +5,7 @@
 #include <cstdlib>
 
 std::int32_t selectedIndex = 0;
+bool isAttractPick = false;
 
 GameRecord* selectedGame() {
     return selectedIndex >= 0 && selectedIndex < visibleCount ? visibleGames[selectedIndex] : nullptr;

@@ -6,7 +6,6 @@
 #include <cstdlib>
 #include <cstring>
 #include <limits>
-#include <string>
 
 namespace {
 
@@ -49,8 +48,4 @@ std::int32_t readIniBool(const char* section, const char* key, std::int32_t defa
 
 std::int32_t readIniInt(const char* section, const char* key, const char* defaultText, const char* file) {
     return parseNumber(readIniValue(section, key, defaultText, file), 10);
-}
-
-void writeIniInt(const char* section, const char* key, std::int32_t number, const char* file) {
-    WritePrivateProfileStringA(section, key, std::to_string(number).c_str(), file);
 }

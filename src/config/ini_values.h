@@ -1,4 +1,4 @@
-// Typed access to single values of an ini file. Called by settings.cpp only. Values are truncated to 254
+// Typed reads of single values of an ini file. Called by settings_file.cpp only. Values are truncated to 254
 // characters. A missing file or key yields the default; no failure is reported.
 #pragma once
 
@@ -27,6 +27,3 @@ std::int32_t readIniBool(const char* section, const char* key, std::int32_t defa
 
 // Returns the value parsed as a decimal number, clamped to 32 bits; 0 when it is not a number.
 std::int32_t readIniInt(const char* section, const char* key, const char* defaultText, const char* file);
-
-// Writes a decimal number.
-void writeIniInt(const char* section, const char* key, std::int32_t number, const char* file);

@@ -7,10 +7,14 @@
 #include "platform/profile.h"
 
 #include <algorithm>
+#include <array>
 #include <charconv>
+#include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <functional>
 #include <string>
+#include <string_view>
 
 const char* iniPath = nullptr;
 
@@ -85,8 +89,9 @@ std::int32_t readNumberInRange(const SettingRow& row) {
 
 std::int32_t readChoice(const SettingRow& row) {
     const IniValue value = readIniValue(row.section, row.key, row.defaultText, iniPath);
-    const bool known = std::ranges::any_of(
-        row.words, [&value](const ChoiceWord& choice) { return std::strcmp(choice.word, value.data()) == 0; });
+    const bool known = std::ranges::any_of(row.words, [&value](const ChoiceWord& choice) {
+        return std::strcmp(choice.word, value.data()) == 0;
+    });
     if (isExtra(row) && value.front() != '\0' && !known) {
         reportBadValue(row, value.data(), "one of its words");
     }
@@ -126,33 +131,42 @@ void loadRow(const SettingRow& row) {
     }
 }
 
-void saveRow(const SettingRow& row, const char* selectedName) {
+// Holds the digits of a saved number.
+using NumberText = std::array<char, 12>;
+
+const char* numberText(NumberText& text, std::int32_t number) {
+    std::snprintf(text.data(), text.size(), "%i", number);
+    return text.data();
+}
+
+// Returns the text that is saved for a row, or null when its key is left unchanged in the file. The text is
+// borrowed, from `digits` for a number.
+const char* savedText(const SettingRow& row, const char* selectedName, NumberText& digits) {
     switch (row.kind) {
     case SettingKind::flag:
     case SettingKind::number:
-        writeIniInt(row.section, row.key, int32Field(row), iniPath);
-        break;
+        return numberText(digits, int32Field(row));
     case SettingKind::shortNumber:
-        writeIniInt(row.section, row.key, int16Field(row), iniPath);
-        break;
-    case SettingKind::choice: {
+        return numberText(digits, int16Field(row));
+    case SettingKind::choice:
         // The current rotation may be the one for player 2, which is not saved.
-        const std::int32_t number =
-            isField(row, &Settings::orientation) ? settings.baseOrientation : int32Field(row);
-        WritePrivateProfileStringA(row.section, row.key, wordOfNumber(row, number), iniPath);
-        break;
-    }
+        return wordOfNumber(row, isField(row, &Settings::orientation) ? settings.baseOrientation
+                                                                      : int32Field(row));
     case SettingKind::text:
-        // Without a selected game the key is left unchanged in the file.
-        if (const char* text = isField(row, &Settings::selectedGame) ? selectedName : textField(row)) {
-            WritePrivateProfileStringA(row.section, row.key, text, iniPath);
-        }
-        break;
+        return isField(row, &Settings::selectedGame) ? selectedName : textField(row);
     case SettingKind::keyCode:
     case SettingKind::joystickCode:
     case SettingKind::colour:
     case SettingKind::optionalText:
         break; // settings of these kinds are never saved
+    }
+    return nullptr;
+}
+
+void saveRow(const SettingRow& row, const char* selectedName) {
+    NumberText digits;
+    if (const char* text = savedText(row, selectedName, digits)) {
+        WritePrivateProfileStringA(row.section, row.key, text, iniPath);
     }
 }
 
@@ -166,6 +180,17 @@ void saveSettings(const char* selectedName) {
     for (int order = 1; order <= savedSettingCount; ++order) {
         saveRow(*std::ranges::find(settingTable, order, &SettingRow::saveOrder), selectedName);
     }
+}
+
+std::uint64_t savedStateHash(const char* selectedName) {
+    constexpr std::uint64_t factor = 0x9E3779B97F4A7C15;
+    std::uint64_t hash = 0;
+    for (const SettingRow& row : settingTable) {
+        NumberText digits;
+        const char* text = row.saveOrder == notSaved ? nullptr : savedText(row, selectedName, digits);
+        hash = hash * factor + (text ? std::hash<std::string_view>{}(text) : 0);
+    }
+    return hash;
 }
 
 void freeSettings() {

@@ -13,5 +13,8 @@ void loadSettings();
 // that key keeps its value in the file. A failed write leaves the file unchanged and is not reported.
 void saveSettings(const char* selectedName);
 
+// Returns a number that changes with any value that saveSettings(selectedName) writes. Allocates nothing.
+std::uint64_t savedStateHash(const char* selectedName);
+
 // Releases the texts. Called once at the end of the program.
 void freeSettings();

@@ -8,6 +8,7 @@
 #include "config/settings.h"
 #include "core/popup_commands.h"
 #include "core/start_game.h"
+#include "extras/attract_play.h"
 #include "extras/favourites.h"
 #include "extras/letter_jump.h"
 #include "extras/turned_layout.h"
@@ -170,6 +171,9 @@ void executeSharedCommands(HWND window) {
 } // namespace
 
 void handleTick(HWND window) {
+    if (attractPlayTakesTick(window)) {
+        return;
+    }
     const PolledControls controls = pollControls(mappedCommands);
     // A new rotation becomes visible with the next redraw, usually by a command of the same tick.
     turnToPlayer(controls);
@@ -189,6 +193,7 @@ void handleTick(HWND window) {
         runOptionsMenu(window);
     }
     serveFavourites(window);
+    startAttractPlayWhenIdle(window);
     // A popup consumes WM_QUIT when it closes, so post it again for the main loop.
     RECT client{};
     if (controls.isPressed(exitProgram) || !GetClientRect(window, &client)) {

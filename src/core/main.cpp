@@ -13,11 +13,13 @@
 #include "core/catalogue_loader.h"
 #include "core/main_loop.h"
 #include "core/main_window.h"
+#include "extras/attract_play.h"
 #include "extras/exit_command.h"
 #include "extras/favourites.h"
 #include "extras/history_xml.h"
 #include "extras/instant_response.h"
 #include "extras/repeat_delay.h"
+#include "extras/save_on_change.h"
 #include "extras/turned_layout.h"
 #include "input/controls.h"
 #include "input/sounds.h"
@@ -127,6 +129,8 @@ int WinMain(HINSTANCE instance, HINSTANCE, LPSTR commandTail, int) {
         showError(mainWindow, "Initialization failed");
         return 1;
     }
+    startSaveOnChange();
+    startAttractPlay();
     hideMouseCursor();
     startHistory();
     const int result = runMainLoop();

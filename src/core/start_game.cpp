@@ -2,6 +2,7 @@
 
 #include "catalogue/selection.h"
 #include "config/settings.h"
+#include "extras/save_on_change.h"
 #include "input/controls.h"
 #include "input/sounds.h"
 #include "launch/game_launch.h"
@@ -43,6 +44,7 @@ void runGame(const GameRecord& game) {
     const std::string launching = std::string("Launching Game: ") + game.description + "...";
     pauseMedia();
     showMessage(launching.c_str());
+    saveBeforeGame();
     playSoundFile(settings.soundStartGame, SND_SYNC);
     if (GetSystemMetrics(SM_SHUTTINGDOWN) != 0) {
         hideMessage();

@@ -7,6 +7,8 @@
 
 #include <cstdint>
 
+std::uint32_t controlUses = 0;
+
 namespace {
 
 // Set by initJoystick.
@@ -28,6 +30,12 @@ bool axisHigh(double position, double max) {
 
 bool axisLow(double position, double min, double max) {
     return position <= min + axisMargin * max;
+}
+
+// Counts a control that is used; returns whether it is.
+bool noteUse(bool isUsed) {
+    controlUses += isUsed ? 1 : 0;
+    return isUsed;
 }
 
 bool isButtonCode(int code) {
@@ -59,7 +67,7 @@ KeyReading readKey(int code) {
         return {};
     }
     const SHORT state = GetAsyncKeyState(code);
-    return {state != 0, (state & pressedBit) != 0};
+    return {noteUse(state != 0), (state & pressedBit) != 0};
 }
 
 int keyPressed(int code) {
@@ -83,7 +91,7 @@ int joyPressed(int code) {
         writeDiagnostic(standardOutput, "Error reading joystick!");
         return 0;
     }
-    return isJoystickCodeActive(code, info) ? 1 : 0;
+    return noteUse(isJoystickCodeActive(code, info)) ? 1 : 0;
 }
 
 void initJoystick() {

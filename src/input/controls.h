@@ -4,7 +4,11 @@
 
 #include "platform/joystick.h"
 
+#include <cstdint>
 #include <optional>
+
+// Incremented whenever readKey, keyPressed or joyPressed reports a control as active.
+extern std::uint32_t controlUses;
 
 struct KeyReading {
     bool active = false;  // down now, or pressed since the previous reading of the same code
