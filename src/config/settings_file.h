@@ -2,6 +2,8 @@
 // the program. Keys, kinds and defaults are those of setting_table.cpp.
 #pragma once
 
+#include <cstdint>
+
 // Path of the ini file; borrowed from the command line, or a literal. Written once by WinMain.
 extern const char* iniPath;
 

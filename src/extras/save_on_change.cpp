@@ -3,6 +3,7 @@
 #include "app/stopwatch.h"
 #include "catalogue/selection.h"
 #include "config/settings.h"
+#include "config/settings_file.h"
 
 namespace {
 
