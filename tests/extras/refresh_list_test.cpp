@@ -24,7 +24,7 @@ protected:
         settings.mameExe = commandLine.data();
         settings.refreshList = 1;
         // Used when the real converter is not in the folder of the test program.
-        writeProgram("xml2info", "grep -q /mame || exit 1\nprintf 'game (\\nname fresh\\n)\\n'");
+        writeProgram("xml2info", "grep -q 'fresh.*/mame' || exit 1\nprintf 'game (\\nname fresh\\n)\\n'");
     }
     ~RefreshListTest() override { freeGameList(); }
 
