@@ -18,6 +18,7 @@
 #include "extras/favourites.h"
 #include "extras/history_xml.h"
 #include "extras/instant_response.h"
+#include "extras/joystick_hotplug.h"
 #include "extras/repeat_delay.h"
 #include "extras/save_on_change.h"
 #include "extras/turned_layout.h"
@@ -125,6 +126,7 @@ int WinMain(HINSTANCE instance, HINSTANCE, LPSTR commandTail, int) {
     }
     startRepeatDelay();
     startInstantResponse();
+    startJoystickHotplug();
     if (!initGames() || !showFirstFrame()) {
         showError(mainWindow, "Initialization failed");
         return 1;

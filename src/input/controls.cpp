@@ -47,6 +47,8 @@ bool isButtonCode(int code) {
 
 void (*keyFlushed)(int code) = nullptr;
 
+void (*joystickMissing)(bool lost) = nullptr;
+
 bool isJoystickCodeActive(int code, const JOYINFO& info) {
     switch (code) {
     case 200:
@@ -83,12 +85,18 @@ std::optional<JOYINFO> readJoystick() {
 }
 
 int joyPressed(int code) {
+    if (settings.useJoystick && !joystickPresent && joystickMissing) {
+        joystickMissing(false);
+    }
     if (!settings.useJoystick || !joystickPresent) {
         return 0;
     }
     JOYINFO info{};
     if (joyGetPos(0, &info) != JOYERR_NOERROR) {
         writeDiagnostic(standardOutput, "Error reading joystick!");
+        if (joystickMissing) {
+            joystickMissing(true);
+        }
         return 0;
     }
     return noteUse(isJoystickCodeActive(code, info)) ? 1 : 0;

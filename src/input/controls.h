@@ -30,9 +30,13 @@ int joyPressed(int code);
 std::optional<JOYINFO> readJoystick();
 bool isJoystickCodeActive(int code, const JOYINFO& info);
 
-// Detects the joystick and reads its axis ranges. Called once at program start; a joystick connected later is
-// not detected.
+// Detects the joystick and reads its axis ranges. Called at program start; a joystick connected later is not
+// detected without another call.
 void initJoystick();
+
+// Hook of joyPressed, null by default: called before a reading while no joystick is detected, with false, and
+// after a failed reading, with true.
+extern void (*joystickMissing)(bool lost);
 
 // Discards the recorded presses of all keys. Keys that are held down stay down.
 void flushKeys();

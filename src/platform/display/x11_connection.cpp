@@ -68,7 +68,7 @@ void checkForDestruction(const SDL_Event& event) {
 }
 
 void waitForConnection(std::int64_t nanoseconds) {
-    if (nanoseconds <= 0 || XPending(watched) > 0 || !watched) {
+    if (nanoseconds <= 0 || !watched || XEventsQueued(watched, QueuedAlready) > 0) {
         return;
     }
     constexpr std::int64_t perSecond = 1'000'000'000;
