@@ -15,6 +15,7 @@
 #include <functional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 const char* iniPath = nullptr;
 
@@ -163,13 +164,6 @@ const char* savedText(const SettingRow& row, const char* selectedName, NumberTex
     return nullptr;
 }
 
-void saveRow(const SettingRow& row, const char* selectedName) {
-    NumberText digits;
-    if (const char* text = savedText(row, selectedName, digits)) {
-        WritePrivateProfileStringA(row.section, row.key, text, iniPath);
-    }
-}
-
 } // namespace
 
 void loadSettings() {
@@ -177,9 +171,15 @@ void loadSettings() {
 }
 
 void saveSettings(const char* selectedName) {
+    std::array<NumberText, savedSettingCount> digits;
+    std::vector<ProfileValue> values;
     for (int order = 1; order <= savedSettingCount; ++order) {
-        saveRow(*std::ranges::find(settingTable, order, &SettingRow::saveOrder), selectedName);
+        const SettingRow& row = *std::ranges::find(settingTable, order, &SettingRow::saveOrder);
+        if (const char* text = savedText(row, selectedName, digits[static_cast<std::size_t>(order - 1)])) {
+            values.push_back({row.section, row.key, text});
+        }
     }
+    writeProfileValues(values, iniPath);
 }
 
 std::uint64_t savedStateHash(const char* selectedName) {

@@ -12,7 +12,8 @@ extern const char* iniPath;
 void loadSettings();
 
 // Writes the keys that the menu can change, and the name of the selected game. When selectedName is null,
-// that key keeps its value in the file. A failed write leaves the file unchanged and is not reported.
+// that key keeps its value in the file. The file is replaced once, or not at all when nothing has changed. A
+// failed write leaves it unchanged and is not reported.
 void saveSettings(const char* selectedName);
 
 // Returns a number that changes with any value that saveSettings(selectedName) writes. Allocates nothing.

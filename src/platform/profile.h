@@ -8,6 +8,8 @@
 
 #include "platform/types.h"
 
+#include <span>
+
 // Copies the value of a key, or the default when the file, section or key is missing, into a buffer of `size`
 // bytes. The copy is truncated to size - 1 characters and always terminated; a size of 0 copies nothing.
 // Returns the number of characters copied, without the terminator. A null default counts as "". section and
@@ -27,3 +29,14 @@ UINT GetPrivateProfileIntA(LPCSTR section, LPCSTR key, int defaultValue, LPCSTR 
 // cannot be read, when it cannot be written, when the disk is full, and for a section or key name that cannot
 // be stored in a line. section, key and value must not be null.
 BOOL WritePrivateProfileStringA(LPCSTR section, LPCSTR key, LPCSTR value, LPCSTR file);
+
+struct ProfileValue {
+    LPCSTR section;
+    LPCSTR key;
+    LPCSTR value;
+};
+
+// Sets several keys in their order as WritePrivateProfileStringA does, with a single replacement of the file:
+// the values are either all in the file or none is. Returns FALSE, with the file unchanged, when any of them
+// cannot be set.
+BOOL writeProfileValues(std::span<const ProfileValue> values, LPCSTR file);

@@ -9,6 +9,7 @@
 #include <time.h>
 
 #include <algorithm>
+#include <array>
 #include <cerrno>
 #include <cstdlib>
 #include <cstring>
@@ -88,6 +89,12 @@ std::optional<std::string_view> readValue(LPCSTR section, LPCSTR key, LPCSTR fil
     return lastRead.text->value(trimmedName(section), trimmedName(key));
 }
 
+std::string singleLine(std::string text) {
+    std::replace_if(
+        text.begin(), text.end(), [](char letter) { return letter == '\r' || letter == '\n'; }, ' ');
+    return text;
+}
+
 } // namespace
 
 DWORD GetPrivateProfileStringA(LPCSTR section, LPCSTR key, LPCSTR defaultText, LPSTR buffer, DWORD size,
@@ -112,25 +119,33 @@ UINT GetPrivateProfileIntA(LPCSTR section, LPCSTR key, int defaultValue, LPCSTR 
     return static_cast<UINT>(std::clamp<long long>(number, Limits::min(), Limits::max()));
 }
 
-BOOL WritePrivateProfileStringA(LPCSTR sectionName, LPCSTR keyName, LPCSTR valueText, LPCSTR file) {
-    const std::string_view section = trimmedName(sectionName);
-    const std::string_view key = trimmedName(keyName);
-    if (!file || !isWritableSection(section) || !isWritableKey(key)) {
-        return FALSE;
-    }
-    std::string value = valueText;
-    std::replace_if(
-        value.begin(), value.end(), [](char letter) { return letter == '\r' || letter == '\n'; }, ' ');
-    const std::string path = nativePath(file);
-    const ReadResult result = readProfile(path);
+BOOL WritePrivateProfileStringA(LPCSTR section, LPCSTR key, LPCSTR value, LPCSTR file) {
+    return writeProfileValues(std::array{ProfileValue{section, key, value}}, file);
+}
+
+BOOL writeProfileValues(std::span<const ProfileValue> values, LPCSTR file) {
+    const std::string path = nativePath(file ? file : "");
+    const ReadResult result = file ? readProfile(path) : ReadResult::unreadable;
     if (result == ReadResult::unreadable) {
         return FALSE;
     }
+    std::unique_ptr<ProfileText> changed;
+    std::string text;
     if (result == ReadResult::missing) {
-        return replaceFile(path, ProfileText("").withValue(section, key, value)) ? TRUE : FALSE;
+        changed = std::make_unique<ProfileText>("");
     }
-    if (lastRead.text->value(section, key) == value) {
-        return TRUE;
+    for (const ProfileValue& entry : values) {
+        const std::string_view section = trimmedName(entry.section);
+        const std::string_view key = trimmedName(entry.key);
+        if (!isWritableSection(section) || !isWritableKey(key)) {
+            return FALSE;
+        }
+        const std::string value = singleLine(entry.value);
+        const ProfileText& current = changed ? *changed : *lastRead.text;
+        if (current.value(section, key) != value) {
+            text = current.withValue(section, key, value);
+            changed = std::make_unique<ProfileText>(text);
+        }
     }
-    return replaceFile(path, lastRead.text->withValue(section, key, value)) ? TRUE : FALSE;
+    return !changed || replaceFile(path, text) ? TRUE : FALSE;
 }

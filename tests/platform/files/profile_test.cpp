@@ -162,6 +162,20 @@ TEST_F(ProfileTest, WritesOnlyTheOneValue) {
     EXPECT_EQ(entries(), 1);
 }
 
+TEST_F(ProfileTest, WritesSeveralValuesInOneReplacementOrNone) {
+    folder.write("x.ini", "[S]\nK=1\n;kept\n[T]\n");
+    const ProfileValue values[] = {{"S", "K", "2"}, {"U", "L", "a\nb"}, {"S", "M", "3"}, {"S", "K", "4"}};
+    const ProfileValue unwritable[] = {{"S", "K", "5"}, {"S", "=", "5"}};
+    EXPECT_TRUE(writeProfileValues(values, "x.ini"));
+    const std::string written = folder.read("x.ini");
+    EXPECT_EQ(written, "[S]\nK=4\nM=3\n;kept\n[T]\n[U]\nL=a b\n");
+    EXPECT_FALSE(writeProfileValues(unwritable, "x.ini"));
+    std::filesystem::create_directories("x.ini.new~/not empty");
+    EXPECT_TRUE(writeProfileValues(std::span(values).subspan(1), "x.ini")) << "nothing to change";
+    EXPECT_FALSE(writeProfileValues(values, "x.ini")) << "K changes on the way";
+    EXPECT_EQ(folder.read("x.ini"), written);
+}
+
 TEST_F(ProfileTest, ValuesSurviveARoundTrip) {
     for (const char* text :
          {"", " ", " a", "a\t", "\"a\"", "'a'", "\"", "\"\"", "\" \"", "[T]", ";x", "=", "\xE9\\n"}) {
