@@ -212,4 +212,40 @@ TEST_F(Presses, AreServedAtOnce) {
     }
 }
 
+// The loop then owes ticks, which follow each other at once; the delay is one of time, not of ticks.
+TEST_F(Presses, BeginAgainAfterAGameOrAFlush) {
+    frontEnd.addRom("g050");
+    frontEnd.addRom("g051");
+    frontEnd.set("Settings", "Mame.exe", frontEnd.folder().write("emulator", "#!/bin/sh\n"));
+    std::filesystem::permissions("emulator", std::filesystem::perms::all);
+    frontEnd.set("Extras", "RepeatDelay", "300");
+    const struct {
+        const char* what;
+        SDL_Scancode command; // at 150
+        std::vector<Event> events;
+        std::int64_t resumed; // first tick of the list
+        int moved;            // by then
+    } rows[] = {
+        {"held during the game", SDL_SCANCODE_1, held(down, 50, 2650), 2200, 2},
+        {"pressed at its end", SDL_SCANCODE_1, held(down, 2100, 2650), 2200, 1},
+        {"pressed again after the menu", SDL_SCANCODE_2,
+         both(both(held(down, 250, 1150), held(SDL_SCANCODE_ESCAPE, 950, 960)), held(down, 1250, 2050)), 1500,
+         1},
+    };
+    for (const auto& row : rows) {
+        frontEnd.restart();
+        frontEnd.set("System", "SelectedGame", "g050");
+        frontEnd.tap(150, row.command);
+        for (const Event& event : row.events) {
+            schedule(event);
+        }
+        const auto expectMoved = [&](std::int64_t time, int moved) {
+            frontEnd.at(time, [=] { EXPECT_EQ(selectedIndex - startIndex, moved) << row.what << time; });
+        };
+        expectMoved(row.resumed + 290, row.moved);
+        expectMoved(row.resumed + 390, row.moved + 1);
+        EXPECT_EQ(frontEnd.run(3500), 0);
+    }
+}
+
 } // namespace
