@@ -15,6 +15,7 @@ BOOL QueryPerformanceCounter(LARGE_INTEGER* counter);
 // interval.
 void Sleep(DWORD milliseconds);
 
-// With true, a pause that was raised to that minimum ends at the first key press, change of the joystick or
-// queued message, but not before the time that was asked for. Off at the start.
+// With true, the minimum is 25 ms instead of 20, and a pause that was raised to it ends at the first key
+// press, change of the joystick or queued message, but not before the time that was asked for. Off at the
+// start.
 void setSleepWakesOnInput(bool wakes);
