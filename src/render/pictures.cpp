@@ -187,21 +187,24 @@ void stretchTo(HDC dc, const RECT& target, const PngDibParams& picture) {
 }
 
 // Stretches the picture before turning it, since turning the pixels of a canvas is cheaper than turning those
-// of a bitmap of 24 bits.
+// of a bitmap of 24 bits. Works in strips that stay in the processor's cache.
 void stretchTurned(HDC dc, const RECT& place, const RECT& read, const PngDibParams& picture) {
+    constexpr LONG stripPixels = 1 << 17; // 512 KiB
     const SIZE size{read.right - read.left, read.bottom - read.top};
+    const LONG rows = std::clamp(stripPixels / std::max(size.cx, 1), 1, std::max(size.cy, 1));
     const HDC canvas = CreateCompatibleDC(dc);
-    const HBITMAP bitmap = CreateCompatibleBitmap(dc, size.cx, size.cy);
-    if (bitmap) {
-        const HGDIOBJ previous = SelectObject(canvas, bitmap);
-        stretchTo(canvas, {0, 0, size.cx, size.cy}, picture);
-        const POINT corners[] = {textOrigin(place, read.left, read.top),
-                                 textOrigin(place, read.right, read.top),
-                                 textOrigin(place, read.left, read.bottom)};
-        PlgBlt(dc, corners, canvas, 0, 0, size.cx, size.cy, nullptr, 0, 0);
-        SelectObject(canvas, previous);
-        DeleteObject(bitmap);
+    const HBITMAP bitmap = CreateCompatibleBitmap(dc, size.cx, rows);
+    const HGDIOBJ previous = SelectObject(canvas, bitmap);
+    for (LONG top = 0; previous && top < size.cy; top += rows) {
+        const LONG bottom = std::min(top + rows, size.cy);
+        stretchTo(canvas, {0, -top, size.cx, size.cy - top}, picture);
+        const POINT corners[] = {textOrigin(place, read.left, read.top + top),
+                                 textOrigin(place, read.right, read.top + top),
+                                 textOrigin(place, read.left, read.top + bottom)};
+        PlgBlt(dc, corners, canvas, 0, 0, size.cx, bottom - top, nullptr, 0, 0);
     }
+    SelectObject(canvas, previous);
+    DeleteObject(bitmap);
     DeleteDC(canvas);
 }
 

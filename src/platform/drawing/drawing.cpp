@@ -46,19 +46,28 @@ bool isWithin(const Surface& surface, int x, int y, int width, int height) {
            height <= surface.height - y;
 }
 
-// The clockwise rotation that moves the corners of a rectangle of this size to the given ones.
-std::optional<int> rotationOf(const POINT* corners, int width, int height) {
-    const POINT across{corners[1].x - corners[0].x, corners[1].y - corners[0].y};
-    const POINT down{corners[2].x - corners[0].x, corners[2].y - corners[0].y};
-    const auto isTurn = [&](POINT right, POINT below) {
-        return across.x == width * right.x && across.y == width * right.y && down.x == height * below.x &&
-               down.y == height * below.y;
+// A vector in the target, in pixels.
+struct Step {
+    std::int64_t x;
+    std::int64_t y;
+    bool operator==(const Step&) const = default;
+};
+
+Step stepBetween(const POINT& from, const POINT& to) {
+    return {std::int64_t{to.x} - from.x, std::int64_t{to.y} - from.y};
+}
+
+// The clockwise rotation that moves the sides of a rectangle of this size to the given ones.
+std::optional<int> rotationOf(const Step& across, const Step& down, int width, int height) {
+    const auto isTurn = [&](int cosine, int sine) {
+        return across == Step{std::int64_t{width} * cosine, std::int64_t{width} * sine} &&
+               down == Step{std::int64_t{-height} * sine, std::int64_t{height} * cosine};
     };
-    return isTurn({1, 0}, {0, 1})     ? std::optional(0)
-           : isTurn({0, 1}, {-1, 0})  ? std::optional(90)
-           : isTurn({-1, 0}, {0, -1}) ? std::optional(180)
-           : isTurn({0, -1}, {1, 0})  ? std::optional(-90)
-                                      : std::nullopt;
+    return isTurn(1, 0)    ? std::optional(0)
+           : isTurn(0, 1)  ? std::optional(90)
+           : isTurn(-1, 0) ? std::optional(180)
+           : isTurn(0, -1) ? std::optional(-90)
+                           : std::nullopt;
 }
 
 } // namespace
@@ -102,15 +111,16 @@ BOOL PlgBlt(HDC target, const POINT* corners, HDC source, int sourceX, int sourc
     if (!isWithin(from, sourceX, sourceY, width, height)) {
         return FALSE;
     }
-    const std::optional<int> rotation = rotationOf(corners, width, height);
-    if (rotation) {
-        const POINT opposite{corners[1].x + corners[2].x - corners[0].x,
-                             corners[1].y + corners[2].y - corners[0].y};
-        copyTurned({from.row(sourceY) + sourceX, width, height, from.width}, *rotation,
-                   *targetContext->surface, std::min(corners[0].x, opposite.x),
-                   std::min(corners[0].y, opposite.y));
+    const Step across = stepBetween(corners[0], corners[1]);
+    const Step down = stepBetween(corners[0], corners[2]);
+    const std::optional<int> rotation = rotationOf(across, down, width, height);
+    if (!rotation) {
+        return FALSE;
     }
-    return rotation ? TRUE : FALSE;
+    copyTurned({from.row(sourceY) + sourceX, width, height, from.width}, *rotation, *targetContext->surface,
+               corners[0].x + std::min<std::int64_t>(across.x + down.x, 0),
+               corners[0].y + std::min<std::int64_t>(across.y + down.y, 0));
+    return TRUE;
 }
 
 int MulDiv(int number, int numerator, int denominator) {

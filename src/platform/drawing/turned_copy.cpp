@@ -33,18 +33,18 @@ bool swapsSides(int rotation) {
     return rotation == 90 || rotation == -90;
 }
 
-void copyTurned(const PixelRows& picture, int rotation, Surface& surface, int x, int y) {
+void copyTurned(const PixelRows& picture, int rotation, Surface& surface, std::int64_t x, std::int64_t y) {
     const Turn turn = turnOf(picture, rotation);
     const bool swapped = swapsSides(rotation);
-    const std::int64_t right = std::int64_t{x} + (swapped ? picture.height : picture.width);
-    const std::int64_t bottom = std::int64_t{y} + (swapped ? picture.width : picture.height);
+    const std::int64_t right = x + (swapped ? picture.height : picture.width);
+    const std::int64_t bottom = y + (swapped ? picture.width : picture.height);
     const std::ptrdiff_t lastColumn = std::min<std::int64_t>(right, surface.width);
     const std::ptrdiff_t lastRow = std::min<std::int64_t>(bottom, surface.height);
     // A quarter turn goes through blocks, because the processor keeps track of only some dozens of rows at a
     // time.
     const std::ptrdiff_t block = swapped ? 32 : std::max<std::ptrdiff_t>(surface.width, surface.height);
-    for (std::ptrdiff_t top = std::max(y, 0); top < lastRow; top += block) {
-        for (std::ptrdiff_t left = std::max(x, 0); left < lastColumn; left += block) {
+    for (std::ptrdiff_t top = std::max<std::ptrdiff_t>(y, 0); top < lastRow; top += block) {
+        for (std::ptrdiff_t left = std::max<std::ptrdiff_t>(x, 0); left < lastColumn; left += block) {
             const std::ptrdiff_t end = std::min(left + block, lastColumn);
             for (std::ptrdiff_t row = top; row < std::min(top + block, lastRow); ++row) {
                 const std::uint32_t* source =

@@ -19,4 +19,4 @@ struct PixelRows {
 
 // Copies the picture, turned clockwise by 0, 90, -90 or 180 degrees, to where its top left corner is then at
 // (x, y); clipped to the surface.
-void copyTurned(const PixelRows& picture, int rotation, Surface& surface, int x, int y);
+void copyTurned(const PixelRows& picture, int rotation, Surface& surface, std::int64_t x, std::int64_t y);

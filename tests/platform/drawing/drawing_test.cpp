@@ -84,6 +84,52 @@ TEST(Drawing, BitBltCopiesAsFromASnapshotInEveryDirection) {
     }
 }
 
+TEST(Drawing, PlgBltTurnsTheCopyAndClipsIt) {
+    const SIZE size{5, 3};
+    const struct {
+        POINT across; // direction of the rows of the source in the target
+        POINT down;
+    } turns[] = {{{1, 0}, {0, 1}}, {{0, 1}, {-1, 0}}, {{-1, 0}, {0, -1}}, {{0, -1}, {1, 0}}};
+    for (const auto& [across, down] : turns) {
+        for (const POINT corner :
+             {POINT{6, 6}, POINT{1, 1}, POINT{11, 11}, POINT{-20, 5}, POINT{INT_MAX, 3}}) {
+            const Canvas source;
+            Canvas target;
+            std::vector<std::uint32_t> wanted = target.pixels();
+            for (int i = 0; i < size.cx * size.cy; ++i) {
+                // Doubled, to find the pixel by its middle.
+                const int column = 2 * (i % size.cx) + 1;
+                const int row = 2 * (i / size.cx) + 1;
+                const std::int64_t x = 2 * std::int64_t{corner.x} + column * across.x + row * down.x;
+                const std::int64_t y = 2 * std::int64_t{corner.y} + column * across.y + row * down.y;
+                if (std::min(x, y) >= 0 && std::max(x, y) < std::int64_t{2} * side) {
+                    wanted[static_cast<std::size_t>(y / 2 * side + x / 2)] =
+                        source.surface.row(1 + row / 2)[2 + column / 2];
+                }
+            }
+            POINT corners[] = {corner, corner, corner};
+            const auto add = [](LONG& place, LONG step) {
+                place =
+                    static_cast<LONG>(std::clamp<std::int64_t>(std::int64_t{place} + step, INT_MIN, INT_MAX));
+            };
+            add(corners[1].x, size.cx * across.x);
+            add(corners[1].y, size.cx * across.y);
+            add(corners[2].x, size.cy * down.x);
+            add(corners[2].y, size.cy * down.y);
+            PlgBlt(target.dc, corners, source.dc, 2, 1, size.cx, size.cy, nullptr, 0, 0);
+            EXPECT_EQ(target.pixels(), wanted) << across.x << " " << down.x << " at " << corner.x;
+            corners[2].x += corner.x == INT_MAX ? -1 : 1; // sheared
+            EXPECT_FALSE(PlgBlt(target.dc, corners, source.dc, 2, 1, size.cx, size.cy, nullptr, 0, 0));
+        }
+    }
+    const Canvas source;
+    const Canvas target;
+    const POINT corners[] = {{0, 0}, {5, 0}, {0, 3}};
+    EXPECT_FALSE(PlgBlt(target.dc, corners, source.dc, 8, 1, size.cx, size.cy, nullptr, 0, 0)) << "outside";
+    EXPECT_FALSE(PlgBlt(target.dc, corners, target.dc, 2, 1, size.cx, size.cy, nullptr, 0, 0));
+    EXPECT_FALSE(PlgBlt(target.dc, corners, nullptr, 2, 1, size.cx, size.cy, nullptr, 0, 0));
+}
+
 TEST(Drawing, InvalidOrOutsideBitBltChangesNothing) {
     Canvas target;
     const Canvas source;
