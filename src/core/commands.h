@@ -1,5 +1,5 @@
 // The player's commands. The main loop calls handleTick ten times a second; each call polls every control and
-// executes the requested commands in a fixed order. No state is kept between two calls.
+// executes the requested commands in a fixed order. Only the extras keep state between two calls.
 #pragma once
 
 #include "platform/types.h"

@@ -1,6 +1,5 @@
 // The options menu: 23 lines, and one for the favourites, that change the settings in memory. Called by the
-// ShowMenu command, which then filters and redraws. The ini file is not written here, only at the end of the
-// program.
+// ShowMenu command, which then filters and redraws. The ini file is not written here.
 #pragma once
 
 // Shows the menu and blocks until it is closed; there is no way to cancel. Returns 1 when every line has been
