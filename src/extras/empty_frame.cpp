@@ -2,7 +2,7 @@
 
 #include "catalogue/game_catalogue.h"
 #include "config/settings.h"
-#include "extras/key_names.h"
+#include "input/control_names.h"
 #include "overlays/word_wrap.h"
 #include "platform/device_contexts.h"
 #include "render/primitives.h"
@@ -40,7 +40,10 @@ std::string wayToTheOptions() {
         return {};
     }
     const std::string key = keyName(settings.keyShowMenu);
-    const std::string button = settings.useJoystick ? joystickControlName(settings.joyShowMenu) : "";
+    std::string button = settings.useJoystick ? joystickName(settings.joyShowMenu) : "";
+    if (!button.empty()) {
+        button += " of the joystick";
+    }
     const std::string either = key.empty() || button.empty() ? key + button : key + " or " + button;
     return either.empty() ? "" : "Press " + either + " to open the options.";
 }

@@ -7,6 +7,7 @@
 #include "catalogue/visible_games.h"
 #include "config/settings.h"
 #include "input/controls.h"
+#include "input/press_tracker.h"
 #include "input/sounds.h"
 #include "platform/diagnostics.h"
 #include "platform/files.h"
@@ -177,18 +178,16 @@ std::array<PressCommand, 2> commands = {{
     {&Settings::keyFavouritesOnly, &Settings::joyFavouritesOnly, toggleView, false},
 }};
 
-bool isPressed(const PressCommand& command) {
+// Also true when the control was released and pressed again since the last tick.
+bool isNewlyPressed(PressCommand& command) {
     const std::int32_t key = settings.*command.key;
     const std::int32_t joystick = settings.*command.joystick;
-    return (key != 0 && keyPressed(key)) || (joystick != 0 && joyPressed(joystick));
-}
-
-// The second poll no longer reports a press that is over, so that taps in two ticks in a row are two presses.
-bool isNewlyPressed(PressCommand& command) {
+    const KeyReading reading = key != 0 ? readKey(key) : KeyReading{};
+    const bool pushed = !reading.active && joystick != 0 && joyPressed(joystick);
+    filterReading({command.key, command.joystick, reading, pushed}); // tracks the control for early ticks
     const bool wasHeld = command.isHeld;
-    const bool pressed = isPressed(command);
-    command.isHeld = pressed && isPressed(command);
-    return pressed && !wasHeld;
+    command.isHeld = reading.active || pushed;
+    return command.isHeld && (!wasHeld || reading.pressed);
 }
 
 } // namespace
