@@ -9,6 +9,7 @@
 #include "render/turns.h"
 
 #include <algorithm>
+#include <cctype>
 #include <span>
 #include <string>
 #include <vector>
@@ -42,7 +43,8 @@ std::string wayToTheOptions() {
     const std::string key = keyName(settings.keyShowMenu);
     std::string button = settings.useJoystick ? joystickName(settings.joyShowMenu) : "";
     if (!button.empty()) {
-        button += " of the joystick";
+        button.front() = static_cast<char>(std::tolower(static_cast<unsigned char>(button.front())));
+        button.insert(0, "joystick ");
     }
     const std::string either = key.empty() || button.empty() ? key + button : key + " or " + button;
     return either.empty() ? "" : "Press " + either + " to open the options.";
