@@ -50,7 +50,7 @@ struct Settings {
                                    // options menu
     std::int32_t menuType;         // MenuTypeChoice; changed by the options menu
     std::int32_t previewPictures;  // PreviewPicturesChoice; changed by the Picture cycle and the options menu
-    std::int32_t previewModeWidth; // in pixels, like the two below; drawImageBrowser sets width and height
+    std::int32_t previewModeWidth; // in pixels, like the two below; set by the image browsers of both layouts
     std::int32_t previewModeHeight;
     std::int32_t previewModeSpacer;
     std::int32_t previewFontSize;

@@ -9,7 +9,6 @@
 #include "render/turns.h"
 
 #include <algorithm>
-#include <cctype>
 #include <span>
 #include <string>
 #include <vector>
@@ -41,11 +40,7 @@ std::string wayToTheOptions() {
         return {};
     }
     const std::string key = keyName(settings.keyShowMenu);
-    std::string button = settings.useJoystick ? joystickName(settings.joyShowMenu) : "";
-    if (!button.empty()) {
-        button.front() = static_cast<char>(std::tolower(static_cast<unsigned char>(button.front())));
-        button.insert(0, "joystick ");
-    }
+    const std::string button = settings.useJoystick ? joystickName(settings.joyShowMenu) : "";
     const std::string either = key.empty() || button.empty() ? key + button : key + " or " + button;
     return either.empty() ? "" : "Press " + either + " to open the options.";
 }

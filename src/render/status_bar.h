@@ -12,6 +12,7 @@ extern std::int32_t statusBarHeight;
 
 // Draws the bar for the game at an index of visibleGames, along the bottom edge as read: the bottom of the
 // frame at 0, the left at 90, the top at 180, the right at -90. width and height are the size of the frame.
+// With Layout=Turned the texts are shortened to fit.
 // Leaves its font, colours and OPAQUE mode selected. Draws nothing when the bar is disabled. Always
 // returns 1.
 int drawStatusBar(HDC dc, std::int32_t index, std::int32_t width, std::int32_t height);
