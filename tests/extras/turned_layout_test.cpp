@@ -94,7 +94,7 @@ TEST_F(TurnedLayoutTest, TurnsTheUprightFrameAsAWhole) {
     addArt("snaps/g0", {320, 240});
     for (const std::int32_t view : views) {
         settings.menuType = view;
-        for (const SIZE read : {SIZE{640, 480}, SIZE{480, 640}, SIZE{333, 501}}) {
+        for (const SIZE read : {SIZE{1280, 1024}, SIZE{333, 501}}) {
             const RECT whole{0, 0, read.cx, read.cy};
             drawAsRead(0, read);
             const std::vector<std::uint32_t> upright = pixelsAsRead(whole);
@@ -208,6 +208,12 @@ TEST_F(TurnedLayoutTest, KeepsThePositionInTheStatusBarLegible) {
                 ends[length / 200] = pixelsAsRead({start, 640 - statusBarHeight, 480, 640});
             }
             EXPECT_EQ(ends[0], ends[1]) << points << " at " << rotation;
+            const RECT bar{0, 640 - statusBarHeight, 480, 640};
+            const std::vector<std::uint32_t> sortedByTitle = pixelsAsRead(bar);
+            settings.sortBy = sortByYear;
+            draw();
+            EXPECT_EQ(pixelsAsRead(bar) == sortedByTitle, points == 18) << "the words of the position";
+            settings.sortBy = sortByName;
         }
     }
 }
