@@ -68,15 +68,20 @@ BOOL CreateProcessA(LPCSTR applicationName, LPSTR commandLine, SECURITY_ATTRIBUT
                     LPVOID environment, LPCSTR workingDirectory, const STARTUPINFOA* startup,
                     PROCESS_INFORMATION* process);
 
-// Waits until a process ends; timeout must be INFINITE. Meanwhile the last picture stays on the screen, the
-// display's events are handled and no message is dispatched. When the program is asked to end from outside,
-// the child's process group is sent SIGTERM, SIGHUP after 2 s and SIGKILL after 4 s (SIGHUP after 0.5 s and
-// SIGKILL after 1.5 s when the display has been lost), and the wait continues until the whole group has
-// ended. A child without redirected streams may draw, so CreateProcessA releases the display for it; this
-// call takes the display back once the child has ended, raises the window, focuses it and shows it again.
-// Returns WAIT_OBJECT_0, WAIT_TIMEOUT when the child has not ended even after SIGKILL, or WAIT_FAILED
-// immediately when the handle is not a process.
+// Waits until a process ends, at most `timeout` milliseconds unless that is INFINITE. Meanwhile the last
+// picture stays on the screen, the display's events are handled and no message is dispatched. When the
+// program is asked to end from outside, the child's process group is sent SIGTERM, SIGHUP after 2 s and
+// SIGKILL after 4 s (SIGHUP after 0.5 s and SIGKILL after 1.5 s when the display has been lost), and the wait
+// continues until the whole group has ended. A child without redirected streams may draw, so CreateProcessA
+// releases the display for it; this call takes the display back once the child has ended, raises the window,
+// focuses it and shows it again. Returns WAIT_OBJECT_0, WAIT_TIMEOUT when the time is over or the child has
+// not ended even after SIGKILL, or WAIT_FAILED immediately when the handle is not a process.
 DWORD WaitForSingleObject(HANDLE process, DWORD timeout);
+
+// Kills a process with its process group; it has ended once WaitForSingleObject says so. The exit code is
+// ignored: it is that of a process killed by SIGKILL. FALSE when the handle is not a process or the process
+// has ended.
+BOOL TerminateProcess(HANDLE process, UINT exitCode);
 
 // The exit code of a process that has ended: 0 to 255, or 128 plus the number of the signal that killed it.
 // FALSE when the handle is not a process or the process has not ended.

@@ -18,6 +18,7 @@
 #include <unistd.h>
 
 #include <array>
+#include <chrono>
 #include <memory>
 #include <optional>
 #include <string>
@@ -138,8 +139,13 @@ BOOL CreateProcessA(LPCSTR applicationName, LPSTR commandLine, SECURITY_ATTRIBUT
     return TRUE;
 }
 
-DWORD WaitForSingleObject(HANDLE process, DWORD) {
+DWORD WaitForSingleObject(HANDLE process, DWORD timeout) {
     constexpr int keepAliveInterval = 50; // milliseconds
+    const auto start = std::chrono::steady_clock::now();
+    const auto isLate = [&] {
+        return timeout != INFINITE &&
+               std::chrono::steady_clock::now() - start >= std::chrono::milliseconds(timeout);
+    };
     ChildProcess* child = findSystemObject<ChildProcess>(process);
     if (!child) {
         return WAIT_FAILED;
@@ -152,6 +158,9 @@ DWORD WaitForSingleObject(HANDLE process, DWORD) {
         poll(&ending, 1, keepAliveInterval);
     };
     while (!child->hasEnded() && !end.isOver()) {
+        if (isLate()) {
+            return WAIT_TIMEOUT;
+        }
         waitOneInterval();
     }
     child->returnDisplay();
@@ -160,6 +169,15 @@ DWORD WaitForSingleObject(HANDLE process, DWORD) {
         waitOneInterval();
     }
     return child->hasEnded() ? WAIT_OBJECT_0 : WAIT_TIMEOUT;
+}
+
+BOOL TerminateProcess(HANDLE process, UINT) {
+    ChildProcess* child = findSystemObject<ChildProcess>(process);
+    if (!child || child->hasEnded() || killpg(child->number, SIGKILL) != 0) {
+        return FALSE;
+    }
+    child->returnDisplay();
+    return TRUE;
 }
 
 BOOL GetExitCodeProcess(HANDLE process, DWORD* exitCode) {
