@@ -1,5 +1,7 @@
 // kestravox-setup: sets up the front end for a real emulator.
 #include "setup/command_line.h"
+#include "setup/pages/key_display.h"
+#include "setup/pages/pages.h"
 #include "setup/terminal.h"
 
 #include <cstdio>
@@ -22,7 +24,15 @@ int main(int count, char** arguments) {
     case SetupTask::version:
         std::puts("kestravox-setup " KESTRAVOX_VERSION);
         return 0;
-    default:
+    case SetupTask::keys:
+        return showPressedKeys();
+    case SetupTask::pages:
+        if (const auto result = runSetupPages(options)) {
+            return *result;
+        }
+        return writeOnTerminal(options);
+    case SetupTask::write:
         return writeOnTerminal(options);
     }
+    return 0;
 }

@@ -1,0 +1,7 @@
+// The last page: what has been chosen, and writing it. Called by pages.cpp.
+#pragma once
+
+#include "setup/pages/page.h"
+#include "setup/pages/setup_state.h"
+
+PageContent summaryPage(SetupState& state);
