@@ -13,9 +13,10 @@ constexpr std::int64_t captureLimit = 6000; // milliseconds
 void showQuestion(std::size_t command, ControlSlot slot, std::int64_t left, const std::string& notice) {
     constexpr std::int64_t second = 1000;
     PageContent content;
-    content.title = "Press what shall be: " + std::string(controlCommands[command].title);
-    content.help =
-        slot == ControlSlot::player2Key ? "A key of player 2." : "A key or a joystick control of player 1.";
+    content.title = "Press a control";
+    content.help = slot == ControlSlot::player2Key
+                       ? "A key of player 2 for this command:"
+                       : "A key or a joystick control of player 1 for this command:";
     content.large = controlCommands[command].title;
     content.notice = notice;
     content.keys = "Unchanged after " + std::to_string((left + second - 1) / second) + " s without a press";

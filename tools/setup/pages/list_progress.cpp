@@ -32,7 +32,9 @@ bool provideGameList(SetupState& state) {
     std::error_code error;
     const std::string folder = cabinetFolder(state);
     const bool hadList = fs::exists(listPath(state), error);
-    if (hadList && state.listedFor == state.emulator.program && loadGameListFrom(folder)) {
+    const bool isCurrent = state.listedFor.empty() || state.listedFor == state.emulator.program;
+    if (hadList && isCurrent && loadGameListFrom(folder)) {
+        state.listedFor = state.emulator.program;
         return true;
     }
     const std::int64_t start = pageMilliseconds();

@@ -16,7 +16,7 @@ namespace {
 // A page is laid out as read in a column with an aspect ratio of at most 4:3 in the middle of the surface,
 // from the top downwards; the bar at the bottom is as wide as the surface. The size of the font follows the
 // size of the column, so that each page has the same number of lines and characters on every screen.
-constexpr int columnsOfText = 36;
+constexpr int columnsOfText = 32;
 constexpr int linesOfText = 27;
 
 enum class TextSize { bar, body, title, large };
@@ -120,6 +120,7 @@ LONG drawTitle(const PageCanvas& canvas, const PageContent& content) {
     y += canvas.lineHeight();
     canvas.use(TextSize::body);
     canvas.text(canvas.right() - placeWidth, y - placeHeight, content.place, mutedColour());
+    y += canvas.margin() / 8;
     const LONG thickness = std::max<LONG>(canvas.margin() / 8, 1);
     canvas.fill({canvas.left(), y, canvas.right(), y + thickness}, settings.highlightBackColor);
     return y + thickness + canvas.margin() / 2;
@@ -149,7 +150,7 @@ LONG drawDetail(const PageCanvas& canvas, const PageContent& content, std::size_
     const LONG lines =
         text.empty() ? 0 : static_cast<LONG>(wrappedText(canvas.dc(), utf8ToCodePage(text), width).size());
     // The same space for each line, so that nothing moves with the selection.
-    const LONG height = std::max<LONG>(lines, hasDetails || isNotice ? 2 : 0) * canvas.lineHeight();
+    const LONG height = std::max<LONG>(lines, hasDetails ? 2 : 0) * canvas.lineHeight();
     const LONG top = bottom - height - canvas.margin() / 2;
     if (isNotice) {
         canvas.fill({0, top - canvas.margin() / 4, canvas.size().cx, bottom}, settings.highlightBackColor);
@@ -229,8 +230,10 @@ LONG drawLines(const PageCanvas& canvas, const PageContent& content, std::size_t
         return y;
     }
     y = drawHeadings(canvas, content, y);
-    const LONG rowHeight = canvas.lineHeight() * 6 / 5;
     const auto count = static_cast<LONG>(content.lines.size());
+    const LONG narrow = canvas.lineHeight() * 6 / 5;
+    const LONG wide = content.preview || !content.large.empty() ? narrow : canvas.lineHeight() * 3 / 2;
+    const LONG rowHeight = std::clamp((bottom - y) / count, narrow, wide);
     const LONG rows = std::clamp<LONG>((bottom - y) / rowHeight, 1, count);
     const LONG first = std::clamp<LONG>(static_cast<LONG>(selected) - rows / 2, 0, count - rows);
     for (LONG row = 0; row < rows; ++row) {

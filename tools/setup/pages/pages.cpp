@@ -11,6 +11,7 @@
 #include "setup/pages/summary_page.h"
 #include "setup/proposal.h"
 
+#include <cstdio>
 #include <filesystem>
 
 namespace {
@@ -74,7 +75,9 @@ std::optional<int> runSetupPages(const SetupOptions& options) {
     }
     findInstalledEmulators(state);
     const bool isWritten = runPages(state);
-    if (!isWritten) {
+    if (isWritten) {
+        std::printf("Written: %s\n", state.iniPath.c_str());
+    } else {
         removeMadeList(state);
     }
     closePageWindow();

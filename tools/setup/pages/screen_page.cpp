@@ -95,6 +95,7 @@ PageContent screenPage(SetupState& state) {
                   "Of the list. Menu and status bar follow.", changeFontSize),
         {continueLabel, {}, "", [] { return PageAction::forward; }, nullptr, nullptr},
     };
+    content.selected = content.lines.size() - 1;
     content.preview = drawScreenPreview;
     return content;
 }

@@ -16,7 +16,6 @@ constexpr const char* sampleTitles[] = {"Breakout",   "Computer Space", "Gun Fig
                                         "Quadrapong", "Gran Trak"};
 constexpr LONG selectedSample = 1;
 
-// In the lower half of the font, as everything here drawn through the area as read.
 void drawTextAt(HDC dc, const RECT& area, LONG x, LONG y, const std::string& text, LONG width) {
     drawText(dc, textOrigin(area, x, y), shortenedText(dc, text, static_cast<int>(width)).c_str());
 }
@@ -57,18 +56,19 @@ LONG drawBar(HDC dc, const RECT& area, const SIZE& size) {
 void drawArrow(HDC dc, const RECT& area, const RECT& box) {
     selectFont(dc, settings.fontFace, settings.fontSize, settings.orientation, 1);
     const LONG wordHeight = textHeight(dc);
-    const LONG height = box.bottom - box.top - wordHeight;
+    const LONG room = box.bottom - box.top - wordHeight;
+    const LONG height = std::clamp<LONG>(room, 0, box.right - box.left);
+    const LONG top = box.top + (room - height) / 2;
     const LONG centre = (box.left + box.right) / 2;
     const LONG head = height / 2;
     const LONG shaft = std::max<LONG>(head / 3, 1);
     for (LONG row = 0; row < height; ++row) {
         const LONG half = row < head ? row * 3 / 4 : shaft / 2 + 1;
-        fillRect(dc, turnedRect(area, {centre - half, box.top + row, centre + half + 1, box.top + row + 1}),
+        fillRect(dc, turnedRect(area, {centre - half, top + row, centre + half + 1, top + row + 1}),
                  settings.fontColor);
     }
     SetTextColor(dc, settings.fontColor);
-    drawTextAt(dc, area, centre - textWidth(dc, "UP") / 2, box.bottom - wordHeight, "UP",
-               box.right - box.left);
+    drawTextAt(dc, area, centre - textWidth(dc, "UP") / 2, top + height, "UP", box.right - box.left);
 }
 
 } // namespace

@@ -20,7 +20,7 @@ struct SetupState {
     Emulator emulator;               // the chosen one; without a program: none yet
 
     std::string proposedFor;        // the emulator whose folders have been proposed
-    std::string listedFor;          // the emulator that the game list on the disk is for
+    std::string listedFor;          // the emulator of the game list on the disk; empty: not known
     bool madeList = false;          // there was no list before
     std::vector<std::string> roots; // in which folders and sounds are looked for
     std::array<FolderCount, folderKinds.size()> counts;
