@@ -97,7 +97,7 @@ PageContent foldersPage(SetupState& state) {
     content.title = "Folders";
     content.help = "Where the games' files are. A game is listed when the ROM folder has its zip file; "
                    "everything else adds pictures, movies and texts.";
-    content.columns = {{"", 44}, {"Files", 14, true}, {"Games", 14, true}};
+    content.columns = {{"", 42}, {"Files", 13, true}, {"Games", 13, true}};
     content.keys = "Arrows: move    Enter: change    Del: none    Esc: back";
     content.notice = state.takeNotice();
     for (std::size_t index = 0; index < folderKinds.size(); ++index) {
