@@ -282,7 +282,20 @@ TEST_F(SetupPages, OnlyMovesRepeatWhileAControlIsHeld) {
     tapAt(start + 1000, SDL_SCANCODE_LEFT, 850);   // one, and five from 400 ms on
     tapAt(start + 2000, SDL_SCANCODE_RETURN, 900); // one choice
     tapAt(start + 3000, SDL_SCANCODE_ESCAPE);
-    EXPECT_EQ(runPage([&content] { return content; }), PageAction::back);
+    content.notice = "shown until the first action";
+    std::vector<bool> hasNotice;
+    for (const std::int64_t time : {50, 900}) {
+        virtualClockAt(start + time, [&hasNotice] {
+            hasNotice.push_back(pixelAt(1, 450) == pixelOfColor(settings.highlightBackColor));
+        });
+    }
+    EXPECT_EQ(runPage([&content] {
+                  PageContent built = content;
+                  built.notice = std::exchange(content.notice, "");
+                  return built;
+              }),
+              PageAction::back);
+    EXPECT_EQ(hasNotice, (std::vector{true, false}));
     EXPECT_EQ(choices, 1);
     EXPECT_EQ(steps, 1 - 1 - 5);
     closePageWindow();

@@ -7,12 +7,12 @@
 #include "platform/messages.h"
 #include "platform/module.h"
 #include "platform/painting.h"
-#include "platform/screen.h"
 #include "platform/window.h"
 #include "setup/pages/page_controls.h"
 #include "setup/pages/page_drawing.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 
@@ -112,6 +112,25 @@ void showSelected(const PageContent& content, std::size_t selected) {
     drawShown();
 }
 
+PageAction runFrom(PageContent content, const PageBuilder& build, std::size_t& selected) {
+    showSelected(content, selected);
+    flushPageKeys();
+    while (servePageWindow()) {
+        const PageKey key = pollPageKey();
+        if (key == PageKey::none) {
+            continue;
+        }
+        const PageAction action = carryOut(key, content, selected);
+        if (action != PageAction::stay) {
+            return action;
+        }
+        content = build();
+        selected = std::min(selected, content.lines.empty() ? 0 : content.lines.size() - 1);
+        showSelected(content, selected);
+    }
+    return PageAction::leave;
+}
+
 } // namespace
 
 bool openPageWindow() {
@@ -148,32 +167,17 @@ bool servePageWindow() {
         DispatchMessageA(&message);
     }
     Sleep(1);
-    return mainWindow && !GetSystemMetrics(SM_SHUTTINGDOWN);
+    return mainWindow != nullptr;
 }
 
 PageAction runPage(const PageBuilder& build) {
-    std::size_t selected = build().selected;
-    return runPage(build, selected);
+    PageContent first = build();
+    std::size_t selected = first.selected;
+    return runFrom(std::move(first), build, selected);
 }
 
 PageAction runPage(const PageBuilder& build, std::size_t& selected) {
-    PageContent content = build();
-    showSelected(content, selected);
-    flushPageKeys();
-    while (servePageWindow()) {
-        const PageKey key = pollPageKey();
-        if (key == PageKey::none) {
-            continue;
-        }
-        const PageAction action = carryOut(key, content, selected);
-        if (action != PageAction::stay) {
-            return action;
-        }
-        content = build();
-        selected = std::min(selected, content.lines.empty() ? 0 : content.lines.size() - 1);
-        showSelected(content, selected);
-    }
-    return PageAction::leave;
+    return runFrom(build(), build, selected);
 }
 
 int askOnPage(const std::string& title, const std::string& question, const std::string& safeAnswer,
