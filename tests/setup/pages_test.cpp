@@ -8,6 +8,7 @@
 #include "platform/test_access.h"
 #include "platform/virtual_clock.h"
 #include "setup/pages/applied_settings.h"
+#include "setup/pages/control_capture.h"
 #include "setup/pages/key_display.h"
 #include "setup/pages/page_window.h"
 #include "setup/pages/setup_state.h"
@@ -48,6 +49,13 @@ bool isLineSelected() {
     return count > 1500 && pixelAt(1, 460) != bar && pixelAt(1, 450) != bar;
 }
 
+// Its end left a message that would end the next one.
+void forgetFormerWindow() {
+    for (MSG message{}; PeekMessageA(&message, nullptr, 0, 0, PM_NOREMOVE);) {
+        GetMessageA(&message, nullptr, 0, 0);
+    }
+}
+
 struct Step {
     SDL_Scancode key;
     int times = 1;
@@ -57,6 +65,7 @@ struct Step {
 class SetupPages : public ::testing::Test {
 protected:
     SetupPages() {
+        forgetFormerWindow();
         setScreenSize(640, 480);
         for (const char* name : {"home/roms", "home/snap", "home/sounds", "bin"}) {
             fs::create_directories(folder.pathOf(name));
@@ -101,9 +110,7 @@ protected:
     }
 
     static int run() {
-        for (MSG message{}; PeekMessageA(&message, nullptr, 0, 0, PM_NOREMOVE);) {
-            GetMessageA(&message, nullptr, 0, 0); // the end of a former window
-        }
+        forgetFormerWindow();
         pushWindowEvent(SDL_WINDOWEVENT_FOCUS_GAINED);
         return runSetupPages({}).value_or(-1);
     }
@@ -255,9 +262,7 @@ TEST_F(SetupPages, AreWholeOnEveryScreen) {
                                         pixelOfColor(settings.highlightBackColor)}))
                 << size.cx << " " << word;
             closePageWindow();
-            for (MSG message{}; PeekMessageA(&message, nullptr, 0, 0, PM_NOREMOVE);) {
-                GetMessageA(&message, nullptr, 0, 0);
-            }
+            forgetFormerWindow();
         }
     }
 }
@@ -301,6 +306,42 @@ TEST_F(SetupPages, OnlyMovesRepeatWhileAControlIsHeld) {
     closePageWindow();
 }
 
+TEST_F(SetupPages, AJoystickThatIsPluggedInChoosesAndIsCaptured) {
+    applySettings(ChosenSettings());
+    ASSERT_TRUE(openPageWindow());
+    SDL_Joystick* pad = nullptr;
+    const auto button = [&pad](std::int64_t time, int number, bool down) {
+        virtualClockAt(virtualClockMilliseconds() + time,
+                       [&pad, number, down] { SDL_JoystickSetVirtualButton(pad, number, down ? 1 : 0); });
+    };
+    virtualClockAt(virtualClockMilliseconds() + 100, [&pad] {
+        SDL_InitSubSystem(SDL_INIT_JOYSTICK);
+        pad = SDL_JoystickOpen(SDL_JoystickAttachVirtual(SDL_JOYSTICK_TYPE_GAMECONTROLLER, 2, 12, 1));
+    });
+    PageContent content;
+    CapturedControl captured;
+    // Button 1 chooses; it is held when the capture starts, and counts when it is pressed again.
+    int captures = 0;
+    const auto capture = [&captured, &captures] {
+        ++captures;
+        captured = captureControl(true, 1000);
+        return PageAction::stay;
+    };
+    content.lines = {{"Line", {}, "", capture, nullptr, nullptr}};
+    button(300, 0, true);
+    button(500, 0, false);
+    button(700, 0, true);
+    button(900, 0, false);
+    button(1100, 1, true);
+    EXPECT_EQ(runPage([&content] { return content; }), PageAction::back);
+    EXPECT_TRUE(captured.isJoystick);
+    EXPECT_EQ(captured.code, 1);
+    EXPECT_EQ(captures, 1) << "the captured press does not choose as well";
+    closePageWindow();
+    SDL_JoystickClose(pad);
+    SDL_JoystickDetachVirtual(0);
+}
+
 TEST_F(SetupPages, KeysAreShownUntilNothingIsPressed) {
     const struct {
         std::vector<SDL_Scancode> keys;
@@ -317,9 +358,7 @@ TEST_F(SetupPages, KeysAreShownUntilNothingIsPressed) {
         for (std::size_t index = 0; index < row.keys.size(); ++index) {
             tapAt(start + static_cast<std::int64_t>(index) * 1000, row.keys[index]);
         }
-        for (MSG message{}; PeekMessageA(&message, nullptr, 0, 0, PM_NOREMOVE);) {
-            GetMessageA(&message, nullptr, 0, 0);
-        }
+        forgetFormerWindow();
         testing::internal::CaptureStdout();
         EXPECT_EQ(showPressedKeys(), 0);
         EXPECT_EQ(testing::internal::GetCapturedStdout(), row.printed);

@@ -1,5 +1,6 @@
 #include "setup/pages/summary_page.h"
 
+#include "catalogue/game_catalogue.h"
 #include "setup/pages/applied_settings.h"
 #include "setup/pages/list_progress.h"
 #include "setup/pages/page_window.h"
@@ -29,6 +30,9 @@ std::string soundSummary(const SetupState& state) {
 
 std::string listedGames(const SetupState& state) {
     const int count = countListedGames(state.chosen);
+    if (gameCount == 0) {
+        return "not known before the list is made";
+    }
     return count > 0 ? std::to_string(count) : "none: the ROM folder has no zip file of a game";
 }
 
