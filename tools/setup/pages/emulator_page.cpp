@@ -93,8 +93,8 @@ void findInstalledEmulators(SetupState& state) {
 PageContent emulatorPage(SetupState& state) {
     PageContent content;
     content.title = "Emulator";
-    content.keys = "Arrows: move    Enter: choose    Esc: leave";
-    content.columns = {{"Version", 30}, {"", 15}};
+    content.keys = "Arrows, stick: move    Enter, button 1: choose    Esc, button 2: leave";
+    content.columns = {{state.emulators.empty() ? "" : "Version", 30}, {"", 15}};
     content.notice = state.takeNotice();
     for (const Emulator& emulator : state.emulators) {
         content.lines.push_back(emulatorLine(state, emulator));
@@ -122,6 +122,7 @@ PageContent emulatorPage(SetupState& state) {
                              "After an emulator has been installed.",
                              [&state] {
                                  findInstalledEmulators(state);
+                                 state.notice = std::to_string(state.emulators.size()) + " found.";
                                  return PageAction::stay;
                              },
                              nullptr,

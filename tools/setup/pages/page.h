@@ -50,4 +50,4 @@ struct PageContent {
 // Called again after each action.
 using PageBuilder = std::function<PageContent()>;
 
-constexpr const char* usualPageKeys = "Arrows: move    Enter: choose    Esc: back";
+constexpr const char* usualPageKeys = "Arrows, stick: move    Enter, button 1: choose    Esc, button 2: back";
