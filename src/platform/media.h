@@ -21,8 +21,8 @@ constexpr UINT MCI_RESUME = 0x0855;
 //
 // "play repeat": endless playback.
 //
-// "setvideo rotation to N" (0, 90, -90 or 180 degrees): turns the movie clockwise, and fits its window into the
-// rectangle where it is placed next, centred, with the proportions of the turned movie and as large as
+// "setvideo rotation to N" (0, 90, -90 or 180 degrees): turns the movie clockwise, and fits its window into
+// the rectangle where it is placed next, centred, with the proportions of the turned movie and as large as
 // possible. For a window that has not been placed yet.
 constexpr UINT MCIWNDM_SENDSTRINGA = 0x0465;
 
