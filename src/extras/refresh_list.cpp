@@ -138,3 +138,7 @@ void refreshGameList() {
         writeDiagnostic(standardError, std::string("The game list was not made anew: ") + problem + ".");
     }
 }
+
+void noteListEmulator(const std::string& commandLine) {
+    replaceFileText(stampFile, stampOf(findProgram(commandLine)));
+}

@@ -2,6 +2,7 @@
 #include "setup/pages/page_window.h"
 
 #include "config/settings.h"
+#include "config/settings_file.h"
 #include "setup/page_keys.h"
 #include "setup/pages/applied_settings.h"
 #include "setup/pages/control_capture.h"

@@ -24,7 +24,7 @@ constexpr Option optionTable[] = {
      "Normal, ROL for a monitor turned clockwise, ROR for one turned the other way, or Inverted"},
     {"--write", SetupTask::write, &SetupOptions::ini, "FILE", "write this ini file, without questions"},
     {"--check", SetupTask::check, &SetupOptions::ini, "FILE",
-     "say what is wrong with an ini file, line by line"},
+     "say what is wrong with an ini file, line by line; without a name, with the usual one"},
     {"--keys", SetupTask::keys, nullptr, "",
      "show the code of each key and joystick control that is pressed"},
     {"--rebuild", SetupTask::rebuild, nullptr, "", "make the game list anew"},
@@ -56,7 +56,8 @@ std::string parseOptions(std::span<char* const> arguments, SetupOptions& options
         } else if (index + 1 < arguments.size()) {
             options.*option->value = arguments[++index];
         }
-        if ((options.*option->value).empty()) {
+        const bool hasUsualValue = option->task == SetupTask::check;
+        if ((options.*option->value).empty() && !hasUsualValue) {
             return std::string(name) + " needs a value.";
         }
     }

@@ -1,6 +1,8 @@
 #include "setup/game_list_maker.h"
 
 #include "catalogue/game_catalogue.h"
+#include "extras/refresh_list.h"
+#include "launch/list_generation.h"
 #include "platform/files.h"
 #include "platform/process.h"
 #include "platform/text_file.h"
@@ -12,7 +14,6 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr char listFile[] = "listinfo.dat";
 constexpr char newListFile[] = "listinfo.dat.part";
 constexpr char xmlFile[] = "listinfo.xml.part";
 
@@ -93,10 +94,10 @@ std::string runStep(const std::string& what, const std::string& commandLine, con
 std::string runSteps(const std::string& emulatorCommand, const ListProgress& progress) {
     std::error_code error;
     const std::string folder = fs::current_path(error).string();
-    std::string failure = runStep("The emulator lists its games", emulatorCommand + " -listxml", folder,
+    std::string failure = runStep("The emulator lists its games", emulatorCommand + listingOption, folder,
                                   nullptr, xmlFile, progress);
     if (failure.empty()) {
-        failure = runStep("The list is made", "xml2info", folder, xmlFile, newListFile, progress);
+        failure = runStep("The list is made", listConverter, folder, xmlFile, newListFile, progress);
     }
     if (failure.empty() && fs::file_size(newListFile, error) == 0) {
         failure = "The emulator did not write a whole list of games.";
@@ -104,6 +105,9 @@ std::string runSteps(const std::string& emulatorCommand, const ListProgress& pro
     if (failure.empty()) {
         fs::rename(newListFile, listFile, error);
         failure = error ? "The file listinfo.dat cannot be replaced." : "";
+    }
+    if (failure.empty()) {
+        noteListEmulator(emulatorCommand);
     }
     fs::remove(xmlFile, error);
     fs::remove(newListFile, error);

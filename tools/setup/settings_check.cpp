@@ -5,6 +5,7 @@
 #include "catalogue/rom_scan.h"
 #include "config/setting_table.h"
 #include "config/settings.h"
+#include "config/settings_file.h"
 #include "input/control_names.h"
 #include "platform/program_search.h"
 #include "platform/text_file.h"

@@ -6,6 +6,7 @@
 #include "setup/settings_check.h"
 #include "setup/settings_writer.h"
 
+#include <csignal>
 #include <cstdio>
 #include <filesystem>
 #include <string>
@@ -48,7 +49,13 @@ bool findEmulator(const SetupOptions& options, const ChosenSettings& chosen, Emu
     return false;
 }
 
-// Prints a line of progress about every two seconds.
+volatile std::sig_atomic_t stopRequested = 0;
+
+void requestStop(int) {
+    stopRequested = 1;
+}
+
+// Prints a line of progress about every two seconds. Returns false once a signal asks for the end.
 bool showProgress(const std::string& text) {
     constexpr int callsPerLine = 10;
     static int calls = 0;
@@ -56,10 +63,14 @@ bool showProgress(const std::string& text) {
         print(text);
         std::fflush(stdout);
     }
-    return true;
+    return stopRequested == 0;
 }
 
 int makeList(const std::string& command, const std::string& folder) {
+    // Ended by a signal, the program would leave the emulator's unfinished output.
+    for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
+        std::signal(signal, requestStop);
+    }
     const std::string failure = makeGameList(command, folder, showProgress);
     if (!failure.empty()) {
         printError(failure);
@@ -133,6 +144,7 @@ int writeOnTerminal(const SetupOptions& options) {
     printFolders(chosen);
     printRomlessGames(chosen);
     print("Written: " + ini);
+    print("Start it with kestravox-cabinet, or with kestravox in that folder.");
     return 0;
 }
 

@@ -1,4 +1,5 @@
 #include "setup/pages/applied_settings.h"
+#include "config/settings_file.h"
 
 #include "catalogue/game_filter.h"
 #include "catalogue/rom_scan.h"

@@ -1,4 +1,5 @@
 #include "setup/pages/key_display.h"
+#include "config/settings_file.h"
 
 #include "platform/key_codes.h"
 #include "setup/control_choice.h"

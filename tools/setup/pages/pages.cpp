@@ -1,4 +1,5 @@
 #include "setup/pages/pages.h"
+#include "config/settings_file.h"
 
 #include "setup/pages/applied_settings.h"
 #include "setup/pages/controls_page.h"

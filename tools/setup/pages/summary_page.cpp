@@ -42,9 +42,10 @@ PageContent startPage(const SetupState& state, int games) {
     content.help = "The settings are in " + state.iniPath + ". " + std::to_string(games) +
                    " games are listed. This starts the front end on a terminal:";
     content.columns = {{"", 80}};
-    content.lines = {{"In its folder", {"cd " + cabinetFolder(state)}, "", nullptr, nullptr, nullptr},
-                     {"Start", {"kestravox"}, "", nullptr, nullptr, nullptr},
-                     {"Finish", {}, "", [] { return PageAction::forward; }, nullptr, nullptr}};
+    content.lines = {
+        {"Installed", {"kestravox-cabinet"}, "", nullptr, nullptr, nullptr},
+        {"Or in the folder", {"cd " + cabinetFolder(state) + "; kestravox"}, "", nullptr, nullptr, nullptr},
+        {"Finish", {}, "", [] { return PageAction::forward; }, nullptr, nullptr}};
     content.selected = content.lines.size() - 1;
     content.notice = state.notice;
     content.keys = "Enter: finish";
