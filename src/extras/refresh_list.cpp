@@ -17,7 +17,6 @@
 
 namespace {
 
-constexpr char stampFile[] = "listinfo.stamp";
 constexpr char newListFile[] = "listinfo.new"; // the converter's output until it has been checked
 
 // Returns the last `limit` bytes of the file; empty when there is none.
@@ -126,12 +125,12 @@ void refreshGameList() {
         // Taken before the run: an emulator that is replaced during it is noticed at the next start.
         const std::string stamp = stampOf(emulator);
         constexpr std::int64_t longestStamp = 16384;
-        if (readEnd(stampFile, longestStamp) == stamp && isWholeList(listFile)) {
+        if (readEnd(listStampFile, longestStamp) == stamp && isWholeList(listFile)) {
             return;
         }
         problem = makeList(listCommand);
         if (!problem) {
-            replaceFileText(stampFile, stamp);
+            replaceFileText(listStampFile, stamp);
         }
     }
     if (problem && GetSystemMetrics(SM_SHUTTINGDOWN) == 0) {
@@ -140,5 +139,5 @@ void refreshGameList() {
 }
 
 void noteListEmulator(const std::string& commandLine) {
-    replaceFileText(stampFile, stampOf(findProgram(commandLine)));
+    replaceFileText(listStampFile, stampOf(findProgram(commandLine)));
 }

@@ -2,9 +2,10 @@
 // a missing list, and by extras/refresh_list.cpp, which replaces a list.
 #pragma once
 
-// Both files are in the current directory, independent of the working directory of the external programs.
+// The files are in the current directory, independent of the working directory of the external programs.
 inline constexpr char listFile[] = "listinfo.dat";
 inline constexpr char listXmlFile[] = "listinfo.xml";
+inline constexpr char listStampFile[] = "listinfo.stamp"; // of extras/refresh_list.cpp
 
 inline constexpr char listingOption[] = " -listxml"; // follows the emulator's command line
 inline constexpr char listConverter[] = "xml2info.exe";

@@ -139,3 +139,9 @@ bool loadGameListFrom(const std::string& folder) {
     }
     return gameCount > 0;
 }
+
+void removeGameList(const std::string& folder) {
+    std::error_code error;
+    fs::remove(fs::path(folder) / listFile, error);
+    fs::remove(fs::path(folder) / listStampFile, error);
+}

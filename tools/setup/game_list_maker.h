@@ -17,3 +17,6 @@ std::string makeGameList(const std::string& emulatorCommand, const std::string& 
 // Reads listinfo.dat of a folder into the catalogue. Returns false, with an empty catalogue, when there is
 // none or it has no game.
 bool loadGameListFrom(const std::string& folder);
+
+// Removes the list of a folder with the note that belongs to it.
+void removeGameList(const std::string& folder);

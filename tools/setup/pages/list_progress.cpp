@@ -61,7 +61,7 @@ bool provideGameList(SetupState& state) {
 void removeMadeList(const SetupState& state) {
     std::error_code error;
     if (state.madeList) {
-        fs::remove(listPath(state), error);
+        removeGameList(cabinetFolder(state));
     }
     fs::remove(cabinetFolder(state), error); // only if it is empty
 }
