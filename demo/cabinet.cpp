@@ -62,6 +62,11 @@ Error=sounds/error.wav
 [RomOptions]
 SortBy=Name
 DisplayMissingRoms=0
+
+[Extras]
+Layout=Turned
+RepeatDelay=250
+InstantResponse=1
 )";
 
 constexpr std::string_view optionsHead = R"(
@@ -103,7 +108,8 @@ bool layOutCabinet(const std::string& folder, std::string& problem) {
         !writeTextFile(ini.string(), cabinetSettings(), problem)) {
         return false;
     }
-    if (!writeTextFile((cabinet / "mameinfo.dat").string(), demoGameInfo(), problem)) {
+    if (!writeTextFile((cabinet / "mameinfo.dat").string(), demoGameInfo(), problem) ||
+        !writeTextFile((cabinet / "history.xml").string(), demoHistory(), problem)) {
         return false;
     }
     if (!layOutRoms(cabinet / "roms", problem)) {
@@ -121,7 +127,8 @@ std::string cabinetSettings(const std::vector<SettingChange>& changes) {
         std::string line = change.key + "=" + change.value + "\n";
         std::size_t start = text.find("\n" + change.key + "=");
         if (start == std::string::npos) {
-            text.insert(text.find("[Settings]\n") + std::string_view("[Settings]\n").size(), line);
+            const std::string heading = "[" + change.section + "]\n";
+            text.insert(text.find(heading) + heading.size(), line);
         } else {
             text.replace(start + 1, text.find('\n', start + 1) - start, line);
         }

@@ -12,9 +12,10 @@ bool layOutCabinet(const std::string& folder, std::string& problem);
 struct SettingChange {
     std::string key;
     std::string value;
+    std::string section = "Settings"; // of a new key
 };
 
-// The cabinet's settings file with some values changed; a new key is added to the section Settings.
+// The cabinet's settings file with some values changed. The keys are unique in the whole file.
 std::string cabinetSettings(const std::vector<SettingChange>& changes = {});
 
 // On a write error returns false with a message in `problem`.

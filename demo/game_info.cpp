@@ -95,3 +95,24 @@ std::string demoGameInfo() {
     }
     return file;
 }
+
+std::string demoHistory() {
+    return R"(<?xml version="1.0" encoding="UTF-8"?>
+<history version="1.00" date="2026-01-01">
+	<entry>
+		<systems>
+			<system name="ueberkff"/>
+		</systems>
+		<text>Arcade Video game published 34 years ago:
+
+Café Überfall (c) 1992 Grüber &amp; Söhne.
+
+The cabinet was first shown in a coffee house, where it earned more than the coffee. Two waiters gave notice and became champions.
+
+- PORTS -
+None. A tea room has asked twice.
+</text>
+	</entry>
+</history>
+)";
+}

@@ -12,6 +12,7 @@
 #include <span>
 #include <string_view>
 #include <thread>
+#include <vector>
 
 namespace {
 
@@ -27,7 +28,7 @@ constexpr int stepLimit = 4000;
 constexpr int gameLimit = 10000;
 constexpr int exitLimit = 5000;
 
-// A key to press, and the screenshot to save after it.
+// A key to press, and the screenshot to save after it. Without a key, the picture changes by itself.
 struct Stop {
     const char* key;
     int times;
@@ -70,6 +71,23 @@ constexpr Stop turnedListWalk[] = {{"Control_L", 1, "information"},
                                    {"Down", 2, "two-down"}};
 constexpr Stop turnedBrowserWalk[] = {{"Down", 2, "two-down"}};
 
+// The keys are those of extrasOn.
+constexpr Stop extrasWalk[] = {
+    {"Control_L", 1, nullptr},
+    {"Down", 11, "history"},
+    {"Control_L", 1, nullptr, popupPause},
+    {"m", 1, "favourite"},
+    {"n", 1, "next-letter"},
+    {"m", 1, nullptr},
+    {"b", 1, "previous-letter"},
+    {"o", 1, "favourites-only"},
+    {"2", 1, nullptr},
+    {"Up", 1, "option-for-favourites"},
+    {"Escape", 1, nullptr, popupPause},
+    {"o", 1, nullptr},
+    {nullptr, 1, "attract-play"},
+};
+
 // One run of the front end.
 struct Run {
     const char* orientation; // value of the setting Orientation
@@ -77,9 +95,22 @@ struct Run {
     const char* picture;
     std::span<const Stop> walk;
     bool withGame = false;
+    std::span<const SettingChange> changes = {};
 };
 
-constexpr Run runs[] = {
+const std::vector<SettingChange> extrasOn = {
+    {"FavouriteKey", "77", "Extras"},
+    {"FavouritesOnlyKey", "79", "Extras"},
+    {"NextLetterKey", "78", "Extras"},
+    {"PreviousLetterKey", "66", "Extras"},
+    {"History.xml", "history.xml", "Extras"},
+    {"IdleSeconds", "3", "Extras"},
+    {"IdleStep", "3", "Extras"},
+};
+const std::vector<SettingChange> fixedLayout = {{"Layout", "Fixed"}};
+const std::vector<SettingChange> noRoms = {{"Roms.dir", "none"}};
+
+const Run runs[] = {
     {"Normal", "ListView", "upright-list", listWalk, true},
     {"Normal", "ImageBrowser", "upright-browser", browserWalk},
     {"ROR", "ListView", "turned-right-list", turnedListWalk},
@@ -88,6 +119,10 @@ constexpr Run runs[] = {
     {"ROL", "ImageBrowser", "turned-left-browser", turnedBrowserWalk},
     {"Inverted", "ListView", "upside-down-list", turnedListWalk},
     {"Inverted", "ImageBrowser", "upside-down-browser", turnedBrowserWalk},
+    {"Normal", "ListView", "extras", extrasWalk, false, extrasOn},
+    {"Normal", "ListView", "no-games", {}, false, noRoms},
+    {"ROR", "ListView", "fixed-layout-list", {}, false, fixedLayout},
+    {"ROR", "ImageBrowser", "fixed-layout-browser", {}, false, fixedLayout},
 };
 
 class Tour {
@@ -138,14 +173,15 @@ private:
     bool play(const Run& run) {
         fs::path ini = cabinet_ / "tour.ini";
         std::string problem;
-        std::string settings = cabinetSettings({{"Orientation", run.orientation},
-                                                {"MenuType", run.view},
-                                                {"SelectedGame", std::string(playedGame)},
-                                                {"InvertPlayer2Screen", "1"},
-                                                {"Attract.dir", "none"},
-                                                {"Startup", ""},
-                                                {"Shutdown", ""}});
-        if (!writeTextFile(ini.string(), settings, problem)) {
+        std::vector<SettingChange> changes = {{"Orientation", run.orientation},
+                                              {"MenuType", run.view},
+                                              {"SelectedGame", std::string(playedGame)},
+                                              {"InvertPlayer2Screen", "1"},
+                                              {"Attract.dir", "none"},
+                                              {"Startup", ""},
+                                              {"Shutdown", ""}};
+        changes.insert(changes.end(), run.changes.begin(), run.changes.end());
+        if (!writeTextFile(ini.string(), cabinetSettings(changes), problem)) {
             return fail(problem);
         }
         ChildOptions options;
@@ -160,7 +196,9 @@ private:
     }
 
     bool play(const Run& run, ChildProgram& program) {
-        if (!waitForView(program) || !keep(screen_->settled(), run.picture)) {
+        const bool hasGames = run.changes.data() != noRoms.data();
+        if (!(hasGames ? waitForView(program) : waitForKeyboard()) ||
+            !keep(screen_->settled(), run.picture)) {
             return false;
         }
         if (run.withGame && !playGame(program)) {
@@ -194,7 +232,11 @@ private:
         if (!shown) {
             return fail("the games did not appear");
         }
-        return screen_->waitForFocus(frontEndTitle, stepLimit) ||
+        return waitForKeyboard();
+    }
+
+    bool waitForKeyboard() {
+        return screen_->waitForFocus(frontEndTitle, startLimit) ||
                fail("the front end has not got the keyboard");
     }
 
@@ -203,13 +245,16 @@ private:
             Screenshot before = screen_->capture();
             bool changed = false;
             // The random pick may return the game that is selected already.
-            const int attempts = std::string_view(stop.key) == "Alt_L" ? 3 : 1;
+            const int attempts = stop.key && std::string_view(stop.key) == "Alt_L" ? 3 : 1;
             for (int attempt = 0; attempt < attempts && !changed; ++attempt) {
-                screen_->tap(stop.key);
+                if (stop.key) {
+                    screen_->tap(stop.key);
+                }
                 changed = screen_->waitFor([&](const Screenshot& shot) { return shot != before; }, stepLimit);
             }
             if (!changed) {
-                return fail("the key " + std::string(stop.key) + " changed nothing");
+                return fail(stop.key ? "the key " + std::string(stop.key) + " changed nothing"
+                                     : std::string("the picture did not change by itself"));
             }
         }
         Screenshot shot = screen_->settled(150);
