@@ -25,6 +25,7 @@ constexpr std::string_view playedGame = "ueberkff";
 
 constexpr int startLimit = 15000; // milliseconds, including the creation of the game list
 constexpr int stepLimit = 4000;
+constexpr int idleLimit = 15000; // until attract play has begun
 constexpr int gameLimit = 10000;
 constexpr int exitLimit = 5000;
 
@@ -104,11 +105,11 @@ const std::vector<SettingChange> extrasOn = {
     {"NextLetterKey", "78", "Extras"},
     {"PreviousLetterKey", "66", "Extras"},
     {"History.xml", "history.xml", "Extras"},
-    {"IdleSeconds", "3", "Extras"},
+    {"IdleSeconds", "8", "Extras"},
     {"IdleStep", "3", "Extras"},
 };
 const std::vector<SettingChange> fixedLayout = {{"Layout", "Fixed"}};
-const std::vector<SettingChange> noRoms = {{"Roms.dir", "none"}};
+const std::vector<SettingChange> noRoms = {{"Roms.dir", "roms/empty"}};
 
 const Run runs[] = {
     {"Normal", "ListView", "upright-list", listWalk, true},
@@ -192,6 +193,7 @@ private:
         bool played = play(run, program);
         std::error_code error;
         fs::remove(ini, error);
+        fs::remove(cabinet_ / "favourites.dat", error);
         return played;
     }
 
@@ -208,6 +210,11 @@ private:
             if (!take(stop, run)) {
                 return false;
             }
+        }
+        if (!run.walk.empty() && !run.walk.back().key) {
+            // The first key ends attract play, and does nothing else until it is released.
+            screen_->tap("Escape");
+            std::this_thread::sleep_for(std::chrono::milliseconds(popupPause));
         }
         screen_->tap("Escape");
         std::optional<int> code = program.waitForExit(exitLimit);
@@ -250,7 +257,8 @@ private:
                 if (stop.key) {
                     screen_->tap(stop.key);
                 }
-                changed = screen_->waitFor([&](const Screenshot& shot) { return shot != before; }, stepLimit);
+                changed = screen_->waitFor([&](const Screenshot& shot) { return shot != before; },
+                                           stop.key ? stepLimit : idleLimit);
             }
             if (!changed) {
                 return fail(stop.key ? "the key " + std::string(stop.key) + " changed nothing"
