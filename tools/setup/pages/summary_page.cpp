@@ -44,7 +44,7 @@ PageContent startPage(const SetupState& state, int games) {
     content.columns = {{"", 80}};
     content.lines = {
         {"Installed", {"kestravox-cabinet"}, "", nullptr, nullptr, nullptr},
-        {"Or in the folder", {"cd " + cabinetFolder(state) + "; kestravox"}, "", nullptr, nullptr, nullptr},
+        {"Otherwise", {"cd " + cabinetFolder(state) + "; kestravox"}, "", nullptr, nullptr, nullptr},
         {"Finish", {}, "", [] { return PageAction::forward; }, nullptr, nullptr}};
     content.selected = content.lines.size() - 1;
     content.notice = state.notice;
