@@ -39,7 +39,7 @@ constexpr unsigned flyerHeight = 3000;
 constexpr PixelArea barColumn = {0, screenHeight / 2, 4, screenHeight};
 
 std::unique_ptr<VirtualScreen> screen;
-// Settings files in each folder; the second one with the extras that concern the controls.
+// Settings files in each folder; the second one with all extras switched on.
 constexpr const char* plainSettings = "kestravox.ini";
 constexpr const char* extraSettings = "extras.ini";
 
@@ -105,10 +105,10 @@ private:
     std::unique_ptr<ChildProgram> program_;
 };
 
-void measureStart(benchmark::State& state) {
+void measureStart(benchmark::State& state, const char* settings) {
     double processor = 0;
     for ([[maybe_unused]] auto step : state) {
-        const RunningFrontEnd frontEnd(largeFolder);
+        const RunningFrontEnd frontEnd(largeFolder, settings);
         state.SetIterationTime(frontEnd.secondsToPicture);
         processor += frontEnd.processorSeconds();
         pauseFor(500);
@@ -240,7 +240,11 @@ void writeSettings(const std::string& folder) {
                "Backgroundcolor=0x403020\nFontcolor=0xFFFFFF\nHighlightBackcolor=0x8000FF\n"
                "[RomOptions]\nDisplayMissingRoms=1\n";
         if (name == extraSettings) {
-            ini << "[Extras]\nRepeatDelay=250\nInstantResponse=1\nJoystickHotplug=1\n";
+            ini << "[Extras]\nLayout=Turned\nRepeatDelay=250\nInstantResponse=1\nJoystickHotplug=1\n"
+                   "NextLetterKey=78\nPreviousLetterKey=66\nFavouriteKey=77\nFavouritesOnlyKey=79\n"
+                   "SaveOnChange=5\nRefreshList=1\nIdleSeconds=3600\nExitCommand=true\nHistory.xml=history."
+                   "xml\n";
+            std::ofstream(folder + "/history.xml") << "<history></history>\n";
         }
     }
 }
@@ -290,7 +294,14 @@ int main(int argc, char** argv) {
         return 1;
     }
     constexpr auto unit = benchmark::kMillisecond;
-    benchmark::RegisterBenchmark("start", measureStart)->UseManualTime()->Unit(unit)->Iterations(9);
+    benchmark::RegisterBenchmark("start", measureStart, plainSettings)
+        ->UseManualTime()
+        ->Unit(unit)
+        ->Iterations(9);
+    benchmark::RegisterBenchmark("start/extras", measureStart, extraSettings)
+        ->UseManualTime()
+        ->Unit(unit)
+        ->Iterations(9);
     const struct {
         const char* name;
         const std::string& folder;

@@ -182,6 +182,13 @@ std::vector<std::string> gamesWithoutRom() {
     return names;
 }
 
+std::string ownRomFolder(const std::string& emptyFolder) {
+    const char* home = std::getenv("HOME");
+    const std::string ownFolders = std::string(home ? home : "") + "/";
+    return emptyFolder.starts_with(ownFolders) ? emptyFolder
+                                               : (fs::path(ownFolders) / "mame" / "roms").string();
+}
+
 int addPlaceholders(const std::string& folder) {
     int created = 0;
     for (const std::string& name : gamesWithoutRom()) {

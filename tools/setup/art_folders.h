@@ -44,6 +44,11 @@ FolderCount countFolder(const FolderKind& kind, const std::string& path);
 // The short names of the games that need no ROM file, as far as the catalogue has them.
 std::vector<std::string> gamesWithoutRom();
 
+// Returns the folder for ROMs in place of an empty one: an empty folder outside the user's own usually
+// belongs to the system, so this is then $HOME/mame/roms, which may not exist yet; otherwise it is the folder
+// itself.
+std::string ownRomFolder(const std::string& emptyFolder);
+
 // Creates empty zip files for these games in a folder, where there are none. Returns the number of files
 // created.
 int addPlaceholders(const std::string& folder);

@@ -17,7 +17,8 @@ std::string quotedWord(const std::string& word) {
 
 bool isSameFolder(const std::string& first, const std::string& second) {
     std::error_code error;
-    return fs::equivalent(first, second, error);
+    return fs::path(first).lexically_normal() == fs::path(second).lexically_normal() ||
+           fs::equivalent(first, second, error);
 }
 
 } // namespace

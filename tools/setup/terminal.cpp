@@ -104,7 +104,8 @@ void printRomlessGames(const ChosenSettings& chosen) {
     }
     const std::string& roms = chosen.value("Settings", "Roms.dir");
     if (!files.empty() && !roms.empty()) {
-        print("Games that need no ROM are listed with an empty zip file: cd '" + roms + "' && touch" + files);
+        print("Games that need no ROM are listed with an empty zip file:");
+        print("  mkdir -p '" + roms + "' && cd '" + roms + "' && touch" + files);
     }
 }
 
@@ -114,7 +115,7 @@ int writeOnTerminal(const SetupOptions& options) {
     const std::string ini = iniOf(options);
     const std::string folder = fs::path(ini).parent_path().string();
     ChosenSettings chosen;
-    chosen.load(ini);
+    const bool isChange = chosen.load(ini);
     Emulator emulator;
     if (!findEmulator(options, chosen, emulator)) {
         printError(options.emulator.empty()
@@ -128,6 +129,10 @@ int writeOnTerminal(const SetupOptions& options) {
         chosen.set("Settings", "Roms.dir", absolutePath(options.roms));
     }
     proposeFolders(chosen, emulator, searchRoots(emulator, {absolutePath(options.art)}));
+    const std::string& roms = chosen.value("Settings", "Roms.dir");
+    if (!isChange && options.roms.empty() && countFolder(folderKinds.front(), roms).files == 0) {
+        chosen.set("Settings", "Roms.dir", ownRomFolder(roms));
+    }
     chooseEmulator(chosen, emulator);
     if (!options.orientation.empty() && !chooseOrientation(chosen, options.orientation)) {
         printError(options.orientation + " is none of Normal, ROR, ROL and Inverted.");

@@ -3,7 +3,6 @@
 #include "setup/pages/folder_walker.h"
 
 #include <algorithm>
-#include <cstdlib>
 #include <filesystem>
 
 namespace {
@@ -54,14 +53,9 @@ PageLine kindLine(SetupState& state, std::size_t index) {
     return line;
 }
 
-// The folder for placeholders: that of the ROMs. An empty one outside the user's folders usually belongs to
-// the system, so one among them is used, or created.
 std::string placeholderFolder(const SetupState& state) {
     const std::string folder = pathOf(state, folderKinds[romKind]);
-    const char* home = std::getenv("HOME");
-    const std::string ownFolders = std::string(home ? home : "") + "/";
-    const bool isUsed = state.counts[romKind].files > 0 || folder.starts_with(ownFolders);
-    return isUsed ? folder : (fs::path(ownFolders) / "mame" / "roms").string();
+    return state.counts[romKind].files > 0 ? folder : ownRomFolder(folder);
 }
 
 // The games that need no ROM and have no file yet, as a text; empty: none.
