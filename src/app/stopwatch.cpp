@@ -5,14 +5,13 @@
 namespace {
 
 std::int64_t now() {
-    constexpr std::int64_t thousand = 1000;
     LARGE_INTEGER frequency{};
     LARGE_INTEGER counter{};
     QueryPerformanceFrequency(&frequency);
     QueryPerformanceCounter(&counter);
     // Seconds and rest separately: the product of a counter and a thousand may exceed 64 bits.
-    return counter.QuadPart / frequency.QuadPart * thousand +
-           counter.QuadPart % frequency.QuadPart * thousand / frequency.QuadPart;
+    return counter.QuadPart / frequency.QuadPart * millisecondsPerSecond +
+           counter.QuadPart % frequency.QuadPart * millisecondsPerSecond / frequency.QuadPart;
 }
 
 } // namespace

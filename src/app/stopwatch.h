@@ -3,6 +3,8 @@
 
 #include <cstdint>
 
+constexpr std::int64_t millisecondsPerSecond = 1000;
+
 class Stopwatch {
 public:
     // Starts the measurement anew.

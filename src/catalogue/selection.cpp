@@ -5,10 +5,15 @@
 #include <cstdlib>
 
 std::int32_t selectedIndex = 0;
-bool isAttractPick = false;
+const GameRecord* gameBeforeAttractPlay = nullptr;
 
 GameRecord* selectedGame() {
     return selectedIndex >= 0 && selectedIndex < visibleCount ? visibleGames[selectedIndex] : nullptr;
+}
+
+const char* playersGameName() {
+    const GameRecord* game = gameBeforeAttractPlay ? gameBeforeAttractPlay : selectedGame();
+    return game ? game->name : nullptr;
 }
 
 void selectRandomGame() {

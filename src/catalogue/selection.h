@@ -6,11 +6,16 @@
 // Index into visibleGames. Written at startup and by the commands and the extras.
 extern std::int32_t selectedIndex;
 
-// Whether attract play has picked the selected game, and not the player. Written by extras/attract_play.cpp.
-extern bool isAttractPick;
+// The game that the player left for attract play to pick others; null without attract play. Written by
+// extras/attract_play.cpp.
+extern const GameRecord* gameBeforeAttractPlay;
 
 // Returns the record at selectedIndex, or null when the index is out of range.
 GameRecord* selectedGame();
+
+// Returns the name to save: that of the game that the player has selected, not attract play. Null when no
+// game is visible.
+const char* playersGameName();
 
 // Moves the selection to a random index of visibleGames; 0 when there is none.
 void selectRandomGame();

@@ -4,6 +4,6 @@
 
 #include "platform/types.h"
 
-// Executes one tick; blocks while a game runs or a popup is open. Writes selectedIndex, browserDirty and, in
-// the settings, orientation, sortBy and previewPictures.
+// Executes one tick; blocks while a game runs or a popup is open. Writes selectedIndex and, in the
+// settings, orientation, sortBy and previewPictures.
 void handleTick(HWND window);

@@ -136,7 +136,7 @@ int WinMain(HINSTANCE instance, HINSTANCE, LPSTR commandTail, int) {
     hideMouseCursor();
     startHistory();
     const int result = runMainLoop();
-    saveSettings(selectedGame() ? selectedGame()->name : nullptr);
+    saveSettings(playersGameName());
     const std::string exitCommand = settings.exitCommand && result == 0 ? settings.exitCommand : "";
     freeResources();
     showMouseCursor();

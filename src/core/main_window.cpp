@@ -55,7 +55,7 @@ void paintFrame(HWND window) {
 // process may be killed before that. Before the first frame there is nothing to save.
 void saveAtSessionEnd() {
     if (backBitmap) {
-        saveSettings(selectedGame() ? selectedGame()->name : nullptr);
+        saveSettings(playersGameName());
     }
 }
 

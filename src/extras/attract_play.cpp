@@ -20,8 +20,6 @@ enum class State {
     stopping, // until all controls are released
 };
 
-constexpr std::int64_t millisecondsPerSecond = 1000;
-
 State state = State::off;
 std::uint32_t seenUses = 0; // value of controlUses at the end of the last tick
 Stopwatch sinceUse;
@@ -44,7 +42,6 @@ bool isAnyControlPressed() {
 
 void pickGame(HWND window) {
     selectRandomGame();
-    isAttractPick = true;
     redraw(window);
     UpdateWindow(window);
 }
@@ -66,7 +63,7 @@ void pickWhenDue(HWND window) {
 
 void startAttractPlay() {
     state = State::off;
-    isAttractPick = false;
+    gameBeforeAttractPlay = nullptr;
     seenUses = controlUses;
     sinceUse.restart();
 }
@@ -78,7 +75,7 @@ bool attractPlayTakesTick(HWND window) {
     if (isAnyControlPressed()) {
         // The player takes over the game on the screen.
         state = State::stopping;
-        isAttractPick = false;
+        gameBeforeAttractPlay = nullptr;
         return true;
     }
     if (state == State::stopping) {
@@ -98,6 +95,7 @@ void startAttractPlayWhenIdle(HWND window) {
         sinceUse.restart();
     } else if (visibleCount > 0 && sinceUse.milliseconds() >= settings.idleSeconds * millisecondsPerSecond) {
         state = State::showing;
+        gameBeforeAttractPlay = selectedGame();
         sincePick.restart();
         pickGame(window);
     }

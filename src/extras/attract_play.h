@@ -1,5 +1,5 @@
 // Attract play: shows random games, with their movies, while nobody uses the controls. Called by WinMain and
-// the tick; writes selectedIndex and isAttractPick. With IdleSeconds=0 no function does anything. Time spent
+// the tick; writes selectedIndex and gameBeforeAttractPlay. With IdleSeconds=0 no function does anything. Time spent
 // in a popup, a message or a game does not count as idle, because all of them begin with a control and end
 // within its tick.
 #pragma once

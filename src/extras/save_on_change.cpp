@@ -7,20 +7,13 @@
 
 namespace {
 
-// The game that the player has selected; borrowed from its record, null when no game is visible.
-const char* playersGame = nullptr;
-
 // Hashes of the saved values: as last seen, and as last written.
 std::uint64_t seenState = 0;
 std::uint64_t writtenState = 0;
 Stopwatch sinceChange;
 
 void observe() {
-    if (!isAttractPick) {
-        const GameRecord* game = selectedGame();
-        playersGame = game ? game->name : nullptr;
-    }
-    const std::uint64_t state = savedStateHash(playersGame);
+    const std::uint64_t state = savedStateHash(playersGameName());
     if (state != seenState) {
         seenState = state;
         sinceChange.restart();
@@ -28,7 +21,7 @@ void observe() {
 }
 
 void save() {
-    saveSettings(playersGame);
+    saveSettings(playersGameName());
     writtenState = seenState;
 }
 
@@ -43,7 +36,6 @@ void saveWhenDue() {
     if (settings.saveOnChange == 0) {
         return;
     }
-    constexpr std::int64_t millisecondsPerSecond = 1000;
     observe();
     if (seenState != writtenState &&
         sinceChange.milliseconds() >= settings.saveOnChange * millisecondsPerSecond) {

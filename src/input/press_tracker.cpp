@@ -1,7 +1,7 @@
 #include "input/press_tracker.h"
 
+#include "app/stopwatch.h"
 #include "app/window_state.h"
-#include "platform/clock.h"
 #include "platform/keys.h"
 
 #include <algorithm>
@@ -15,7 +15,7 @@ struct TrackedControl {
     bool active = false;              // when last polled; false again after a release
     bool byKey = false;               // which of the two was active
     bool pushed = false;              // the joystick code at the latest look
-    std::int64_t lastPoll = 0;        // in counts of the performance counter
+    Stopwatch sincePoll{};
 };
 
 // In the order of their first poll.
@@ -83,15 +83,11 @@ bool filterReading(const ControlReading& reading) {
     if (filters.empty()) {
         return active;
     }
-    LARGE_INTEGER now{};
-    LARGE_INTEGER second{};
-    QueryPerformanceCounter(&now);
-    QueryPerformanceFrequency(&second);
     TrackedControl& control = recordOf(reading.key, reading.joystick);
-    const bool wasHeld = control.active && now.QuadPart - control.lastPoll < second.QuadPart;
+    const bool wasHeld = control.active && control.sincePoll.milliseconds() < millisecondsPerSecond;
     control.active = active;
     control.byKey = reading.keyReading.active;
-    control.lastPoll = now.QuadPart;
+    control.sincePoll.restart();
     if (!active) {
         return false;
     }

@@ -7,6 +7,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <csignal>
 #include <vector>
 
 namespace {
@@ -95,6 +96,12 @@ TEST_F(AttractPlay, NoTouchThatStopsItHasAnotherEffect) {
     EXPECT_NEAR(static_cast<double>(frontEnd.elapsed()), static_cast<double>(time) - 1400, 100);
     EXPECT_EQ(settings.sortBy, 0);
     EXPECT_FALSE(frontEnd.folder().has("favourites.dat"));
+}
+
+TEST_F(AttractPlay, IsNotSavedByASignal) {
+    frontEnd.at(18000, [] { std::raise(SIGTERM); });
+    frontEnd.runToEnd();
+    EXPECT_EQ(frontEnd.get("System", "SelectedGame"), "g000");
 }
 
 TEST_F(AttractPlay, NeedsAGame) {

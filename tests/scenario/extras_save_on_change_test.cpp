@@ -29,7 +29,7 @@ TEST(SaveOnChange, WritesOnceAfterTheLastChangeAndBeforeAGame) {
         // The times of the writes in tenths of a second.
         std::vector<std::int64_t> writes;
         ino_t last = fileNumber();
-        for (std::int64_t time = 0; time < 40000; time += 100) {
+        for (std::int64_t time = 0; time < 39000; time += 100) {
             frontEnd.at(time + 60, [&, time] {
                 if (last != fileNumber()) {
                     last = fileNumber();
