@@ -18,6 +18,7 @@ std::int64_t counterNow() {
 CurrentTick currentTick;
 
 bool (*earlyTickWanted)() = nullptr;
+void (*workBetweenTicks)() = nullptr;
 
 TickClock::TickClock(HWND boxOwner) {
     LARGE_INTEGER frequency{};
@@ -37,6 +38,9 @@ bool TickClock::isDue() {
         return true;
     }
     if (!earlyTickWanted || !earlyTickWanted()) {
+        if (workBetweenTicks) {
+            workBetweenTicks();
+        }
         return false;
     }
     lastTick_ = now - period_;

@@ -15,8 +15,10 @@ struct CurrentTick {
 };
 extern CurrentTick currentTick;
 
-// Hook of isDue, null by default: called while no tick is due; true asks for an early one.
+// Hooks of isDue, null by default, called while no tick is due: the first asks for an early one by returning
+// true, the second is called without one.
 extern bool (*earlyTickWanted)();
+extern void (*workBetweenTicks)();
 
 class TickClock {
 public:

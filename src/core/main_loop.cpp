@@ -3,7 +3,6 @@
 #include "app/tick_clock.h"
 #include "app/window_state.h"
 #include "core/commands.h"
-#include "extras/save_on_change.h"
 #include "platform/clock.h"
 #include "platform/messages.h"
 
@@ -25,7 +24,6 @@ int runMainLoop() {
             handleTick(mainWindow);
             clock.advance();
         } else {
-            saveWhenDue();
             Sleep(1);
         }
     }

@@ -1,6 +1,7 @@
 #include "extras/save_on_change.h"
 
 #include "app/stopwatch.h"
+#include "app/tick_clock.h"
 #include "catalogue/selection.h"
 #include "config/settings.h"
 #include "config/settings_file.h"
@@ -25,22 +26,20 @@ void save() {
     writtenState = seenState;
 }
 
-} // namespace
-
-void startSaveOnChange() {
-    observe();
-    writtenState = seenState;
-}
-
 void saveWhenDue() {
-    if (settings.saveOnChange == 0) {
-        return;
-    }
     observe();
     if (seenState != writtenState &&
         sinceChange.milliseconds() >= settings.saveOnChange * millisecondsPerSecond) {
         save();
     }
+}
+
+} // namespace
+
+void startSaveOnChange() {
+    observe();
+    writtenState = seenState;
+    workBetweenTicks = settings.saveOnChange > 0 ? saveWhenDue : nullptr;
 }
 
 void saveBeforeGame() {

@@ -18,7 +18,7 @@ TEST(SaveOnChange, WritesOnceAfterTheLastChangeAndBeforeAGame) {
     for (const char* seconds : {"0", "5"}) {
         FrontEnd frontEnd;
         frontEnd.writeGames(20);
-        frontEnd.addRom("g004");
+        frontEnd.addRom("g005");
         frontEnd.set("Extras", "SaveOnChange", seconds);
         frontEnd.set("Settings", "InvertPlayer2Screen", "1");
         const std::string emulator =
@@ -42,7 +42,8 @@ TEST(SaveOnChange, WritesOnceAfterTheLastChangeAndBeforeAGame) {
         frontEnd.tap(9050, SDL_SCANCODE_DOWN); // starts the five seconds anew
         frontEnd.tap(16050, SDL_SCANCODE_DOWN);
         frontEnd.tap(16250, SDL_SCANCODE_R); // back again, turned to player 2: nothing to save
-        frontEnd.tap(22050, SDL_SCANCODE_2);
+        frontEnd.tap(21850, SDL_SCANCODE_DOWN);
+        frontEnd.tap(22050, SDL_SCANCODE_2); // written while the menu is open
         frontEnd.tap(22350, SDL_SCANCODE_RIGHT);
         frontEnd.tap(29050, SDL_SCANCODE_ESCAPE); // closed at 29.6 s
         frontEnd.tap(36250, SDL_SCANCODE_DOWN);
@@ -52,8 +53,8 @@ TEST(SaveOnChange, WritesOnceAfterTheLastChangeAndBeforeAGame) {
             EXPECT_TRUE(writes.empty()) << "only at the end";
             continue;
         }
-        EXPECT_EQ(writes, (std::vector<std::int64_t>{52, 141, 346, 363}));
-        EXPECT_NE(frontEnd.folder().read("launched.ini").find("SelectedGame=g004"), std::string::npos);
+        EXPECT_EQ(writes, (std::vector<std::int64_t>{52, 141, 269, 346, 363}));
+        EXPECT_NE(frontEnd.folder().read("launched.ini").find("SelectedGame=g005"), std::string::npos);
         EXPECT_EQ(frontEnd.get("Settings", "MenuType"), "ImageBrowser");
     }
 }
