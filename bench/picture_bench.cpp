@@ -143,10 +143,7 @@ int tilesOnPage(int height, int width, std::int32_t rotation) {
 
 void useLayout(std::int32_t layout) {
     settings.layout = layout;
-    frameLayout = nullptr;
-    if (layout == layoutTurned) {
-        startTurnedLayout();
-    }
+    startTurnedLayout();
 }
 
 void measureRedraw(benchmark::State& state, const BenchmarkCase& testCase, std::int32_t layout, int width,

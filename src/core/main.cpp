@@ -102,6 +102,21 @@ int showFirstFrame() {
     return GetSystemMetrics(SM_CMONITORS) > 0 ? 1 : 0;
 }
 
+// Extras that need nothing but the settings. An extra whose setting is off does nothing.
+void startEarlyExtras() {
+    startTurnedLayout();
+    startRepeatDelay();
+    startInstantResponse();
+    startJoystickHotplug();
+}
+
+// Extras that need the games or start after the first frame.
+void startLateExtras() {
+    startSaveOnChange();
+    startAttractPlay();
+    startHistory();
+}
+
 void freeResources() {
     stopHistory();
     freeGameList();
@@ -121,22 +136,16 @@ int WinMain(HINSTANCE instance, HINSTANCE, LPSTR commandTail, int) {
     }
     loadSettings();
     settings.baseOrientation = settings.orientation;
-    if (settings.layout == layoutTurned) {
-        startTurnedLayout();
-    }
-    startRepeatDelay();
-    startInstantResponse();
-    startJoystickHotplug();
+    startEarlyExtras();
     if (!initGames() || !showFirstFrame()) {
         showError(mainWindow, "Initialization failed");
         return 1;
     }
-    startSaveOnChange();
-    startAttractPlay();
     hideMouseCursor();
-    startHistory();
+    startLateExtras();
     const int result = runMainLoop();
     saveSettings(playersGameName());
+    // Copied, since the settings are freed before it is run.
     const std::string exitCommand = settings.exitCommand && result == 0 ? settings.exitCommand : "";
     freeResources();
     showMouseCursor();

@@ -243,7 +243,7 @@ struct History {
             problem = indexHistory(file.get(), stop, index);
         }
         if (!problem.empty()) {
-            writeDiagnostic(standardError, path + ": " + problem);
+            writeDiagnostic(standardError, "History.xml: " + path + ": " + problem);
         }
         const std::lock_guard lock(mutex);
         ready = true;

@@ -127,7 +127,7 @@ void drawFrame(HDC dc, SIZE frame) {
 } // namespace
 
 void startTurnedLayout() {
-    frameLayout = drawFrame;
+    frameLayout = settings.layout == layoutTurned ? drawFrame : nullptr;
 }
 
 std::int32_t turnedPageStep() {

@@ -5,7 +5,7 @@
 
 #include <cstdint>
 
-// Lets this layout draw every frame from now on. Called once, before the first frame.
+// Lets this layout draw every frame from now on if the setting is on. Called once, before the first frame.
 void startTurnedLayout();
 
 // Returns the number of games that a page key moves the selection by: what rotation 0 moves by in a frame of

@@ -74,6 +74,7 @@ TEST_F(EmptyFrameTest, SaysWhyItIsEmptyAndWhatOpensTheOptions) {
     }
     allGames = nullptr;
     gameCount = 0;
+    gameCount = 0;
 }
 
 TEST_F(EmptyFrameTest, FitsAnyFrame) {
@@ -91,6 +92,7 @@ TEST_F(EmptyFrameTest, FitsAnyFrame) {
     resizeFrame(1, 1);
     drawEmptyFrame(dc, {1, 1});
     allGames = nullptr;
+    gameCount = 0;
     gameCount = 0;
 }
 

@@ -23,8 +23,8 @@ class TurnedLayoutTest : public FrameTest {
 protected:
     void SetUp() override {
         FrameTest::SetUp();
-        startTurnedLayout();
         settings.layout = layoutTurned;
+        startTurnedLayout();
         settings.previewPictures = previewScreenShots;
         settings.previewBackgroundColor = paper;
         settings.previewHighlightBackColor = ringColor;
