@@ -175,14 +175,15 @@ void resample(const PictureSource& source, const Placement& place, Surface& targ
     std::vector<std::int16_t> weights(static_cast<std::size_t>(rowAxis.taps()));
     std::vector<const std::uint8_t*> rows(weights.size());
     std::vector<std::int16_t> mixed(3 * static_cast<std::size_t>(across.count) + mixedSlack);
+    const RowLoops& loops = rowLoops().front();
     for (std::int64_t y = top; y < bottom; ++y) {
         const int first = rowAxis.weightsOf(y - place.y, weights.data());
         for (std::size_t tap = 0; tap < rows.size(); ++tap) {
             rows[tap] = reader.row(std::min(first + static_cast<int>(tap), down.count - 1));
         }
-        mixRows(rows.data(), weights.data(), rowAxis.taps(), mixed.data(), 3 * across.count);
-        mixColumns(mixed.data(), columns.starts.data(), columns.weights.data(), columns.taps,
-                   target.row(static_cast<int>(y)) + left, static_cast<int>(right - left));
+        loops.mixRows(rows.data(), weights.data(), rowAxis.taps(), mixed.data(), 3 * across.count);
+        loops.mixColumns(mixed.data(), columns.starts.data(), columns.weights.data(), columns.taps,
+                         target.row(static_cast<int>(y)) + left, static_cast<int>(right - left));
     }
     target.changed = true;
 }

@@ -8,8 +8,6 @@ namespace {
 constexpr int rowShift = weightBits - mixedBits;
 constexpr int pixelShift = weightBits + mixedBits;
 
-} // namespace
-
 void mixRows(const std::uint8_t* const* rows, const std::int16_t* weights, int count, std::int16_t* mixed,
              int length) {
     // Fixed-size blocks with the loop over the rows outside allow the compiler to vectorise the inner loop.
@@ -48,4 +46,12 @@ void mixColumns(const std::int16_t* mixed, const std::int32_t* starts, const std
         }
         pixels[i] = byteOf(red) << 16 | byteOf(green) << 8 | byteOf(blue);
     }
+}
+
+constexpr RowLoops plainLoops[] = {{mixRows, mixColumns}};
+
+} // namespace
+
+std::span<const RowLoops> rowLoops() {
+    return plainLoops;
 }

@@ -1,4 +1,5 @@
 #include "platform/drawing/resample_rows.h"
+#include "platform/drawing/resample_rows_avx2.h"
 
 #include <emmintrin.h>
 
@@ -96,8 +97,6 @@ void mixAllRows(const std::uint8_t* const* rows, const std::int16_t* weights, in
     }
 }
 
-} // namespace
-
 void mixRows(const std::uint8_t* const* rows, const std::int16_t* weights, int count, std::int16_t* mixed,
              int length) {
     if (count == 4) {
@@ -114,4 +113,12 @@ void mixColumns(const std::int16_t* mixed, const std::int32_t* starts, const std
     } else {
         mixAllColumns<0>(mixed, starts, weights, taps, pixels, count);
     }
+}
+
+const RowLoops loops[] = {{mixRowsAvx2, mixColumnsAvx2}, {mixRows, mixColumns}};
+
+} // namespace
+
+std::span<const RowLoops> rowLoops() {
+    return std::span(loops).subspan(__builtin_cpu_supports("avx2") ? 0 : 1);
 }
