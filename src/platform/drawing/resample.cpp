@@ -141,20 +141,43 @@ private:
 
 // The start values and weights from which mixColumns computes the pixels of a target row.
 struct Columns {
+    // What they are computed from: the widths of the source and the target, and the pixels of a target row.
+    struct Key {
+        int source = 0;
+        int target = 0;
+        std::int64_t first = 0;
+        std::int64_t count = 0;
+        bool operator==(const Key&) const = default;
+    };
+
+    Key key;
     std::vector<std::int32_t> starts; // index of the first value, three values per pixel
     std::vector<std::int16_t> weights;
     int taps = 0;
 
-    Columns(Axis axis, std::int64_t first, std::int64_t count) : taps(axis.taps()) {
-        starts.resize(static_cast<std::size_t>(count));
+    explicit Columns(const Key& from) : key(from) {
+        Axis axis(key.source, key.target);
+        taps = axis.taps();
+        starts.resize(static_cast<std::size_t>(key.count));
         weights.resize(starts.size() * static_cast<std::size_t>(taps));
         std::int16_t* next = weights.data();
+        std::int64_t pixel = key.first;
         for (std::int32_t& start : starts) {
-            start = 3 * axis.weightsOf(first++, next);
+            start = 3 * axis.weightsOf(pixel++, next);
             next += taps;
         }
     }
 };
+
+// Returns the columns, which are those of the last call when a picture is drawn in strips or into one of
+// many equal tiles. Valid until the next call.
+const Columns& columnsOf(const Columns::Key& key) {
+    static Columns last({1, 1, 0, 1});
+    if (last.key != key) {
+        last = Columns(key);
+    }
+    return last;
+}
 
 } // namespace
 
@@ -168,7 +191,7 @@ void resample(const PictureSource& source, const Placement& place, Surface& targ
     }
     const Subsampling across(source.width, place.width);
     const Subsampling down(source.height, place.height);
-    const Columns columns(Axis(across.count, place.width), left - place.x, right - left);
+    const Columns& columns = columnsOf({across.count, place.width, left - place.x, right - left});
     Axis rowAxis(down.count, place.height);
     RowReader reader(source, across, down);
     reader.setCacheSize(rowAxis.taps());
