@@ -292,6 +292,12 @@ void takeFreeFocus(std::int64_t now) {
     }
 }
 
+void serveDisplay(std::int64_t now) {
+    display.lastPump = now;
+    pumpEvents();
+    takeFreeFocus(now);
+}
+
 } // namespace
 
 void displaySetListener(const DisplayListener& listener) {
@@ -352,9 +358,7 @@ bool displayKeepAlive() {
     // Events are handled without a window too: a signal must reach a child that owns the console.
     const std::int64_t now = clockNow();
     if (now - display.lastPump >= pumpInterval) {
-        display.lastPump = now;
-        pumpEvents();
-        takeFreeFocus(now);
+        serveDisplay(now);
     }
     return display.window && display.listener.refresh && display.listener.refresh();
 }
@@ -370,8 +374,7 @@ bool displayWaitForInput(std::int64_t nanoseconds) {
             return false;
         }
         waitForEvents(end - clockNow());
-        display.lastPump = clockNow();
-        pumpEvents();
+        serveDisplay(clockNow());
     }
     return true;
 }
