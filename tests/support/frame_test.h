@@ -53,6 +53,8 @@ protected:
         DeleteDC(scratchDC);
         DeleteObject(scratchBitmap);
         freeSettings();
+        visibleGames = nullptr;
+        visibleCount = 0;
     }
 
     void resizeFrame(int newWidth, int newHeight) {
