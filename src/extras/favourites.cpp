@@ -17,8 +17,6 @@
 
 #include <algorithm>
 #include <array>
-#include <cstdio>
-#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -33,25 +31,10 @@ constexpr std::size_t largestFile = std::size_t{8} << 20;
 
 constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
 
-struct CloseStream {
-    void operator()(FILE* stream) const { std::fclose(stream); }
-};
-
 // Returns the text of the file; empty when there is none; nothing when it exists but cannot be read.
 std::optional<std::string> readMarks() {
-    const std::unique_ptr<FILE, CloseStream> stream(openBinaryFile(favouritesFile));
-    if (!stream) {
-        return fileExists(favouritesFile) ? std::nullopt : std::optional<std::string>("");
-    }
-    std::string text;
-    std::array<char, 4096> piece;
-    while (const std::size_t length = std::fread(piece.data(), 1, piece.size(), stream.get())) {
-        text.append(piece.data(), length);
-        if (text.size() > largestFile) {
-            return std::nullopt;
-        }
-    }
-    return std::ferror(stream.get()) ? std::nullopt : std::optional(text);
+    const std::optional<std::string> text = readFileText(favouritesFile, largestFile);
+    return text || fileExists(favouritesFile) ? text : "";
 }
 
 // Removes the first line from the text and returns it with its line end.

@@ -7,6 +7,8 @@
 #include "platform/types.h"
 
 #include <cstdio>
+#include <optional>
+#include <string>
 #include <string_view>
 
 inline const HANDLE INVALID_HANDLE_VALUE = reinterpret_cast<HANDLE>(static_cast<std::intptr_t>(-1));
@@ -62,6 +64,9 @@ BOOL CloseHandle(HANDLE handle);
 // Opens a plain file for reading its bytes, without blocking. The caller closes the stream with fclose.
 // Returns null when the file cannot be opened or is a directory, a pipe or a device.
 FILE* openBinaryFile(LPCSTR path);
+
+// Returns the bytes of a plain file of at most `limit` bytes; nothing for any other.
+std::optional<std::string> readFileText(LPCSTR path, std::size_t limit);
 
 // Replaces the content of a plain file, or creates it, atomically: at any moment it holds either the old or
 // the new text. Returns TRUE once the text is on the disk. Returns FALSE, with the file unchanged, when it

@@ -212,6 +212,12 @@ FILE* openBinaryFile(LPCSTR path) {
     return stream;
 }
 
+std::optional<std::string> readFileText(LPCSTR path, std::size_t limit) {
+    const FileDescriptor file = openPlainFile(nativePath(path ? path : "").c_str());
+    std::string text;
+    return file.isOpen() && readWhole(file, text, limit) ? std::optional(std::move(text)) : std::nullopt;
+}
+
 BOOL replaceFileText(LPCSTR path, std::string_view text) {
     return replaceFile(nativePath(path ? path : ""), text) ? TRUE : FALSE;
 }
