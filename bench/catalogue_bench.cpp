@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Measures the catalogue with a list of current size: the stages of startup (read and link, scan, sort,
 // filter) and the sort and filter of a sort command. Usage: `catalogue_bench [LIST]`. Without LIST, generates
 // a list of 45,294 records. Creates an empty zip for each record in both cases.

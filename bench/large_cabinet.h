@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Generates a game list of the size of a current emulator's, and its zips. Used by the benchmarks whose
 // results depend on the number of games.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Measures movies: how long opening one blocks the caller, memory, threads and files after many of them, and
 // the processor time of a playing movie at each rotation. Usage: `media_bench [STEPS [MOVIE]]`. Without
 // MOVIE, the processor time is that of a generated movie of 640x480 at 60 pictures per second.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Measures opening the options menu with 2,000 fonts. The fonts are copies of an installed one under
 // different names, made available by a private fontconfig file.
 #include "app/window_state.h"

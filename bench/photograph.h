@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Generates pictures similar to real art, and decodes them with libpng alone as the reference for the
 // benchmarks that draw pictures.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Measures redraws and rebuilt pages of tiles against decoding the same files with libpng alone, and memory
 // over 10,000 redraws. Generates art in the sizes of real packs. Decoding and drawing alternate, so that
 // other load on the machine slows both.

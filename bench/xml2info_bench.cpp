@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Measures the list converter against an expat parse of the same list with empty handlers: ratio of processor
 // times, elapsed time and peak memory. They run alternately, each in a separate process. Usage:
 // `xml2info_bench [LIST]`, where LIST is the XML of an emulator. Without LIST, generates a list of 60 MB.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Writes a movie file in the common format of attract movies: AVI with Motion JPEG pictures and PCM sound,
 // interleaved and indexed. Used for the movies of the demonstration cabinet, by tests and by media_bench.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Creates the folder of the demonstration cabinet with settings and ROM folder; the front end creates the
 // game list at its first start. Used by demo-cabinet, the tour and the end-to-end tests. Never changes an
 // existing settings file.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // demo-cabinet FOLDER: creates the demonstration cabinet in that folder.
 
 #include "art/art_pack.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A child process that never outlives this one: the virtual display, the front end under test. Used by the
 // tour and the end-to-end tests. No shell is involved; the arguments are passed unchanged.
 #pragma once

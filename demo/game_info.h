@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The game information file and the history file of the demonstration cabinet. Called when the cabinet is
 // created. Not every game has a text; for a clone without one the front end shows that of its parent.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The table of the invented games of the demonstration cabinet. Used by demo-mame for its game list, by
 // demo-cabinet, and by tests that search for a game on the screen. The front end does not use it; it gets the
 // games from the emulator. All titles and makers are invented. All text is UTF-8.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Building blocks of RIFF files, whose numbers are little-endian. Used by the writers of sounds and movies.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A screenshot of the virtual screen in memory. The tour and the end-to-end tests compare and search it, and
 // save it as PNG.
 #pragma once

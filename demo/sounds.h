@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The synthesised sounds of the demonstration cabinet: five effects and a background track that loops without
 // a gap. Called when the cabinet is created; movies and tests use the notes.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // demo-tour FRONTEND CABINET OUTPUT: demonstrates the front end on a machine without a display. It operates
 // the cabinet on a virtual screen with key presses, at each rotation of the screen, and saves screenshots in
 // the folder OUTPUT.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A virtual X display with a keyboard: starts the server (Xvfb), sends key events, captures the screen and
 // reads the focus. Used by the tour, the end-to-end tests and front_end_bench. Like a cabinet, it has no
 // window manager. The server ends with this process, even when this process is killed.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Runs attract play on virtual time and checks the number of games picked and that nothing grows. Usage:
 // `attract_soak [HOURS]`, 168 by default: a week takes some minutes.
 #include "support/front_end.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kills the front end again and again while it marks favourites and saves changes, and checks after each kill
 // that both files are whole and that nothing is lost: every mark and selection whose time had come is in its
 // file. The front end runs on virtual time, so that it writes as fast as the disk allows. Usage: `kill_soak

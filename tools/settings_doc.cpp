@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Prints the chapter of the manual about the ini file: `settings_doc > docs/settings.md`. With the argument
 // --man prints it for the man page.
 #include "config/settings_document.h"

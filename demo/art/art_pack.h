@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Writes the art folders of the demonstration cabinet. Called once by demo-cabinet. As in real art packs,
 // pictures are missing for some games, and those of one game are damaged.
 #pragma once

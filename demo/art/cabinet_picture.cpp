@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "art/cabinet_picture.h"
 
 #include "art/hero.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Paints the cabinet of a game in a dark arcade: marquee, screen, controls and side art. Called for the
 // cabinet folder and for the flyers.
 #pragma once

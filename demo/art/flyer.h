@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Paints the advertising flyer of a game: logo, hero, photographs and slogans on paper. Called for the flyer
 // folder. Writes no files.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The visual style of a game, shared by its marquee, flyer, cabinet and title screen: colours, scenery,
 // lettering and the seed of its hero. Derived from the game's name, year and maker; some words in the title
 // determine the scenery.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Paints a creature of a game in the style of an illustration, with the shape that the running game draws in
 // pixels. Called for marquees, flyers and cabinets.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Paints the logo of a game, its title with outlines, depth, gradients and a bend in a style that suits maker
 // and year; and plain lines of text. Called for marquees, flyers and title screens.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Paints the lit sign above a cabinet's screen. Called for the marquee folder and by the picture of a
 // cabinet.
 #pragma once

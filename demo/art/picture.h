@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A picture in memory, and drawing helpers for the art of the demonstration cabinet: colours, gradients, and
 // pseudo-random numbers that are the same on every machine. Used by everything in this folder; independent of
 // the games.

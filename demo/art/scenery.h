@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Paints the backgrounds of the art: a landscape for each enumerator of `Scenery`, in the colours of a game.
 // Called for marquees, flyers, side art and title screens. The animated scenes of running games are in
 // standin/scene.h.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "art/screen_shots.h"
 
 #include "art/lettering.h"

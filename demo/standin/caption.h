@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The text on the screen of a running game: the title, large enough to be read from across a room, and the
 // lines above and below it. Owned by the game window. The title is rendered once, since it does not change.
 #pragma once

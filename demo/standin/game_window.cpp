@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "standin/game_window.h"
 
 #include "standin/caption.h"

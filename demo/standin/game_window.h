@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The full-screen window of a running game: shows its scene, reacts to keys, and ends on Escape, on a signal
 // or a close by the window system, or after a given time. Called once by the stand-in's main program. No
 // sound.

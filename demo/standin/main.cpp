@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // demo-mame, the stand-in emulator of the demonstration cabinet. `-listxml` writes the list of its games.
 // With a game's name it runs that game until Escape, or for `-seconds N`, and then exits with the code of
 // `-exitcode N`; `-verbose` prints each key event.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The command line of the stand-in emulator. Read once by its main program. Unknown arguments are skipped, so
 // that options of the real emulator do no harm.
 #pragma once

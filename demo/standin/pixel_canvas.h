@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A picture of low resolution for raster and lcd games, and colours and sprites derived from a game's name.
 // Used by the scenes and the art; the game window enlarges the picture.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The animated scene of a running game. Its kind, colours and creatures depend on the game's name and
 // display. Called by the game window for each frame, and for snapshots and movies of the demonstration
 // cabinet. Keeps no state: the picture depends on the arguments only.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What the scene of a running game depends on besides the game. Filled by the callers of drawScene.
 #pragma once
 

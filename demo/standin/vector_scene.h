@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The scene of a game with a vector display: glowing lines on black, in the colours of the game. Called by
 // drawScene only. Keeps no state.
 #pragma once

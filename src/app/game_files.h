@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Checks that the catalogue, the pictures and the movies make before they open a file named after a game:
 // whether the name is safe as part of a path, and whether the file exists. Opens nothing.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Media windows as the application uses them: without controls, playing in an endless loop. Used for the
 // ambience track and the attract movies.
 #pragma once

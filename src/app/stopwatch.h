@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Measures the time since a moment, with the performance counter. Used by the extras that wait for seconds.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The clock of the three polling loops (main loop, menu, scroller): ten ticks a second. The loops decide what
 // a tick does and how to wait for the next one.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/window_state.h"
 
 #include "platform/drawing_objects.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Handles of the main window and its drawing surfaces, shared by the whole application. core/main_window.cpp
 // creates and releases them; other modules draw into the surfaces or create windows owned by the main window.
 #pragma once

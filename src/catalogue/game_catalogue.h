@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Owns the catalogue: all records of the game list, their index by short name and the link from each clone to
 // its parent. The loader fills it once at startup; the ROM scan, the sort, the filter and the game
 // information reader work on it. Locating and generating the list file is the loader's job.

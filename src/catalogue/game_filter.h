@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Selects the records that the player sees, by the filter settings. Called at startup, after each sort and
 // when the options menu or the favourites change the view. Does not touch the selection; callers restore it.
 #pragma once

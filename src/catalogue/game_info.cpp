@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "catalogue/game_info.h"
 
 #include "catalogue/game_catalogue.h"

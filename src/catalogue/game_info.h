@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Reads the game information file and attaches its lines to the records (GameRecord::infoLines). The loader
 // calls it once the catalogue is complete; the scroller displays the lines. Blocks for games that are not in
 // the catalogue are skipped.

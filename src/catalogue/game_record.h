@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // One game of the catalogue with its display and control data. The list parser creates records; the views and
 // the code that sorts, filters and starts games read them.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Sorts the catalogue by the key in the setting sortBy. Called at startup and by the sort command. Does not
 // update the view: visibleGames keeps the old order until filterGames runs.
 #pragma once

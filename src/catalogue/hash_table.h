@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A chained hash table with caller-supplied hash and equality functions, and the singly linked list it is
 // built on. Used for the catalogue's index of short names. The number of buckets is fixed, keys and values
 // are not owned, and insertion does not check for duplicates.

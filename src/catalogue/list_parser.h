@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Parses the game list file, in which each record is a block of lines. Called by the catalogue. The parser
 // never fails: missing values stay zero and unknown statements are skipped. It does not fill in defaults.
 #pragma once

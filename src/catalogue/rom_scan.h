@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Determines which games have a ROM zip in the ROM folder. Called once at startup, after the list has been
 // read. Checks only that the zip exists, not what it contains.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "catalogue/selection.h"
 
 #include "catalogue/visible_games.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The selected game. The commands move it, the views show it, and its name is saved with the settings.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The view: the records of the catalogue that pass the filter. Rebuilt by the filter, cleared with the
 // catalogue, and read by everything that displays or selects games.
 #pragma once

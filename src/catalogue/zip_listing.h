@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The ROM zips of one folder, with names compared as the folder's file system compares them. Called by the
 // ROM scan, which lists the folder; nothing here accesses the file system.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Typed reads of single values of an ini file. Called by settings_file.cpp only. Values are truncated to 254
 // characters. A missing file or key yields the default; no failure is reported.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The table of the fixed keys of the ini file: section and key, kind of value, field, default, and position
 // in the order of saving. settings_file.cpp and the generated manual chapter both use it, so that each key
 // is described once. The section Mameoptions, whose keys are game names, is not part of the table.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The settings: one process-wide record, which every module reads. settings_file.h fills it from the ini file
 // at program start and saves part of it at the end. Fields that change after loading name the modules that
 // write them. The meaning, key and default of each field are in setting_table.cpp. The options of single

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "config/settings_document.h"
 
 #include "config/setting_table.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Reads the settings from the ini file and saves part of them in it. Called at the start and at the end of
 // the program. Keys, kinds and defaults are those of setting_table.cpp.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Reads the game list into the catalogue at program start, then loads the game information file. When the
 // list file is missing, the emulator and the converter are run first to create it. An existing list is never
 // regenerated, whatever its age, unless the extra RefreshList is on, which then makes missing lists too.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Program entry: start-up, main loop, shutdown.
 #include "app/error_box.h"
 #include "app/game_files.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "core/main_loop.h"
 
 #include "app/tick_clock.h"

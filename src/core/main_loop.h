@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The main loop: dispatches window messages and calls the tick ten times a second until WM_QUIT arrives.
 // Called once by WinMain.
 #pragma once

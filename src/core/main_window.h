@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The main window and its frame buffer: a bitmap with an aspect ratio of at most 4:3 that the commands draw
 // into and WM_PAINT copies to the screen. Used by WinMain. Creates and releases the device contexts and
 // bitmaps declared in app/window_state.h, and writes appActive.

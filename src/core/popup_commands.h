@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The GameInfo and ShowMenu commands: choose what the popup shows and apply its result to the list. Called by
 // handleTick, and block until the player closes the popup.
 #pragma once

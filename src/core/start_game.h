@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The StartGame command: messages, sounds and pauses around the run of a game. Called by handleTick, and
 // blocks until the game has ended.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The frame that Layout=Turned shows without visible games: that there is none, why, and which control opens
 // the options menu.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "extras/exit_command.h"
 
 #include "platform/diagnostics.h"

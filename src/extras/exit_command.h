@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The setting ExitCommand: a program that is started after the Exit control has ended the front end, such as
 // one that switches the machine off. Called by WinMain as its last act. Does not wait for the program.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The favourites: marks that the player sets on games, their file, and the view of the marked games only.
 // Owns favourites.dat in the current directory and the field isFavourite of the records; the filter, the
 // status bar and the options menu read that field and settings.favouritesOnly. Called by WinMain and the

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // In this file: the bounds, HistoryParser with its two kinds (index and text), the thread, the functions of
 // the header.
 #include "extras/history_xml.h"

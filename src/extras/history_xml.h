@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The setting History.xml: the published history file, whose texts the scroller shows after the game
 // information. Started and stopped by WinMain; asked by the GameInfo command. A thread reads the file once,
 // after the first picture, and keeps only the place of each system's entry; a text is read when it is shown.

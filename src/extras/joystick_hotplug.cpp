@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "extras/joystick_hotplug.h"
 
 #include "app/stopwatch.h"

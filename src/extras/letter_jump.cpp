@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "extras/letter_jump.h"
 
 #include "catalogue/selection.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The extra "next and previous letter": finds the game to which these two commands move the selection. Called
 // by the commands; reads the view and the sort order, and changes nothing.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "extras/refresh_list.h"
 
 #include "config/settings.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The setting RefreshList: keeps the game list in step with the emulator. Called by the catalogue loader
 // before it reads the list, when the setting is on. Owns listinfo.stamp, which notes the emulator's program
 // that the list was made with.

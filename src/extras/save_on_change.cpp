@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "extras/save_on_change.h"
 
 #include "app/stopwatch.h"

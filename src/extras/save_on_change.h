@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // SaveOnChange: writes the settings during the run, so that little is lost when the machine is switched off.
 // Called by WinMain and the StartGame command; writes through saveSettings. The save at the end of the
 // program does not depend on it. With SaveOnChange=0 no function does anything.

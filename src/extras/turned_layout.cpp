@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "extras/turned_layout.h"
 
 #include "app/window_state.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The setting Layout=Turned: both views laid out as the player reads them, with the layout that rotation 0
 // has in a frame of the turned size, at every rotation. Pictures keep their proportions and titles that are
 // too long end in "...". Called by WinMain and the tick; it draws through the hook of render/composition.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Names of keys and joystick controls by their codes, for texts that the user reads. Called by whatever shows
 // which control does what. Knows nothing of the settings.
 #pragma once

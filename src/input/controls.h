@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The state of a single key or joystick code; the front end reads all its input through these functions.
 // Called by mapped_controls.cpp with the codes of the settings. Input is not queued, repeated or cached here.
 #pragma once

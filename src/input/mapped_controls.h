@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Polls controls that the ini file maps to keys and joystick codes: tables of controls of both players, and
 // single controls that belong to neither. Rotates the screen towards the player who used the controls of a
 // table. Called by the tick, the menu and the scroller, each with its own table. Does not execute the

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Distinguishes new presses from controls that are held, for the extras that decide which of them act in a
 // tick. mapped_controls.cpp passes every reading through filterReading; without a filter nothing is tracked
 // and every active control acts.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "input/sounds.h"
 
 #include "app/game_files.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The sounds of the front end: wave files for events, and one ambience track in the background. Called by
 // WinMain, the commands and the StartGame command. Sounds that cannot be played are skipped without a
 // message.

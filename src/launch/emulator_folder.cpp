@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "launch/emulator_folder.h"
 
 #include "config/settings.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The working directory in which the emulator and the list converter are started. Called by game_launch.cpp
 // and core/catalogue_loader.cpp.
 #pragma once

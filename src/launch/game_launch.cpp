@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "launch/game_launch.h"
 
 #include "config/settings.h"

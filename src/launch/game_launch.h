@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Starts the emulator for one game, with that game's options from the ini file, and waits until it ends.
 // Called by the StartGame command, which handles the messages and sounds.
 #pragma once

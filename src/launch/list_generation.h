@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What the generation of the game list runs, writes and shows. Used by core/catalogue_loader.cpp, which makes
 // a missing list, and by extras/refresh_list.cpp, which replaces a list.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "launch/process_runner.h"
 
 #include "app/error_box.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Runs an external program and waits until it ends, without a time limit. Called by game_launch.cpp and
 // core/catalogue_loader.cpp. No window message is dispatched during the wait.
 //

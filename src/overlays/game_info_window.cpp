@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "overlays/game_info_window.h"
 
 #include "app/tick_clock.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The scroller: shows the information text of a game in a popup over the main window, wrapped to the popup's
 // width and rotated with the screen. The player scrolls by lines with the controls of the game list. Called
 // by the GameInfo command, which chooses the text.

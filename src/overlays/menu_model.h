@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The data of a menu: its lines with their choices, and the list of installed fonts. options_menu.cpp builds
 // the lines; menu_window.cpp shows them and changes `current`. Draws nothing and knows no settings.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A menu in a popup over the main window: shows a list of lines and lets either player move through it and
 // change the choices, with the controls and the rotation of the game list. Called by options_menu.cpp, which
 // knows what the choices mean.

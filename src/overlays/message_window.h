@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The message window: a small box with one line of text, centred on the screen and rotated with it, shown
 // during blocking operations. Called by WinMain, the catalogue loader and the commands, which decide how long
 // it stays. Has no message loop, timer or input.

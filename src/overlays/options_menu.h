@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The options menu: 23 lines, and one for the favourites, that change the settings in memory. Called by the
 // ShowMenu command, which then filters and redraws. The ini file is not written here.
 #pragma once

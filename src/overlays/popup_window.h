@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Common parts of the popups over the main window: window class, drawing surface, and message handling. Used
 // by the message window, the menu and the scroller. Each of them owns its PopupSurface; no state is kept
 // here.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Wraps paragraphs into lines that fit a popup. Called by the scroller when its window gets a new size. Draws
 // nothing.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The performance counter and Sleep. Called by every loop and delay. The time itself comes from
 // clock/clock_source.h, which has two implementations: the machine's clock, and a virtual clock for tests.
 #pragma once

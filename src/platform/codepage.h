@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Conversions between Unicode and Windows code page 1252, the encoding of all text inside the application.
 // Called where text is read as UTF-8 and where it is drawn.
 #pragma once

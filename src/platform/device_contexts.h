@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Device contexts: creating and deleting memory device contexts, and the selected objects and text state of
 // any device context. Called by everything that draws. Window device contexts are created in painting.h, the
 // objects to select in drawing_objects.h, shapes.h and text.h.

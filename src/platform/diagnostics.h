@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Diagnostic lines on the program's standard streams. Called by the message box and by code that reports
 // without a box. On a cabinet often nothing reads these streams: what cannot be written at once is dropped,
 // so that a diagnostic never blocks or ends the program.

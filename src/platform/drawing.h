@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Filling rectangles and copying between device contexts. Called by everything that draws. All device
 // contexts share one 32-bit pixel format, so copies never convert. Outlines are drawn by shapes.h, pictures
 // by stretch.h, text by text.h.

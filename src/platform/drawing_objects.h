@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Creation of bitmaps and solid brushes, and deletion of every drawing object, including pens (shapes.h) and
 // fonts (text.h). Called by everything that draws. An object that is selected when it is deleted is destroyed
 // once no device context has it selected any more. At most 10,000 objects can exist; creating another one

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The entry point of the application, which defines WinMain. Called by the process entry and by tests that
 // run the whole front end.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Files and folders: searches, files for redirected streams of a child process, binary files, and replacing
 // the content of a file. Called by the catalogue, the process runner, the PNG reader and the favourites. Both
 // `\` and `/` separate the parts of a path; otherwise file names are case-sensitive byte strings. Text files

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The list of installed fonts. Called by the options menu each time it opens, so the list is built from
 // fontconfig's data where possible; only a font that may be a symbol font is opened, once per run. The names
 // are valid face names for CreateFontIndirectA (text.h), which creates the fonts.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The first joystick of the machine: axes, hats and buttons. Called by the polling of the controls. A hat
 // moves the X and Y axes too, since the D-pad of most pads is a hat. An unplugged joystick returns
 // JOYERR_UNPLUGGED until a joystick is plugged in again.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Virtual-key codes of the keys that have a name. Letters and digits use the ASCII codes of their capital
 // letters and digits. Included by keys.h and by the platform's key tables and records; declares no
 // operations.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The state of the keyboard by virtual-key code, and synthesised keys. Called by the input polling and the
 // process runner. The state follows the display's key events, from which the key messages in messages.h are
 // also made.

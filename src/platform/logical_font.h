@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The Win32 description of a font: input of CreateFontIndirectA (text.h) and output of EnumFontFamiliesExA
 // (font_list.h).
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Media windows: child windows that open a track or a movie and play it on top of their parent's picture and
 // below the popups. Called by the ambience and the attract movies. A media window is controlled with
 // SendMessageA and the messages below; WM_CLOSE or the destruction of its parent destroys it. New pictures

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Plain blocks of memory for pictures. Called by the PNG reader and by the drawing of pictures, which check
 // every allocation because the size of a picture comes from a file. All other code uses ordinary C++
 // allocation.

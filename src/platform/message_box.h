@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The modal message box. Called for errors that end the program and for errors before the first window
 // exists. Messages that are shown only briefly use the message window instead.
 #pragma once

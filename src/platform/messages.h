@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Messages: their codes, the message queue of the program's one thread, and the default handling. Called by
 // the main loop, the loops of the overlay windows and every window procedure. Windows are created in window.h
 // and painted in painting.h.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The running program: its command line, handle, path and console title. Called by the entry and by code that
 // looks for files next to the program.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Painting of windows: their invalid state, WM_PAINT, and device contexts for their client areas. Called by
 // window procedures and by code that needs a window redrawn. The drawing operations on these device contexts
 // are in drawing.h, text.h, shapes.h and stretch.h.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // External programs: starting one, waiting for it, its exit code and its standard streams. Called by the
 // process runner. No shell is involved: a command line is split into words as command_line.h documents, and
 // the program is started directly.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Private-profile (ini) files: sections in square brackets, containing lines of key, equals sign and value.
 // Called by the settings and the game launch. Section and key names are case-insensitive; the first of
 // several with the same name is used. Blanks around names and values, and one pair of quotes around a value,

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Finds the program that a command line starts, by path, name and PATH. Called by CreateProcessA and by code
 // that needs the program's folder. Starts nothing.
 #pragma once

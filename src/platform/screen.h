@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The screen as a whole: its size, the mouse cursor and the screen saver. Called by the windows and the game
 // launch.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Pens, brushes by description, and rounded rectangles. Called by the image browser for the ring around the
 // selected tile. Pens and brushes are selected with device_contexts.h and deleted with drawing_objects.h.
 #pragma once

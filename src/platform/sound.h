@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Wave file playback, one sound at a time. Called by the front end's sounds and by the process entry. A
 // separate thread opens the device on the first PlaySoundA, so that a sound server that hangs delays the
 // caller by at most 2 seconds; without a device nothing is audible and no error is printed. Music and movies

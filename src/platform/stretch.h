@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Device-independent bitmaps: drawing them scaled, and reading a bitmap back into one. Called by the picture
 // code. The scaling filter is in drawing/resample.h.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Access for tests and benchmarks to what the operations do not expose: the screen size, the composed screen
 // and the pixels of device contexts. The application does not use it.
 #pragma once

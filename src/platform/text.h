@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Fonts, text output and text metrics. Called by everything that draws text. Text is 8-bit in Windows code
 // page 1252 and is mapped to glyphs byte by byte, without shaping or kerning. Each call handles one line;
 // wrapping is left to the caller.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Reads text files with any line ends, encoded in UTF-8 or code page 1252. Called by the readers of the game
 // list and the game information, which receive code page 1252 and plain new-lines. Writes nothing.
 #pragma once

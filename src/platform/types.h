@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Basic types, handles and records shared by every service of the platform layer. Included by all its
 // headers; declares no operations. Widths are fixed: a LONG is 32 bits on every machine, and only WPARAM,
 // LPARAM, LRESULT, pointers and handles have the width of a pointer.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Control of virtual time, in builds that link virtual_clock.cpp: schedules actions at moments of that time
 // and advances it. Called by tests only; the program runs as in real time.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Window classes and windows: creation, destruction, position, size and order. Windows are software surfaces
 // that are composed onto the one display window. Called by the main window and the overlay windows, from the
 // program's one thread only. Messages are sent before the call that causes them returns. Messages are

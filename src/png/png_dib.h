@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Decodes a PNG file into a device-independent bitmap: one memory block with header, palette and bottom-up
 // pixel rows, ready for StretchDIBits. Called by render/pictures.cpp. Keeps no state between calls; errors
 // are reported only through the result.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The attract movie of the selected game: finds the file, opens it in a window over the frame, fits the
 // window into a rectangle and plays the movie in a loop. Called by both views. Does not draw into the frame.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Composes a complete frame: background, status bar and the view chosen in the settings. Called at startup
 // and by the commands. Painting the window only copies the composed frame and never calls this.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The view of marquees: one column of tiles along the left edge of the screen as the player sees it, with a
 // ring around the selected tile. Called by drawScreen, which then draws the pictures on the other side.
 //

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The view of titles: the marquee of the selected game across the top of the frame, a column of titles with a
 // highlight bar in the lower left quarter, and the picture or movie of the game in the lower right quarter.
 // Called by drawScreen, which has cleared the frame. Moves topIndex so that the selection is on the page.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The page of titles or tiles that is on the screen. Used by the two views, which determine the page length.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Turns the pixels of a decoded picture to the current rotation, clockwise, and resizes pictures that are too
 // large to be turned in full size. Called by pictures.cpp, which stretches the result onto the frame.
 #pragma once

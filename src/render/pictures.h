@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Finds the art files of a game, or else of its parent, and draws them at the current rotation: the banner of
 // the list view, a tile of the image browser, or a preview that keeps its aspect ratio. Called by the views
 // and the composition. Nothing is cached between calls. The drawing functions return 1 when the picture was

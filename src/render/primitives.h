@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Drawing primitives: selecting fonts at any rotation, measuring text, counting lines and tiles that fit, and
 // mapping points to the current rotation. Called by the views, the overlay windows and the tick. Stateless;
 // device contexts belong to the caller.

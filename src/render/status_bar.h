@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The status bar: one line with details of the selected game at its start and the sort order and position at
 // its end. Called by drawScreen before the view, which gets the remaining space, and on a turned screen once
 // more after it.

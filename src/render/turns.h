@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Maps rectangles between the frame and the screen as the player reads it at the current rotation. The views
 // and the status bar compute their layout as read, as if the screen were not turned, and map it to the frame
 // with these functions. Stateless; draws nothing.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "catalogue/game_filter.h"
 
 #include "catalogue/selection.h"

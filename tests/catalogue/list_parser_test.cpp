@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "catalogue/list_parser.h"
 
 #include "support/game_list.h"

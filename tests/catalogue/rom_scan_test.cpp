@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "catalogue/rom_scan.h"
 
 #include "config/settings.h"

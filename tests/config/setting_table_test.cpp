@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Consistency of the settings table, which is not checked at run time.
 #include "config/setting_table.h"
 

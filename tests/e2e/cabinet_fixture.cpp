@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "e2e/cabinet_fixture.h"
 
 #include "games.h"

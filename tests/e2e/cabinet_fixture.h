@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Fixture for the end-to-end tests: a demonstration cabinet in a temporary folder, the real front end, and a
 // virtual screen. Knows how the screen looks with the cabinet's colours, but nothing of the program's
 // internals.

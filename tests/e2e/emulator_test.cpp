@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Starting games: the emulator gets the screen and the focus, and the front end gets them back, whatever the
 // emulator does.
 #include "e2e/cabinet_fixture.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Sound output of the real program on a real sound server whose mixed output is recorded.
 #include "e2e/cabinet_fixture.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The front end from start to exit, as a separate process.
 #include "e2e/cabinet_fixture.h"
 

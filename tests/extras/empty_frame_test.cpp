@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "extras/empty_frame.h"
 
 #include "catalogue/game_catalogue.h"

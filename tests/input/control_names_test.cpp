@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "input/control_names.h"
 
 #include <gtest/gtest.h>

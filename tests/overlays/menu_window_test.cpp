@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "overlays/menu_window.h"
 
 #include "platform/device_contexts.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "png/png_dib.h"
 
 #include "platform/memory.h"

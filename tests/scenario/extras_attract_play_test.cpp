@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Attract play over whole runs of the front end. Each picked game opens its movie.
 #include "config/settings.h"
 #include "platform/joystick.h"

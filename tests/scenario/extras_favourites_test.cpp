@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The favourites: keys over whole runs of the front end, and what is in favourites.dat afterwards.
 #include "config/settings.h"
 #include "support/front_end.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "scenario/recorded_media.h"
 #include "support/front_end.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // When controls act with the extras RepeatDelay and InstantResponse, in the list, the menu and the game
 // information: the times at which the picture changes.
 #include "platform/joystick.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // SaveOnChange: when a run of the front end writes its ini file.
 #include "support/front_end.h"
 

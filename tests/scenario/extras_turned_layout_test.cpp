@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "config/settings.h"
 #include "render/attract_movie.h"
 #include "scenario/recorded_media.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "config/settings.h"
 #include "platform/joystick.h"
 #include "support/front_end.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Records the requests of the front end to sounds and media windows, with their times, instead of playing
 // them. Linked into the scenario tests in place of the platform's implementation. A synchronous sound takes
 // virtual time.

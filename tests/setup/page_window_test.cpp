@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The window of the pages: drawing on every screen, its controls, capturing controls and showing their codes.
 #include "setup/pages/page_window.h"
 

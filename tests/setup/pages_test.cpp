@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The set-up page by page on virtual time, operated by keys, with a script in place of the emulator. Programs
 // run in real time, so keys are pressed not at given times but when a line is selected.
 #include "setup/pages/pages.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "setup/settings_check.h"
 
 #include "support/temporary_folder.h"

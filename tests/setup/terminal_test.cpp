@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The set-up on the terminal, with a script in place of the emulator.
 #include "setup/terminal.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Fixture for the tests of the views: a frame buffer with its page of tiles, a temporary folder, and invented
 // games named g0, g1 and so on.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The whole front end on virtual time, in a temporary folder with a game list and an ini file. A test
 // schedules key presses and checks at points of virtual time, then runs the front end. Ticks occur at 100,
 // 200, 300 ... milliseconds after the start.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Loads the catalogue from the text of a list file, for tests that need games without files. Used by the
 // tests of the catalogue. Writes no settings.
 #pragma once

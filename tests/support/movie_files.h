@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Movies whose pictures show their own number as a bit pattern, and the decoding of that number from the
 // screen. Used by the tests of movies.
 #pragma once

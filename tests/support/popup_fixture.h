@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Fixture for the tests of the popups: a main window, default settings, and scheduled key presses in virtual
 // time while a popup runs.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A window class whose procedure records the messages it receives. Used by the tests of windows and messages.
 // Draws nothing.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Pushes display events into SDL's queue, as the real display does, for tests that simulate a player. The
 // events are processed when the platform next polls the display.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A temporary folder for one test, with helpers to write and read files in it. It is the current directory
 // during its lifetime and is deleted with its content.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Entry point of the test programs. Selects the dummy drivers of SDL, so no test needs a screen or a sound
 // card.
 #include <gtest/gtest.h>

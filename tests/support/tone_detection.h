@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Detects which of some expected tones a recording contains, in slices of 20 milliseconds. Used by the tests
 // of sounds and movies.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Silent wave files with any coding, including invalid ones. Used by the tests of wave sounds.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "tools/conversion.h"
 
 #include "xml2info/list_converter.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "xml2info/list_block.h"
 #include "xml2info/machine_attributes.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Tests of xml2info as a process: exit code, streams and output file.
 
 #include <cstdio>

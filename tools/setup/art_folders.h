@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The folders and files that a cabinet uses besides the emulator: where they usually are, and how many of the
 // emulator's games they serve. Called by the pages, the command line and the check. Changes nothing.
 #pragma once

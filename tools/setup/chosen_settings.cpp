@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "setup/chosen_settings.h"
 
 #include "platform/profile.h"

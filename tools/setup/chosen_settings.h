@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The values that the set-up proposes, shows, changes and writes: one text for each key of the settings
 // table, as it appears in the ini file. Filled from the defaults, the recommendations and an existing file;
 // changed by the pages and the command line; written by settings_writer. Checks no values.

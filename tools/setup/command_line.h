@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The command line of kestravox-setup. Used by its main program only.
 #pragma once
 

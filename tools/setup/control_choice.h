@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The controls of the front end's commands among the chosen values: their names, and assigning one without
 // double use. Called by the page of the controls. Reads no keys.
 #pragma once

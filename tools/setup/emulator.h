@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Finds the MAME emulator on this machine and asks it for its version and its folders. Called by the pages
 // and the command line of the set-up. Starts no game.
 #pragma once

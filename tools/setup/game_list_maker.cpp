@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "setup/game_list_maker.h"
 
 #include "catalogue/game_catalogue.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Makes the game list of a cabinet: asks the emulator for its games and converts the answer. Called by the
 // pages and the command line of the set-up. The front end makes its list by itself (core/catalogue_loader.h);
 // here somebody watches, so there is progress, and it can be stopped.

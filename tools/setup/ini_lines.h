@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Splits the text of an ini file into its lines, as the program reads them. Used by the writer and the check;
 // the values themselves are read through the platform.
 #pragma once

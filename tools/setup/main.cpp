@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // kestravox-setup: sets up the front end for a real emulator.
 #include "setup/command_line.h"
 #include "setup/pages/key_display.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Finds the word that somebody may have meant. Used by the check.
 #pragma once
 

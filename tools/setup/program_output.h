@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Runs an external program for what it prints. Used to question the emulator. No shell is involved.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Fills in what can be found out without asking: the emulator, its folders, and where the ini file belongs.
 // Called by the pages and by the command line of the set-up.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Checks an ini file line by line and counts what its folders hold for the emulator's games. Called by
 // `kestravox-setup --check`. Changes nothing but the working directory, which becomes the folder of the file,
 // since the front end is started there.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Writes the ini file of the set-up: every key with a comment that explains it, and everything that an
 // existing file holds besides. Called once at the end of the set-up.
 #pragma once

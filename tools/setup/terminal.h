@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The tasks of the set-up that need no display: writing an ini file without questions, checking one, making
 // the list anew. Each prints to the terminal and returns the exit code of the program. Called by main.cpp.
 #pragma once

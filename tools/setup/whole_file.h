@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Reading whole files. Used by all parts of the set-up; they are written with replaceFileText.
 #pragma once
 

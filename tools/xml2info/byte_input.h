@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Reads the bytes of an open file or pipe, and lets callers put bytes back. Used by the search for the start
 // of the list and then by the workers of the converter. Not thread-safe: the workers hold a lock while they
 // use it.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // One machine of the emulator's list and its block of text in the list file. The XML parser fills in
 // machines, this file formats them and list_output assembles the list file. Blocks do not contain the romof
 // line, because its value is only known when the whole list has been read.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Assembles the list file and writes it. Called by main() once the whole list has been converted. When
 // writing fails, removes what was written, because the front end would use an incomplete list at every later
 // start.

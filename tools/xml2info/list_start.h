@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Finds the start of the game list in the output of an emulator, which may begin with warnings, even ones
 // that contain angle brackets. Called once by the converter. Does not parse any machine.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Converts the attributes of the list's elements to the words and numbers of the list file, for all versions
 // of the XML. Called by the XML parser for the elements that are converted. Stateless.
 #pragma once

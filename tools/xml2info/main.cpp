@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // xml2info: reads the emulator's game list as XML from standard input and writes the list file of the front
 // end to standard output. Writes either the whole list or nothing; the exit code is 1 in the second case.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "xml2info/xml_list_parser.h"
 
 #include "xml2info/machine_attributes.h"

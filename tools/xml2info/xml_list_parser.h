@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Parses the XML of a game list, or of a part of one, into blocks. Each worker of the converter has one
 // parser. Does not read the input: the caller reads directly into the parser's buffer.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The request from outside to end the program: a signal, a close request of the window system, or the loss of
 // the display. Inside the platform only: the display reports requests, and every wait polls for them. The
 // first request stays in effect, so that nothing on the way to the exit waits for a person, a server or

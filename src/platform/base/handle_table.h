@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A table of objects addressed by handles. A handle is a number made of a slot and its generation, so that a
 // deleted or foreign handle is recognised instead of dereferenced. Inside the platform only.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The time source of the platform. Called only by the platform's clock and waits. Each build links one of two
 // implementations: real_clock.cpp, the machine's monotonic clock, or virtual_clock.cpp, a virtual time that
 // advances only inside waits and when a test advances it.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/clock/fruitless_polls.h"
 
 #include "platform/clock.h"

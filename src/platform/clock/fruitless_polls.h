@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Detects a loop that does nothing but poll for messages, so that it can be paced like a loop that sleeps.
 // Called inside the platform only: the message queue reports each poll that finds no message, and the
 // services that such a loop might call report that it did other work.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/clock/waiting.h"
 
 #include "platform/clock/clock_source.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Keeps the screen alive while the program's thread waits. Called by every wait of the platform except the
 // message polls. The display registers the function that does so; this module does not depend on the display.
 #pragma once

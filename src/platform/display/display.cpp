@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // In order: start of SDL's video and of the window, loss of the display, events and the unassigned keyboard
 // focus, then the functions of the header: size and pixels, presenting, keeping alive, giving up and taking
 // back, settings, exit.

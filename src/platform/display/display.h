@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The display: a window that fills the primary monitor, its pixels, its events and its keyboard focus. The
 // only user of SDL's video. Called inside the platform and by its tests only. The windows of the layer above
 // draw into the pixels and present them; key events update the key states and are passed to the listener.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/joystick.h"
 
 #include "platform/clock/fruitless_polls.h"

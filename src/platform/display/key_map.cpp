@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/display/key_map.h"
 
 #include "platform/display/key_state.h"

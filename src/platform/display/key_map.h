@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Maps between virtual-key codes and the codes of the same keys in SDL and X11. Inside the platform only:
 // called where key events arrive and where keys are synthesised.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The state of every key by virtual-key code: whether it is down, and whether it was pressed since the last
 // query. Inside the platform only: updated by the display, read by the key operations and the message box.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/display/synthesised_keys.h"
 
 #include "platform/display/x11_connection.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Synthesised key events, which other programs on the X11 display cannot distinguish from real ones. Called
 // by the display only.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Queries whether a window manager manages the windows and the keyboard focus of the X11 display. Called by
 // the display only.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Keeps errors of the X11 connection from ending the process. Called by the display once its window exists,
 // and by queries that use its connection. Errors of single requests are ignored.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The table of device contexts: the state of each one, looked up by handle. Used by the drawing and text
 // operations and by windows, inside the platform only. The selected objects are owned by object_table.h.
 #pragma once

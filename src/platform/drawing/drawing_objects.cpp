@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/drawing_objects.h"
 
 #include "platform/drawing/object_table.h"

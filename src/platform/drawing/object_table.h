@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The table of drawing objects: it owns bitmaps, brushes, pens and fonts, looked up by handle. Objects are
 // reference-counted by the device contexts that have them selected: a deleted object is destroyed when that
 // count reaches 0, a stock object never. Called by the device contexts and the drawing operations, inside the

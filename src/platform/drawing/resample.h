@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Picture scaling with a separable Catmull-Rom filter, widened by the factor of a reduction. Called by
 // StretchDIBits, which interprets the bitmap header. Only the pixels on the surface are computed.
 #pragma once

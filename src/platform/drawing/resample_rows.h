@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The two inner loops of the picture filter, in fixed-point arithmetic. Called by resample.cpp only. The
 // build compiles resample_rows_sse2.cpp and resample_rows_avx2.cpp on processors with SSE2 and
 // resample_rows_plain.cpp elsewhere; all produce bit-identical results.

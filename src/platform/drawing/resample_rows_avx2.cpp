@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // This file is compiled for AVX2. It must not use inline functions of the library: the linker could choose
 // their AVX2 code for callers on other processors.
 #include "platform/drawing/resample_rows_avx2.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The inner loops of the picture filter for processors with AVX2. Called by resample_rows_sse2.cpp, which
 // checks the processor; resample_rows.h describes the parameters.
 #pragma once

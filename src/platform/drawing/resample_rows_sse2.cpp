@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/drawing/resample_rows.h"
 #include "platform/drawing/resample_rows_avx2.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A pixel buffer, the target of all drawing operations: a bitmap or the client area of a window. Used by
 // windows, device contexts and the compositor, inside the platform only.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Copies pixels turned by a multiple of 90 degrees. Used by PlgBlt and by the movie players.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // File descriptors with an owner, and complete reads and writes. Called by the files, profiles and processes
 // of the platform, which decide what a failure means; failures are reported by return values only.
 #pragma once

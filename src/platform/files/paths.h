@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Conversion of the application's paths to native ones, and the path of the program. Called inside the
 // platform wherever a file is opened or a program is started. Does not check whether a path exists.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The parsed text of one private-profile file: the positions of its sections, the values of its keys, and the
 // text with one value changed. Called by the profile operations only, whose header describes the format.
 // Reads and writes no files.

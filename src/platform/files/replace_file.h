@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Atomic replacement of a file: a power failure or a kill at any moment leaves either the old or the new
 // text, complete. The new text is written next to the file as NAME.new~, which is renamed to NAME at the end.
 // Called by the profile writes and for the output of child processes. Keeps no backup.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The table of objects that CloseHandle closes: files, processes and threads. Called by the files and
 // processes of the platform. Window and drawing handles have separate tables.
 #pragma once

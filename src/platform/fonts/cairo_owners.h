@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // unique_ptr types for cairo's objects. Included by the font loading, text and shape code.
 #pragma once
 

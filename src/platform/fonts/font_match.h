@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Finds the font file for a face name, weight and slant using fontconfig. Called by fonts.cpp, which loads
 // the file and caches the result, because a search takes milliseconds with thousands of fonts installed. Does
 // not open font files.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/fonts/font_pattern.h"
 
 bool flagOf(FcPattern* pattern, const char* property) {

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Owner of fontconfig patterns (descriptions of faces) and access to their properties. Used by the font
 // matching, loading and listing code.
 #pragma once

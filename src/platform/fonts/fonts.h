@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Loaded fonts, ready to measure and draw text: a face, a size and a direction. Called by the text operations
 // and by the object table, which owns the fonts. Loaded faces are cached and shared between fonts, because
 // every frame creates and deletes its fonts. font_match.h finds the file of a face, text.cpp draws.

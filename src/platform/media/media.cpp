@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // In this order: the windows and the pool of players, opening and placing a movie, the update of all windows
 // while the thread waits, and the messages.
 #include "platform/media.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // In this order: the options and limits of a core, its creation and destruction, opening, pausing and closing
 // a file, the core's events, and the pictures.
 #include "platform/media/media_player.h"

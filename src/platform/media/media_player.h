@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A player of tracks and movies: a libmpv core that opens one file after another. Used by the media windows.
 // No call but waitForSize waits for the core. Pictures are drawn into a surface of the caller. The player
 // reads no configuration, runs no script and opens nothing but the given file.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/media/mpv_library.h"
 
 #include <dlfcn.h>

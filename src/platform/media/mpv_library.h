@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // libmpv, loaded at run time when a track or movie is expected or opened: with its hundred dependencies it
 // would add 80 ms and 45 MiB to every start. Used by the media windows and players only. It is loaded on a
 // separate thread, because that takes seconds from a cold disk.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Ends a child and its whole process group once the program is asked to end from outside. Polled by the wait
 // for a process. An emulator may ignore SIGTERM, and a script that started it may exit without it, so
 // stronger signals follow; the wait is given up after the last one.

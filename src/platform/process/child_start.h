@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Starts a program as a child that is killed when this process ends, for whatever reason, or as one that
 // outlives it. Called by CreateProcessA, which finds the programs and owns the streams. No shell is involved.
 #pragma once

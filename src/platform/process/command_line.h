@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Parsing of command lines: splitting them into words for CreateProcessA, and finding the part after the
 // program's name for the entry. Nothing is started or searched for here.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/sound/sound_device.h"
 
 #include "platform/base/alsa_messages.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The sound device and the sound that it plays, using SDL2_mixer. Used only by the device thread in
 // sound.cpp, because any call may block on the sound server. Not thread-safe; uses the real clock only.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Parses and validates the header of a wave file: its coding, and the offset and size of its sound data.
 // Called by wave_sound.cpp before anything is decoded. The bytes are untrusted; nothing is allocated. Reading
 // the file and decoding are left to the caller.

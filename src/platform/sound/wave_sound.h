@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Loads wave files as samples in the device's format. Called by the sound device, which plays them. A file is
 // read, decoded and converted in pieces, so that peak memory use is close to the size of the result.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/font_list.h"
 
 #include "platform/codepage.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Composes the windows onto the display when something has changed, where possible only the changed part.
 // Called by the window operations, the media windows and, through the display, by every wait. Sends no
 // messages.

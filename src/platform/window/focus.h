@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The active window and the window that was last sent WM_SETFOCUS. Called when windows are shown, hidden or
 // destroyed, when the display's focus changes, and before each message poll. Both focus messages are sent,
 // never queued.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The message queue: input, a quit, and the messages made on demand (paints, and WM_CLOSE while the program
 // is asked to end). Called by the message operations and by the key and joystick events. Sends nothing.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // In order: positions and sizes, showing and hiding, destruction, then the operations on classes and windows.
 #include "platform/window.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/window/window_record.h"
 
 #include "platform/base/handle_table.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The record of each window and the z-order. Called by all files of this folder and by the media windows. The
 // operations that change a window are in the other files.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/profile.h"
 
 #include "support/temporary_folder.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/base/end_request.h"
 #include "platform/clock.h"
 #include "platform/display/display.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "setup/pages/applied_settings.h"
 #include "config/settings_file.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Takes the chosen values over into the process-wide settings, for what reads those: drawing, the ROM scan
 // and the filter. Called by the pages after each change. Checks no values.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "setup/pages/control_capture.h"
 
 #include "app/window_state.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Waits for any key or joystick control and says which one it was. Called by the page of the controls and the
 // display of codes. Assigns nothing.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "setup/pages/controls_page.h"
 
 #include "setup/control_choice.h"

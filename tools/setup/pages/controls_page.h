@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The page on which the keys and joystick controls of the front end are chosen by pressing them. Called by
 // pages.cpp.
 #pragma once

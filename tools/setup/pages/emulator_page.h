@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The page on which the emulator is chosen. Called by pages.cpp.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A page on which the user walks through the folders of the machine and chooses a folder or a file. Called by
 // the pages of the emulator and of the folders. Changes nothing on the disk.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "setup/pages/folders_page.h"
 
 #include "setup/pages/folder_walker.h"

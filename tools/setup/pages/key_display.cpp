@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "setup/pages/key_display.h"
 #include "config/settings_file.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Shows the codes of the keys and joystick controls that are pressed, for those who write their ini file by
 // hand. Called by main.cpp for --keys.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "setup/pages/list_progress.h"
 
 #include "setup/game_list_maker.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Makes the game list while a page shows the progress. Called by the pages of the emulator and of the
 // summary.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The content of a page of the set-up: what is drawn and what its lines do. Built by the files of the pages,
 // drawn by page_drawing, run by page_window. Holds no state of its own.
 #pragma once

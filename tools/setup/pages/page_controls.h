@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The controls of the set-up itself, the same on each machine: arrow keys or stick, Enter, 1 or button 1,
 // Escape, Backspace or button 2, Delete. Called by the loops of page_window. The controls that the user
 // chooses for the front end are read in control_capture.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Draws the pages of the set-up in the colours, the font and the rotation of the settings. Called by
 // page_window; the preview of the screen page uses the helpers. Reads no controls.
 #pragma once

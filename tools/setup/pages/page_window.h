@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The window of the set-up, which fills the screen, and the loop of a page. Called by the pages. Creates and
 // destroys the main window declared in app/window_state.h.
 #pragma once

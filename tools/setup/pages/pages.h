@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The set-up page by page on a display. Called by main.cpp.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "setup/pages/screen_page.h"
 
 #include "setup/pages/screen_preview.h"

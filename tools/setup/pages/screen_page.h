@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The page of the monitor's rotation, the colours and the font size, with a preview. Called by pages.cpp.
 #pragma once
 

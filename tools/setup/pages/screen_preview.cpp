@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "setup/pages/screen_preview.h"
 
 #include "config/settings.h"

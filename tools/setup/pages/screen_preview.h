@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Draws a small picture of the front end with the current settings. Used by the page of the screen only.
 #pragma once
 

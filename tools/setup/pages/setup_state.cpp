@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "setup/pages/setup_state.h"
 
 #include "setup/proposal.h"

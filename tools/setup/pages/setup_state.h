@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What the pages of the set-up share: the choices, what has been found on the machine, and what is shown of
 // it. Created by pages.cpp; each page reads it and changes its part.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "setup/pages/sounds_page.h"
 
 #include "platform/sound.h"

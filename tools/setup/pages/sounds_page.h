@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The page of the sounds and the ambience. Called by pages.cpp; the emulator page looks for the files.
 #pragma once
 

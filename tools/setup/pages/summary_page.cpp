@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "setup/pages/summary_page.h"
 
 #include "catalogue/game_catalogue.h"

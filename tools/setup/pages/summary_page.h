@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The last page: what has been chosen, and writing it. Called by pages.cpp.
 #pragma once
 
