@@ -177,6 +177,10 @@ int main(int argc, char** argv) {
     const std::string large = path + "/large.avi";
     std::ofstream(large, std::ios::binary) << generatedMovie(640, 480, 60, 4);
     const HWND parent = openMainWindow();
+    if (!screenPixels().pixels) {
+        std::fprintf(stderr, "media_bench needs a display.\n");
+        return 1;
+    }
     soak(parent, files, steps);
     for (const int rotation : {0, 90, -90, 180}) {
         playAlone(parent, argc > 2 ? argv[2] : large, rotation);

@@ -52,5 +52,5 @@ struct GameRecord {
     char** infoLines;
     std::int32_t infoLineCount;
     std::int32_t isFavourite; // 1 when the player has marked it; written by extras/favourites.cpp
-    GameRecord* parent; // null when cloneOf is null or names no record
+    GameRecord* parent;       // null when cloneOf is null or names no record
 };

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Attract play: shows random games, with their movies, while nobody uses the controls. Called by WinMain and
-// the tick; writes selectedIndex and gameBeforeAttractPlay. With IdleSeconds=0 no function does anything. Time spent
-// in a popup, a message or a game does not count as idle, because all of them begin with a control and end
-// within its tick.
+// the tick; writes selectedIndex and gameBeforeAttractPlay. With IdleSeconds=0 no function does anything.
+// Time spent in a popup, a message or a game does not count as idle, because all of them begin with a control
+// and end within its tick.
 #pragma once
 
 #include "platform/types.h"

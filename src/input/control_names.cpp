@@ -72,7 +72,7 @@ constexpr ControlName stickNames[] = {
     {203, "Stick up"},
 };
 
-template <std::size_t Count> const char* findName(const ControlName (&names)[Count], int code) {
+template <std::size_t count> const char* findName(const ControlName (&names)[count], int code) {
     const auto* found = std::ranges::find(names, code, &ControlName::code);
     return found == std::end(names) ? "" : found->name;
 }

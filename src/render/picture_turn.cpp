@@ -50,21 +50,21 @@ std::ptrdiff_t strideOf(std::ptrdiff_t width, int bitsPerPixel) {
 // At a quarter turn, rows of the result are columns of the source. The result is filled in strips of a few
 // columns, because the processor prefetches from only a few source rows at a time. At 180 both are processed
 // row by row.
-template <int PixelBytes> void turnWholeBytes(const Pixels& from, const Pixels& to, const Turn& turn) {
-    const std::ptrdiff_t byRow = turn.xByRow * PixelBytes + turn.yByRow * from.stride;
-    const std::ptrdiff_t byColumn = turn.xByColumn * PixelBytes + turn.yByColumn * from.stride;
-    const BYTE* origin = from.first + turn.x * PixelBytes + turn.y * from.stride;
+template <int pixelBytes> void turnWholeBytes(const Pixels& from, const Pixels& to, const Turn& turn) {
+    const std::ptrdiff_t byRow = turn.xByRow * pixelBytes + turn.yByRow * from.stride;
+    const std::ptrdiff_t byColumn = turn.xByColumn * pixelBytes + turn.yByColumn * from.stride;
+    const BYTE* origin = from.first + turn.x * pixelBytes + turn.y * from.stride;
     constexpr std::ptrdiff_t prefetchedRows = 16;
     const std::ptrdiff_t strip = turn.xByColumn != 0 ? to.width : prefetchedRows;
     for (std::ptrdiff_t left = 0; left < to.width; left += strip) {
         const std::ptrdiff_t right = std::min(left + strip, to.width);
         for (std::ptrdiff_t row = 0; row < to.height; ++row) {
             const BYTE* source = origin + row * byRow + left * byColumn;
-            BYTE* target = to.first + row * to.stride + left * PixelBytes;
+            BYTE* target = to.first + row * to.stride + left * pixelBytes;
             for (std::ptrdiff_t column = left; column < right; ++column) {
-                std::memcpy(target, source, PixelBytes);
+                std::memcpy(target, source, pixelBytes);
                 source += byColumn;
-                target += PixelBytes;
+                target += pixelBytes;
             }
         }
     }

@@ -25,10 +25,10 @@ constexpr std::array<const char*, 5> pictureNames = {"Cabinets", "Screenshots", 
 // Each of the two texts is limited to 255 characters; a longer one is truncated.
 using BarText = std::array<char, 256>;
 
-template <std::size_t Count>
-const char* nameOf(const std::array<const char*, Count>& names, std::int32_t value) {
+template <std::size_t count>
+const char* nameOf(const std::array<const char*, count>& names, std::int32_t value) {
     const auto index = static_cast<std::size_t>(value);
-    return value >= 0 && index < Count ? names[index] : names[0];
+    return value >= 0 && index < count ? names[index] : names[0];
 }
 
 BarText positionText(std::int32_t index) {

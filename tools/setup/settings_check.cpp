@@ -73,7 +73,7 @@ std::string wrongWord(const SettingRow& row, const std::string& value) {
 
 std::string wrongControl(const SettingRow& row, const std::string& value) {
     const bool isKey = row.kind == SettingKind::keyCode;
-    const std::string wrong = wrongNumber(value, 10, 0, isKey ? 254 : 512);
+    std::string wrong = wrongNumber(value, 10, 0, isKey ? 254 : 512);
     if (!wrong.empty()) {
         return wrong;
     }
