@@ -237,7 +237,7 @@ GameRecord* makeRecord(const Draft& draft) {
     if (!place) {
         return nullptr;
     }
-    auto* record = new (place) GameRecord{};
+    GameRecord* const record = new (place) GameRecord{};
     place += sizeof(GameRecord);
     if (draft.hasVideo) {
         record->video = new (place) VideoInfo(draft.video);

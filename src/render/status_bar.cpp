@@ -73,7 +73,8 @@ struct BarTexts {
 // In the fixed layout a long game text runs into the position text. In the turned one it is shortened, and
 // the position loses its words where they would leave less than a quarter of the bar to the game.
 BarTexts textsThatFit(HDC dc, std::int32_t index, LONG barLength) {
-    BarTexts texts{gameText(*visibleGames[index]).data(), positionText(index).data()};
+    BarTexts texts{std::string(gameText(*visibleGames[index]).data()),
+                   std::string(positionText(index).data())};
     if (settings.layout == layoutTurned) {
         if (positionStart(dc, texts.position, barLength) < barLength / 4) {
             texts.position = "  " + std::to_string(index + 1) + "/" + std::to_string(visibleCount);
