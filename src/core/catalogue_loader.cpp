@@ -15,12 +15,16 @@
 #include "platform/text_file.h"
 
 #include <cstdio>
+#include <future>
 #include <optional>
 #include <string>
 
 namespace {
 
 constexpr DWORD failureMessageTime = 7500; // milliseconds
+
+// Valid while a thread reads the list; the catalogue belongs to that thread until then.
+std::future<void> listReading;
 
 bool shutdownRequested() {
     return GetSystemMetrics(SM_SHUTTINGDOWN) != 0;
@@ -64,29 +68,51 @@ void logEmptyListReason(const RegenerationResult& result) {
                                        "next start makes it anew.");
 }
 
-} // namespace
-
-std::int32_t loadGameList() {
+// Returns false when there is no list and none could be made.
+bool readOrMakeList() {
     freeGameList();
     std::optional<RegenerationResult> regeneration;
-    if (settings.refreshList != 0) {
-        refreshGameList();
-    }
     FILE* list = openTextFile(listFile);
     if (!list && settings.refreshList == 0) {
         regeneration = regenerateList();
         list = openTextFile(listFile);
     }
     if (!list) {
-        showMessage("No game information found.  Could not generate.");
-        Sleep(failureMessageTime);
-        hideMessage();
-        return 0;
+        return false;
     }
     readGameList(list);
     std::fclose(list);
     if (regeneration && gameCount == 0) {
         logEmptyListReason(*regeneration);
+    }
+    return true;
+}
+
+} // namespace
+
+void startReadingGameList() {
+    if (FILE* list = openTextFile(listFile)) {
+        // Without a thread to be had, it is read when loadGameList waits for it.
+        listReading = std::async(std::launch::async | std::launch::deferred, [list] {
+            readGameList(list);
+            std::fclose(list);
+        });
+    }
+}
+
+std::int32_t loadGameList() {
+    bool isRead = listReading.valid();
+    if (isRead) {
+        listReading.get();
+    }
+    if (settings.refreshList != 0 && refreshGameList()) {
+        isRead = false;
+    }
+    if (!isRead && !readOrMakeList()) {
+        showMessage("No game information found.  Could not generate.");
+        Sleep(failureMessageTime);
+        hideMessage();
+        return 0;
     }
     return loadGameInfo(settings.mameInfoPath);
 }

@@ -6,6 +6,11 @@
 
 #include <cstdint>
 
+// Starts reading an existing list in a thread, so that it is in memory when the display is open, which takes
+// as long. Called first by WinMain. Until loadGameList, nobody may use the catalogue.
+void startReadingGameList();
+
 // Returns 1 when a list was read, even one without games. Returns 0, after showing a message, when there is
 // no list and none could be created.
+// A reading that was started before is waited for instead.
 std::int32_t loadGameList();

@@ -128,6 +128,7 @@ void freeResources() {
 } // namespace
 
 int WinMain(HINSTANCE instance, HINSTANCE, LPSTR commandTail, int) {
+    startReadingGameList();
     SetConsoleTitleA("KESTRAVOX");
     iniPath = *commandTail != '\0' ? commandTail : ".\\kestravox.ini";
     appInstance = instance;

@@ -118,7 +118,7 @@ const char* makeList(const std::string& listCommand) {
 
 } // namespace
 
-void refreshGameList() {
+bool refreshGameList() {
     const std::string listCommand = settings.mameExe + std::string(listingOption);
     const std::string emulator = findProgram(listCommand);
     const char* problem = "the emulator was not found";
@@ -127,7 +127,7 @@ void refreshGameList() {
         const std::string stamp = stampOf(emulator);
         constexpr std::int64_t longestStamp = 16384;
         if (readEnd(listStampFile, longestStamp) == stamp && isWholeList(listFile)) {
-            return;
+            return false;
         }
         problem = makeList(listCommand);
         if (!problem) {
@@ -137,6 +137,7 @@ void refreshGameList() {
     if (problem && GetSystemMetrics(SM_SHUTTINGDOWN) == 0) {
         writeDiagnostic(standardError, std::string("The game list was not made anew: ") + problem + ".");
     }
+    return !problem;
 }
 
 void noteListEmulator(const std::string& commandLine) {
