@@ -17,23 +17,9 @@ using namespace std::chrono_literals;
 constexpr int wantedFrequency = 48000;
 constexpr int wantedChannels = 2;
 constexpr int bufferFrames = 1024; // 21 ms, so that a sound starts with the picture it belongs to
-constexpr int channel = 0;
 
 // Minimum time between attempts to open a device, because each attempt probes every kind of sound server.
 constexpr auto retryInterval = 5s;
-
-// A device whose server has exited still accepts samples but plays nothing; SDL then reports it as stopped.
-// The mixer does not expose its device ID; SDL assigns IDs from 2 upwards.
-bool deviceIsAlive() {
-    constexpr SDL_AudioDeviceID firstDevice = 2;
-    constexpr SDL_AudioDeviceID lastDevice = 16;
-    for (SDL_AudioDeviceID id = firstDevice; id <= lastDevice; ++id) {
-        if (SDL_GetAudioDeviceStatus(id) != SDL_AUDIO_STOPPED) {
-            return true;
-        }
-    }
-    return false;
-}
 
 } // namespace
 
@@ -42,8 +28,16 @@ SoundDevice::~SoundDevice() {
     SDL_TLSCleanup();
 }
 
+void SoundDevice::fillBuffer(void* device, Uint8* buffer, int size) {
+    auto& self = *static_cast<SoundDevice*>(device);
+    const std::size_t bytes = std::min(static_cast<std::size_t>(size), self.samples_.size() - self.position_);
+    std::copy_n(self.samples_.data() + self.position_, bytes, buffer);
+    std::fill(buffer + bytes, buffer + size, Uint8{0});
+    self.position_ += bytes;
+}
+
 bool SoundDevice::open() {
-    if (opened_ && deviceIsAlive()) {
+    if (device_ != 0 && isAlive()) {
         return true;
     }
     close();
@@ -52,16 +46,47 @@ bool SoundDevice::open() {
         return false;
     }
     silenceAlsa();
-    if (Mix_OpenAudioDevice(wantedFrequency, AUDIO_S16SYS, wantedChannels, bufferFrames, nullptr,
-                            SDL_AUDIO_ALLOW_FREQUENCY_CHANGE) != 0) {
-        SDL_QuitSubSystem(SDL_INIT_AUDIO);
+    SDL_AudioSpec wanted{};
+    wanted.freq = wantedFrequency;
+    wanted.format = AUDIO_S16SYS;
+    wanted.channels = wantedChannels;
+    wanted.samples = bufferFrames;
+    wanted.callback = fillBuffer;
+    wanted.userdata = this;
+    SDL_AudioSpec obtained{};
+    if (SDL_InitSubSystem(SDL_INIT_AUDIO) == 0) {
+        device_ = SDL_OpenAudioDevice(nullptr, 0, &wanted, &obtained, SDL_AUDIO_ALLOW_FREQUENCY_CHANGE);
+        if (device_ == 0) {
+            SDL_QuitSubSystem(SDL_INIT_AUDIO);
+        }
+    }
+    if (device_ == 0) {
         nextTry_ = now + retryInterval;
         return false;
     }
-    opened_ = true;
-    Uint16 format = 0;
-    Mix_QuerySpec(&frequency_, &format, &channels_);
+    frequency_ = obtained.freq;
+    channels_ = obtained.channels;
+    SDL_PauseAudioDevice(device_, 0);
     return true;
+}
+
+// A device whose server has exited still accepts samples but plays nothing; SDL then reports it as stopped.
+bool SoundDevice::isAlive() const {
+    return SDL_GetAudioDeviceStatus(device_) != SDL_AUDIO_STOPPED;
+}
+
+bool SoundDevice::isPlaying() const {
+    SDL_LockAudioDevice(device_);
+    const bool playing = position_ < samples_.size();
+    SDL_UnlockAudioDevice(device_);
+    return playing && isAlive();
+}
+
+void SoundDevice::setSamples(std::vector<std::uint8_t> samples) {
+    SDL_LockAudioDevice(device_);
+    samples_.swap(samples);
+    position_ = 0;
+    SDL_UnlockAudioDevice(device_);
 }
 
 std::int64_t SoundDevice::length() const {
@@ -75,30 +100,23 @@ std::int64_t SoundDevice::play(const std::string& path) {
     if (!open()) {
         return 0;
     }
-    samples_ = loadWaveSound(path, frequency_, channels_);
-    chunk_.reset(samples_.empty() ? nullptr
-                                  : Mix_QuickLoad_RAW(samples_.data(), static_cast<Uint32>(samples_.size())));
-    if (!chunk_ || Mix_PlayChannel(channel, chunk_.get(), 0) != channel) {
-        return 0;
-    }
+    setSamples(loadWaveSound(path, frequency_, channels_));
     return length();
 }
 
 void SoundDevice::stop() {
-    if (opened_) {
-        Mix_HaltChannel(channel);
-        chunk_.reset();
-        samples_ = {};
+    if (device_ != 0) {
+        setSamples({});
     }
 }
 
 void SoundDevice::closeWhenSilent() {
-    closeWhenSilent_ = opened_;
+    closeWhenSilent_ = device_ != 0;
     check();
 }
 
 void SoundDevice::check() {
-    if (closeWhenSilent_ && (Mix_Playing(channel) == 0 || !deviceIsAlive())) {
+    if (closeWhenSilent_ && !isPlaying()) {
         close();
     }
 }
@@ -111,9 +129,9 @@ std::chrono::milliseconds SoundDevice::timeToNextCheck() const {
 void SoundDevice::close() {
     stop();
     closeWhenSilent_ = false;
-    if (opened_) {
-        Mix_CloseAudio();
+    if (device_ != 0) {
+        SDL_CloseAudioDevice(device_);
         SDL_QuitSubSystem(SDL_INIT_AUDIO);
-        opened_ = false;
+        device_ = 0;
     }
 }

@@ -1,13 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The sound device and the sound that it plays, using SDL2_mixer. Used only by the device thread in
+// The sound device and the sound that it plays, using SDL's audio. Used only by the device thread in
 // sound.cpp, because any call may block on the sound server. Not thread-safe; uses the real clock only.
 #pragma once
 
-#include <SDL_mixer.h>
+#include <SDL_audio.h>
 
 #include <chrono>
 #include <cstdint>
-#include <memory>
 #include <string>
 #include <vector>
 
@@ -33,19 +32,20 @@ public:
     std::chrono::milliseconds timeToNextCheck() const;
 
 private:
-    struct FreeChunk {
-        void operator()(Mix_Chunk* chunk) const { Mix_FreeChunk(chunk); }
-    };
-    using Chunk = std::unique_ptr<Mix_Chunk, FreeChunk>;
+    // SDL calls it on its own thread, holding the device's lock.
+    static void fillBuffer(void* device, Uint8* buffer, int size);
 
     bool open();
+    bool isAlive() const;
+    bool isPlaying() const;
+    void setSamples(std::vector<std::uint8_t> samples);
     std::int64_t length() const;
 
-    bool opened_ = false;
+    SDL_AudioDeviceID device_ = 0; // 0: closed
     bool closeWhenSilent_ = false;
     int frequency_ = 0;
     int channels_ = 0;
-    std::vector<std::uint8_t> samples_; // referenced by chunk_
-    Chunk chunk_;
+    std::vector<std::uint8_t> samples_; // this and position_ are changed under the device's lock
+    std::size_t position_ = 0;          // of the first byte that has not been played
     std::chrono::steady_clock::time_point nextTry_{};
 };
