@@ -2,17 +2,22 @@
 // Measures the whole program on a virtual screen with real key events. With 45,294 games: time to the first
 // picture, memory, processor use when idle, processor time of a selection step and a sort command, and the
 // time from a key press to its picture, with and without InstantResponse. With large art: pictures per second
-// while a key is held, and processor use when idle in the list, the menu and the information window. Usage:
-// `front_end_bench [LIST]`. Without LIST, generates a list.
-#include "child_program.h"
+// while a key is held, and processor use when idle in the list, the menu and the information window. With
+// pictures of 100 and of all games: start, memory and a selection step. Usage: `front_end_bench [LIST]`.
+// Without LIST, generates a list.
+//
+// From the top: the measurements, the cabinets they run in, the table of benchmarks.
+#include "generated_movie.h"
 #include "large_cabinet.h"
 #include "photograph.h"
+#include "running_front_end.h"
 #include "support/temporary_folder.h"
 #include "virtual_screen.h"
 
 #include <benchmark/benchmark.h>
 
 #include <algorithm>
+#include <array>
 #include <chrono>
 #include <filesystem>
 #include <fstream>
@@ -26,11 +31,6 @@ namespace {
 
 constexpr int screenWidth = 1440;
 constexpr int screenHeight = 1080;
-constexpr int startTimeout = 20000;
-
-// The background of the list view, and a pixel where no message box covers it.
-constexpr std::uint32_t backgroundColour = 0x203040;
-constexpr PixelArea corner = {4, 4, 5, 5};
 
 // Number of games that share one flyer, which is as large as the largest real ones.
 constexpr int artGames = 400;
@@ -46,70 +46,18 @@ constexpr const char* extraSettings = "extras.ini";
 
 std::string largeFolder;
 std::string artFolder;
+// The large list, with pictures of that many of its games.
+constexpr std::array<int, 2> pictureCounts = {100, 45294};
+std::string picturesFolder;
 
-double secondsSince(std::chrono::steady_clock::time_point start) {
-    return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
+std::string picturesOf(int count) {
+    return picturesFolder + "/" + std::to_string(count);
 }
 
-void pauseFor(int milliseconds) {
-    std::this_thread::sleep_for(std::chrono::milliseconds(milliseconds));
-}
-
-// A running front end whose first picture is on the screen.
-class RunningFrontEnd {
-public:
-    explicit RunningFrontEnd(const std::string& cabinetFolder, const char* settings = plainSettings) {
-        const auto start = std::chrono::steady_clock::now();
-        program_ = std::make_unique<ChildProgram>(
-            ChildOptions{{KESTRAVOX_PATH, settings}, cabinetFolder, {screen->environment()}});
-        const bool shown = screen->waitFor(
-            [](const Screenshot& shot) { return shot.countColour(corner, backgroundColour) == 1; },
-            startTimeout);
-        secondsToPicture = secondsSince(start);
-        if (!shown) {
-            std::cerr << "no picture\n";
-            std::exit(1);
-        }
-    }
-    ~RunningFrontEnd() {
-        const auto start = std::chrono::steady_clock::now();
-        screen->tap("Escape", 150);
-        program_->waitForExit(startTimeout);
-        secondsToEnd = secondsSince(start);
-    }
-    RunningFrontEnd(const RunningFrontEnd&) = delete;
-    RunningFrontEnd& operator=(const RunningFrontEnd&) = delete;
-
-    // Processor time used so far, in seconds.
-    double processorSeconds() const {
-        double nanoseconds = 0;
-        std::ifstream("/proc/" + std::to_string(program_->id()) + "/schedstat") >> nanoseconds;
-        return nanoseconds * 1e-9;
-    }
-
-    // Returns a value from /proc/PID/status, such as "VmRSS:", in MiB.
-    double mebibytes(const std::string& key) const {
-        std::ifstream status("/proc/" + std::to_string(program_->id()) + "/status");
-        for (std::string word; status >> word;) {
-            double kibibytes = 0;
-            if (word == key && status >> kibibytes) {
-                return kibibytes / 1024;
-            }
-        }
-        return 0;
-    }
-
-    double secondsToPicture = 0;
-    static inline double secondsToEnd = 0;
-
-private:
-    std::unique_ptr<ChildProgram> program_;
-};
-
-void measureStart(benchmark::State& state, const char* settings) {
+void measureStart(benchmark::State& state, const std::string& cabinetFolder, const char* settings) {
     double processor = 0;
     for ([[maybe_unused]] auto step : state) {
-        const RunningFrontEnd frontEnd(largeFolder, settings);
+        const RunningFrontEnd frontEnd(*screen, cabinetFolder, settings);
         state.SetIterationTime(frontEnd.secondsToPicture);
         processor += frontEnd.processorSeconds();
         pauseFor(500);
@@ -123,7 +71,7 @@ void measureStart(benchmark::State& state, const char* settings) {
 // Processor use when idle, with the window that the key opens if there is one.
 void measureIdle(benchmark::State& state, const std::string& cabinetFolder, const char* key,
                  const char* settings) {
-    const RunningFrontEnd frontEnd(cabinetFolder, settings);
+    const RunningFrontEnd frontEnd(*screen, cabinetFolder, settings);
     pauseFor(500);
     if (key) {
         screen->tap(key);
@@ -150,7 +98,7 @@ double secondsOfDecoding() {
 
 // Pictures per second while a key is held, compared to decoding the same art just before and after.
 void measureHeldKey(benchmark::State& state) {
-    const RunningFrontEnd frontEnd(artFolder);
+    const RunningFrontEnd frontEnd(*screen, artFolder, plainSettings);
     pauseFor(1000);
     constexpr double heldSeconds = 5;
     int pictures = 0;
@@ -194,7 +142,7 @@ void measureHeldKey(benchmark::State& state) {
 
 // Time from a key press to the first change of the picture, at all distances from the ticks.
 void measureResponse(benchmark::State& state, const char* settings) {
-    const RunningFrontEnd frontEnd(largeFolder, settings);
+    const RunningFrontEnd frontEnd(*screen, largeFolder, settings);
     pauseFor(500);
     std::vector<double> times;
     for ([[maybe_unused]] auto step : state) {
@@ -218,8 +166,9 @@ void measureResponse(benchmark::State& state, const char* settings) {
 }
 
 // Processor time of one action in addition to that of the idle program over the same time.
-void measureAction(benchmark::State& state, const char* key, int milliseconds) {
-    const RunningFrontEnd frontEnd(largeFolder);
+void measureAction(benchmark::State& state, const std::string& cabinetFolder, const char* key,
+                   int milliseconds) {
+    const RunningFrontEnd frontEnd(*screen, cabinetFolder, plainSettings);
     pauseFor(500);
     const double beforeIdle = frontEnd.processorSeconds();
     pauseFor(2000);
@@ -278,6 +227,56 @@ void writeArtCabinet() {
     writeSettings(artFolder);
 }
 
+// The list in title order, with marquees and screen shots of its first `count` games and movies of its first
+// 2,000.
+void writePicturesCabinet(int count) {
+    const std::string folder = picturesOf(count);
+    std::filesystem::create_directories(folder);
+    std::filesystem::create_hard_link(largeFolder + "/listinfo.dat", folder + "/listinfo.dat");
+    std::filesystem::create_directory_symlink(largeFolder + "/roms", folder + "/roms");
+    const std::vector<std::string> names = gamesByTitle(folder + "/listinfo.dat");
+    const auto link = [&](const std::string& file, const std::string& kind, int links) {
+        std::filesystem::create_directory(folder + "/" + kind);
+        const std::string end = std::filesystem::path(file).extension();
+        for (std::size_t game = 0; game < std::min(names.size(), static_cast<std::size_t>(links)); ++game) {
+            std::filesystem::create_hard_link(file, folder + "/" + kind + "/" + names[game] + end);
+        }
+    };
+    link(picturesFolder + "/marquee.png", "marquees", count);
+    link(picturesFolder + "/shot.png", "snap", count);
+    link(picturesFolder + "/movie.avi", "movies", std::min(count, 2000));
+    std::ofstream(folder + "/" + plainSettings)
+        << "[Settings]\nRoms.dir=roms\nMarquee.dir=marquees\nSnapshot.dir=snap\nAttract.dir=movies\n"
+           "PreviewPictures=ScreenShots\nFontsize=18\nBackgroundcolor=0x403020\nFontcolor=0xFFFFFF\n"
+           "[RomOptions]\nDisplayMissingRoms=1\n";
+}
+
+void writePicturesCabinets() {
+    std::filesystem::create_directories(picturesFolder);
+    writePhotograph(picturesFolder + "/marquee.png", 800, 250, 3);
+    writePhotograph(picturesFolder + "/shot.png", 640, 480, 5);
+    std::ofstream(picturesFolder + "/movie.avi", std::ios::binary) << generatedMovie(320, 240, 20, 2);
+    for (const int count : pictureCounts) {
+        writePicturesCabinet(count);
+    }
+}
+
+// What may depend on the number of files in the folders of pictures and movies.
+void registerPictureCounts() {
+    for (const int count : pictureCounts) {
+        const std::string name = "/pictures/" + std::to_string(count);
+        const std::string folder = picturesOf(count);
+        benchmark::RegisterBenchmark(("start" + name).c_str(), measureStart, folder, plainSettings)
+            ->UseManualTime()
+            ->Unit(benchmark::kMillisecond)
+            ->Iterations(9);
+        benchmark::RegisterBenchmark(("selectionStep" + name).c_str(), measureAction, folder, "Down", 480)
+            ->UseManualTime()
+            ->Unit(benchmark::kMillisecond)
+            ->Iterations(30);
+    }
+}
+
 } // namespace
 
 int main(int argc, char** argv) {
@@ -288,6 +287,8 @@ int main(int argc, char** argv) {
     artFolder = folder.pathOf("art");
     writeLargeCabinet(list);
     writeArtCabinet();
+    picturesFolder = folder.pathOf("pictures");
+    writePicturesCabinets();
     std::string problem;
     screen = VirtualScreen::start(screenWidth, screenHeight, problem);
     if (!screen) {
@@ -295,11 +296,11 @@ int main(int argc, char** argv) {
         return 1;
     }
     constexpr auto unit = benchmark::kMillisecond;
-    benchmark::RegisterBenchmark("start", measureStart, plainSettings)
+    benchmark::RegisterBenchmark("start", measureStart, largeFolder, plainSettings)
         ->UseManualTime()
         ->Unit(unit)
         ->Iterations(9);
-    benchmark::RegisterBenchmark("start/extras", measureStart, extraSettings)
+    benchmark::RegisterBenchmark("start/extras", measureStart, largeFolder, extraSettings)
         ->UseManualTime()
         ->Unit(unit)
         ->Iterations(9);
@@ -323,7 +324,7 @@ int main(int argc, char** argv) {
             ->Iterations(1);
     }
     benchmark::RegisterBenchmark("heldKey", measureHeldKey)->UseManualTime()->Unit(unit)->Iterations(3);
-    benchmark::RegisterBenchmark("selectionStep", measureAction, "Down", 180)
+    benchmark::RegisterBenchmark("selectionStep", measureAction, largeFolder, "Down", 180)
         ->UseManualTime()
         ->Unit(unit)
         ->Iterations(30);
@@ -335,10 +336,11 @@ int main(int argc, char** argv) {
         ->UseManualTime()
         ->Unit(unit)
         ->Iterations(100);
-    benchmark::RegisterBenchmark("sortCycle", measureAction, "z", 480)
+    benchmark::RegisterBenchmark("sortCycle", measureAction, largeFolder, "z", 480)
         ->UseManualTime()
         ->Unit(unit)
         ->Iterations(12);
+    registerPictureCounts();
     benchmark::RunSpecifiedBenchmarks();
     return 0;
 }

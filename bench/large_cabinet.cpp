@@ -1,11 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "large_cabinet.h"
 
+#include <algorithm>
 #include <cctype>
 #include <fstream>
 #include <random>
 #include <set>
+#include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace {
@@ -109,4 +112,32 @@ void writeZips(const std::filesystem::path& list, const std::filesystem::path& f
             std::ofstream(folder / (line.substr(key.size()) + ".zip"));
         }
     }
+}
+
+std::vector<std::string> gamesByTitle(const std::filesystem::path& list) {
+    constexpr std::string_view nameKey = "\tname ";
+    constexpr std::string_view titleKey = "\tdescription ";
+    std::vector<std::pair<std::string, std::string>> games; // title in lower case, name
+    std::ifstream lines(list, std::ios::binary);
+    bool isGame = false;
+    std::string name;
+    for (std::string line; std::getline(lines, line);) {
+        if (!line.starts_with('\t')) {
+            isGame = line.starts_with("game (");
+        } else if (line.starts_with(nameKey)) {
+            name = line.substr(nameKey.size());
+        } else if (line.starts_with(titleKey) && isGame) {
+            std::string title = line.substr(titleKey.size());
+            std::ranges::transform(title, title.begin(), [](unsigned char letter) {
+                return static_cast<char>(std::tolower(letter));
+            });
+            games.emplace_back(std::move(title), name);
+        }
+    }
+    std::ranges::sort(games);
+    std::vector<std::string> names;
+    for (auto& [title, game] : games) {
+        names.push_back(std::move(game));
+    }
+    return names;
 }

@@ -2,14 +2,13 @@
 // Measures movies: how long opening one blocks the caller, memory, threads and files after many of them, and
 // the processor time of a playing movie at each rotation. Usage: `media_bench [STEPS [MOVIE]]`. Without
 // MOVIE, the processor time is that of a generated movie of 640x480 at 60 pictures per second.
-#include "avi_writer.h"
+#include "generated_movie.h"
 #include "platform/clock.h"
 #include "platform/media.h"
 #include "platform/messages.h"
 #include "platform/painting.h"
 #include "platform/test_access.h"
 #include "platform/window.h"
-#include "sounds.h"
 
 #include <algorithm>
 #include <chrono>
@@ -29,22 +28,6 @@ constexpr int tickMilliseconds = 100;
 
 double millisecondsSince(Clock::time_point start) {
     return std::chrono::duration<double, std::milli>(Clock::now() - start).count();
-}
-
-std::string generatedMovie(int width, int height, int framesPerSecond, int seconds) {
-    AviWriter writer({width, height, framesPerSecond, soundRate});
-    for (int number = 0; number < framesPerSecond * seconds; ++number) {
-        std::vector<std::uint32_t> pixels;
-        for (int index = 0; index < width * height; ++index) {
-            const int x = index % width + 3 * number;
-            const int y = index / width + 2 * number;
-            pixels.push_back(
-                static_cast<std::uint32_t>(((x & 0xFF) << 16) | ((y & 0xFF) << 8) | ((x ^ y) & 0x7F)));
-        }
-        writer.addPicture(pixels);
-        writer.addSound(play({{0, 1.0 / framesPerSecond, 440, 0, 0.3, 0}}, 1.0 / framesPerSecond));
-    }
-    return writer.content();
 }
 
 HWND openMainWindow() {
