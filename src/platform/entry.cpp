@@ -2,6 +2,7 @@
 #include "platform/entry.h"
 
 #include "platform/base/end_request.h"
+#include "platform/base/heap.h"
 #include "platform/diagnostics.h"
 #include "platform/module.h"
 #include "platform/process/command_line.h"
@@ -29,6 +30,7 @@ void fillStandardStreams() {
 } // namespace
 
 int main() {
+    useOneHeap();
     fillStandardStreams();
     replaceStandardStreams();
     // A diagnostic written to a closed pipe must not end the program. Children get the default action back.

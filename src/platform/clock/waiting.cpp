@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/clock/waiting.h"
 
+#include "platform/base/heap.h"
 #include "platform/clock/clock_source.h"
 
 namespace {
@@ -27,6 +28,7 @@ bool waitForInput(std::int64_t nanoseconds) {
 }
 
 bool keepAlive() {
+    returnFreeMemoryAtRest(clockNow());
     return keepAliveFunction && keepAliveFunction();
 }
 

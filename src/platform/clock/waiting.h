@@ -16,8 +16,9 @@ void setInputWait(bool (*function)(std::int64_t nanoseconds));
 // Waits for at least the given time, or until there is input. Returns whether there was any.
 bool waitForInput(std::int64_t nanoseconds);
 
-// Calls the function of setKeepAlive, for a wait whose end is not a moment in time. Returns true while
-// pictures move; it then has to be called every 10 ms, otherwise every 20 to 50 ms.
+// Calls the function of setKeepAlive, for a wait whose end is not a moment in time, and returns free memory
+// when the program rests. Returns true while pictures move; it then has to be called every 10 ms, otherwise
+// every 20 to 50 ms.
 bool keepAlive();
 
 // Waits for at least the given time, then keeps the screen alive. Returns the result of keepAlive().

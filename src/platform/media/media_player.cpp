@@ -25,6 +25,7 @@ constexpr Option options[] = {
     {"osc", "no"},
     {"ytdl", "no"},
     {"load-stats-overlay", "no"},
+    {"load-osd-console", "no"},
     {"load-auto-profiles", "no"},
     {"terminal", "no"},
     {"input-default-bindings", "no"},

@@ -2,6 +2,7 @@
 #include "platform/process.h"
 
 #include "platform/base/end_request.h"
+#include "platform/base/heap.h"
 #include "platform/clock/waiting.h"
 #include "platform/display/display.h"
 #include "platform/files/paths.h"
@@ -118,6 +119,7 @@ BOOL CreateProcessA(LPCSTR applicationName, LPSTR commandLine, SECURITY_ATTRIBUT
     if (getsDisplay) {
         soundGiveUp();
         displayGiveUp();
+        returnFreeMemory();
     }
     const bool detached = (flags & DETACHED_PROCESS) != 0;
     const pid_t child =
