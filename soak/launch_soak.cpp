@@ -72,12 +72,19 @@ int runOnVirtualTime(long launches) {
     return exitCode == 0 && started == launches && !check.found() ? 0 : 1;
 }
 
+// Moves to another game: up and down in turn, and the other way at an end of the list.
+bool moveToNext(RealFrontEnd& frontEnd, long launch) {
+    const bool downwards = launch % 10 < 5;
+    return frontEnd.reaction(downwards ? "Down" : "Up", 2000) ||
+           frontEnd.reaction(downwards ? "Up" : "Down", 2000);
+}
+
 // Moves to another game and starts it. Returns false when one of the two does not happen.
 bool launchNext(RealFrontEnd& frontEnd, long launch) {
     constexpr int reactionLimit = 10000;        // milliseconds
     constexpr int delaysOfLaunch = 1000 + 1000; // before and after the wait for the emulator, milliseconds
     const std::size_t before = frontEnd.launches();
-    if (!frontEnd.reaction(launch % 10 < 5 ? "Down" : "Up", reactionLimit)) {
+    if (!moveToNext(frontEnd, launch)) {
         return false;
     }
     pauseFor(300); // the movie starts
