@@ -4,7 +4,8 @@
 // several with the same name is used. Blanks around names and values, and one pair of quotes around a value,
 // are dropped. A line that starts with `;` is a comment. Line ends may be CR LF or LF, and a UTF-8 byte order
 // mark at the start is skipped. Values are not converted between encodings. A file that is not a plain file
-// or is larger than 8 MiB is treated as unreadable.
+// or is larger than 8 MiB is treated as unreadable. When the first read of a file fails, it is not written
+// any more; when a later one fails, the last known values are returned.
 #pragma once
 
 #include "platform/types.h"

@@ -40,6 +40,10 @@ struct {
     std::unique_ptr<ProfileText> text;
 } lastRead;
 
+// A file that could not be read when its values were asked for. The program has defaults in their place,
+// which must not replace them if the file can be read later.
+std::string unreadProfile;
+
 enum class ReadResult { done, missing, unreadable };
 
 std::int64_t nanoseconds(const timespec& time) {
@@ -83,8 +87,15 @@ ReadResult readProfile(const std::string& path) {
     return ReadResult::done;
 }
 
+// From a file that has become unreadable it returns the last known value.
 std::optional<std::string_view> readValue(LPCSTR section, LPCSTR key, LPCSTR file) {
-    if (!file || readProfile(nativePath(file)) != ReadResult::done) {
+    const std::string path = nativePath(file ? file : "");
+    const ReadResult result = file ? readProfile(path) : ReadResult::missing;
+    const bool isKnown = lastRead.text && lastRead.path == path;
+    if (result == ReadResult::unreadable && !isKnown) {
+        unreadProfile = path;
+    }
+    if (result == ReadResult::missing || !isKnown) {
         return std::nullopt;
     }
     return lastRead.text->value(trimmedName(section), trimmedName(key));
@@ -127,7 +138,7 @@ BOOL WritePrivateProfileStringA(LPCSTR section, LPCSTR key, LPCSTR value, LPCSTR
 BOOL writeProfileValues(std::span<const ProfileValue> values, LPCSTR file) {
     const std::string path = nativePath(file ? file : "");
     const ReadResult result = file ? readProfile(path) : ReadResult::unreadable;
-    if (result == ReadResult::unreadable) {
+    if (result == ReadResult::unreadable || path == unreadProfile) {
         return FALSE;
     }
     std::unique_ptr<ProfileText> changed;

@@ -129,6 +129,20 @@ TEST_F(ProfileTest, OtherThanPlainFilesReadAsDefaultsAndAreKept) {
     EXPECT_EQ(entries(), 3);
 }
 
+TEST_F(ProfileTest, DefaultsOfAFailedReadAreNeverWritten) {
+    folder.write("y.ini", "[S]\nK=1\n");
+    EXPECT_EQ(value("S", "K", "y.ini"), "1");
+    std::filesystem::rename("y.ini", "z.ini.later");
+    std::filesystem::create_directory("y.ini"); // cannot be read
+    EXPECT_EQ(value("S", "K", "y.ini"), "1") << "the last known value";
+    std::filesystem::create_directory("z.ini");
+    EXPECT_EQ(value("S", "K", "z.ini"), "-");
+    std::filesystem::remove("z.ini");
+    std::filesystem::rename("z.ini.later", "z.ini");
+    EXPECT_FALSE(WritePrivateProfileStringA("S", "K", "-", "z.ini"));
+    EXPECT_EQ(value("S", "K", "z.ini"), "1");
+}
+
 TEST_F(ProfileTest, WritesOnlyTheOneValue) {
     const struct {
         std::optional<std::string_view> before;
