@@ -13,12 +13,6 @@
 
 namespace {
 
-// Size of the parts in bytes. Parts of this size are still in the processor's cache when they are parsed.
-constexpr std::size_t partSize = 1 << 20;
-
-// When no start of a machine is found within this many bytes, the remaining list is parsed as one part.
-constexpr std::size_t maximumPartSize = 8 << 20;
-
 // Bytes to read at a time when the list is parsed as one part.
 constexpr std::size_t streamBlockSize = 256 << 10;
 
@@ -31,10 +25,11 @@ struct PartResult {
 // State shared by the workers and protected by the lock. A worker that parses the remaining list holds the
 // lock to the end.
 struct SharedWork {
-    explicit SharedWork(int descriptor) : input(descriptor) {}
+    SharedWork(int descriptor, const PartSizes& partSizes) : input(descriptor), sizes(partSizes) {}
 
     std::mutex lock;
     ByteInput input;
+    PartSizes sizes;
     std::string opening; // start tag of the root element, added before each part
     std::string closing; // end tag of the root element, added after each part
     bool divisible = false;
@@ -76,13 +71,13 @@ struct Part {
 Part takePart(SharedWork& work, XmlListParser& parser) {
     const std::size_t opening = work.opening.size();
     parser.reset();
-    char* buffer = parser.buffer(maximumPartSize);
+    char* buffer = parser.buffer(work.sizes.largest);
     std::memcpy(buffer, work.opening.data(), opening);
-    const std::size_t limit = maximumPartSize - work.closing.size();
+    const std::size_t limit = work.sizes.largest - work.closing.size();
     std::size_t length = opening;
-    std::size_t wanted = partSize;
+    std::size_t wanted = work.sizes.usual;
     std::size_t cut = 0;
-    while (cut == 0 && wanted <= maximumPartSize) {
+    while (cut == 0 && wanted <= work.sizes.largest) {
         std::size_t count = 1;
         while (count > 0 && length < std::min(wanted, limit)) {
             count = work.input.read(buffer + length, std::min(wanted, limit) - length);
@@ -174,8 +169,8 @@ void parseAsOnePart(SharedWork& work, const ListStart& start) {
 
 } // namespace
 
-Conversion convertList(int inputDescriptor) {
-    SharedWork work(inputDescriptor);
+Conversion convertList(int inputDescriptor, const PartSizes& sizes) {
+    SharedWork work(inputDescriptor, sizes);
     const std::optional<ListStart> start = findListStart(work.input);
     if (work.input.failed()) {
         return {{}, "the input cannot be read"};

@@ -1,0 +1,55 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Writes the seeds that are made by existing writers, pictures and sounds, to folders with the names of their
+// targets: `make_seeds FOLDER`. The other seeds are files in fuzz/seeds.
+#include "support/png_files.h"
+#include "support/wave_files.h"
+
+#include <cstdio>
+#include <filesystem>
+#include <fstream>
+
+namespace {
+
+void write(const std::filesystem::path& path, const std::string& bytes) {
+    std::filesystem::create_directories(path.parent_path());
+    std::ofstream(path, std::ios::binary) << bytes;
+}
+
+// The bytes after a picture choose the rotation and that it is a file; see png_fuzz.cpp.
+void writePictures(const std::filesystem::path& folder) {
+    PngForm form;
+    form.width = 19;
+    form.height = 7;
+    for (const int colorType : {PNG_COLOR_TYPE_GRAY, PNG_COLOR_TYPE_RGB, PNG_COLOR_TYPE_PALETTE,
+                                PNG_COLOR_TYPE_GRAY_ALPHA, PNG_COLOR_TYPE_RGB_ALPHA}) {
+        form.colorType = colorType;
+        form.interlaced = colorType == PNG_COLOR_TYPE_RGB;
+        form.depth = colorType == PNG_COLOR_TYPE_PALETTE ? 2 : 8;
+        form.resolutionUnit = colorType == PNG_COLOR_TYPE_GRAY ? PNG_RESOLUTION_METER : -1;
+        const std::string bytes = pngBytes(form) + std::string(1, '\0') + static_cast<char>(colorType);
+        write(folder / ("color_type_" + std::to_string(colorType)), bytes);
+    }
+}
+
+// The bytes after a sound say that the file ends there; see wave_fuzz.cpp.
+void writeSounds(const std::filesystem::path& folder) {
+    constexpr Coding codings[] = {{"pcm", 1, 2, 8000, 16},       {"ms_adpcm", 2, 1, 8000, 4},
+                                  {"float", 3, 1, 8000, 32},     {"a_law", 6, 1, 8000, 8},
+                                  {"ima_adpcm", 17, 2, 8000, 4}, {"extensible", 1, 2, 8000, 24, true}};
+    for (const Coding& coding : codings) {
+        write(folder / coding.name, wave(coding).substr(0, 300) + std::string(2, '\0'));
+    }
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    if (argc != 2) {
+        std::fputs("usage: make_seeds FOLDER\n", stderr);
+        return 2;
+    }
+    const std::filesystem::path folder = argv[1];
+    writePictures(folder / "png");
+    writeSounds(folder / "wave");
+    return 0;
+}
