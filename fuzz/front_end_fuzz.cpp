@@ -105,7 +105,7 @@ void scheduleKeys(FuzzInput& input) {
 void start() {
     setenv("SDL_VIDEODRIVER", "dummy", 1);
     setenv("SDL_AUDIODRIVER", "dummy", 1);
-    setScreenSize(320, 240);
+    setScreenSize(240, 180);
     writeScratchFile("a.png", pngBytes({}));
     writeScratchFile("b.png", pngBytes({}));
 }

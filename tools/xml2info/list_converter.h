@@ -11,13 +11,14 @@ struct Conversion {
     std::string problem;           // an error message; empty on success
 };
 
-// Sizes of the parts in bytes. Parts of the usual size are still in the processor's cache when they are parsed. When no
-// start of a machine is found within the largest size, the remaining list is parsed as one part.
+// Sizes of the parts in bytes. Parts of the usual size are still in the processor's cache when they are
+// parsed. When no start of a machine is found within the largest size, the remaining list is parsed as one
+// part.
 struct PartSizes {
     std::size_t usual = 1 << 20;
     std::size_t largest = 8 << 20; // more than the start tag and the end tag of the root element together
 };
 
-// Reads from an open descriptor, which stays open. The result does not depend on the sizes of the parts, except that a
-// list with a machine inside a machine may be reported as damaged. Throws std::bad_alloc.
+// Reads from an open descriptor, which stays open. The result does not depend on the sizes of the parts,
+// except that a list with a machine inside a machine may be reported as damaged. Throws std::bad_alloc.
 Conversion convertList(int inputDescriptor, const PartSizes& sizes = {});
