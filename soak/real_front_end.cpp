@@ -77,7 +77,7 @@ RealFrontEnd::RealFrontEnd(const std::string& emulator, const std::vector<Settin
                            "HOME=" + folder_.pathOf(""),
                            "PULSE_SERVER=unix:" + folder_.pathOf("socket"),
                            "ASAN_OPTIONS=quarantine_size_mb=8",
-                           "LSAN_OPTIONS=suppressions=" LEAKS_PATH};
+                           std::string("LSAN_OPTIONS=suppressions=") + LEAKS_PATH};
     options.outputPath = "output.txt";
     program_ = std::make_unique<ChildProgram>(options);
     const auto start = Clock::now();
