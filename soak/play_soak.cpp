@@ -33,10 +33,7 @@ class UsagePeaks {
 public:
     void add(const ProcessUsage& usage, bool inSecondHalf) {
         ProcessUsage& peak = peaks_[inSecondHalf ? 1 : 0];
-        peak.threads = std::max(peak.threads, usage.threads);
-        peak.files = std::max(peak.files, usage.files);
-        peak.zombies = std::max(peak.zombies, usage.zombies);
-        peak.residentKiB = std::max(peak.residentKiB, usage.residentKiB);
+        peak = peakOf(peak, usage);
     }
 
     // Prints both and returns whether the second is larger.

@@ -52,6 +52,12 @@ ProcessUsage usageOf(pid_t process) {
     return usage;
 }
 
+ProcessUsage peakOf(const ProcessUsage& first, const ProcessUsage& second) {
+    return {std::max(first.threads, second.threads), std::max(first.files, second.files),
+            std::max(first.children, second.children), std::max(first.zombies, second.zombies),
+            std::max(first.residentKiB, second.residentKiB)};
+}
+
 void printUsage(const std::string& when, const ProcessUsage& usage) {
     std::printf("%-18s %3td threads, %3td files, %d zombies, %6.1f MiB resident\n", when.c_str(),
                 usage.threads, usage.files, usage.zombies, static_cast<double>(usage.residentKiB) / 1024);

@@ -18,6 +18,9 @@ struct ProcessUsage {
 // All zero when there is no such process.
 ProcessUsage usageOf(pid_t process);
 
+// The larger value of each field.
+ProcessUsage peakOf(const ProcessUsage& first, const ProcessUsage& second);
+
 // Prints one line that starts with `when`.
 void printUsage(const std::string& when, const ProcessUsage& usage);
 
