@@ -2,6 +2,7 @@
 #include "real_front_end.h"
 
 #include "art/art_pack.h"
+#include "games.h"
 #include "movies.h"
 #include "sounds.h"
 
@@ -36,6 +37,20 @@ struct Bar {
     std::exit(2);
 }
 
+// A text for each game, so that the information key always opens the window, and pressed again closes it.
+std::string infoForAllGames() {
+    constexpr int lines = 60;
+    std::string text;
+    for (const DemoGame& game : demoGames()) {
+        text += "$info=" + std::string(game.name) + ",\n$mame\n";
+        for (int line = 1; line <= lines; ++line) {
+            text += "Line " + std::to_string(line) + "\n";
+        }
+        text += "$end\n";
+    }
+    return text;
+}
+
 int millisecondsSince(Clock::time_point start) {
     return static_cast<int>(
         std::chrono::duration_cast<std::chrono::milliseconds>(Clock::now() - start).count());
@@ -61,6 +76,7 @@ RealFrontEnd::RealFrontEnd(const std::string& emulator, const std::vector<Settin
     std::vector<SettingChange> all = changes;
     all.push_back({"Mame.exe", script});
     folder_.write("kestravox.ini", cabinetSettings(all));
+    folder_.write("mameinfo.dat", infoForAllGames());
     const std::string list =
         std::string("'") + DEMO_MAME_PATH + "' -listxml | '" + XML2INFO_PATH + "' >listinfo.dat";
     ChildProgram converter({.words = {"/bin/sh", "-c", list}});
