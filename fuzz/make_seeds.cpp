@@ -31,13 +31,31 @@ void writePictures(const std::filesystem::path& folder) {
     }
 }
 
-// The bytes after a sound say that the file ends there; see wave_fuzz.cpp.
-void writeSounds(const std::filesystem::path& folder) {
+// The bytes after a sound say that the file ends there, or the form of the device; see wave_fuzz.cpp and
+// sound_fuzz.cpp.
+void writeSounds(const std::filesystem::path& headers, const std::filesystem::path& sounds) {
     constexpr Coding codings[] = {{"pcm", 1, 2, 8000, 16},       {"ms_adpcm", 2, 1, 8000, 4},
                                   {"float", 3, 1, 8000, 32},     {"a_law", 6, 1, 8000, 8},
                                   {"ima_adpcm", 17, 2, 8000, 4}, {"extensible", 1, 2, 8000, 24, true}};
     for (const Coding& coding : codings) {
-        write(folder / coding.name, wave(coding).substr(0, 300) + std::string(2, '\0'));
+        const std::string end(2, '\0');
+        write(headers / coding.name, wave(coding).substr(0, 300) + end);
+        write(sounds / coding.name, wave(coding) + end);
+    }
+}
+
+// Lines around the size of the readers' buffer, 1,024 bytes.
+void writeLongLines(const std::filesystem::path& folder) {
+    for (const std::size_t length : {1000U, 1023U, 2100U}) {
+        const std::string name = "line_of_" + std::to_string(length);
+        const std::string text(length, 'w');
+        write(folder / "game_list" / name,
+              "game (\nname " + text + "\ndescription \"" + text + "\"\nvideo ( screen " + text + " )\n)\n");
+        write(folder / "game_info" / name, "$info=a\n$bio\n\n" + text + "\n\n$end\n");
+        write(folder / "settings" / name,
+              "[Settings]\nFontface=" + text + "\n[System]\nSelectedGame=" + text + "\n");
+        write(folder / "xml_list" / name, "<mame><machine name=\"" + text + "\" romof=\"b\"><description>" +
+                                              text + "</description></machine></mame>");
     }
 }
 
@@ -50,6 +68,7 @@ int main(int argc, char** argv) {
     }
     const std::filesystem::path folder = argv[1];
     writePictures(folder / "png");
-    writeSounds(folder / "wave");
+    writeSounds(folder / "wave", folder / "sound");
+    writeLongLines(folder);
     return 0;
 }
