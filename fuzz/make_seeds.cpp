@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Writes the seeds that are made by existing writers, pictures and sounds, to folders with the names of their
-// targets: `make_seeds FOLDER`. The other seeds are files in fuzz/seeds.
+// Writes the seeds that a program makes better, pictures, sounds and long lines, to folders with the names of
+// their targets: `make_seeds FOLDER`. The other seeds are files in fuzz/seeds.
 #include "support/png_files.h"
 #include "support/wave_files.h"
 
