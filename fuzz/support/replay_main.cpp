@@ -27,7 +27,9 @@ std::vector<std::filesystem::path> inputsOf(int argc, char** argv) {
             continue;
         }
         for (const auto& entry : std::filesystem::directory_iterator(path)) {
-            inputs.push_back(entry.path());
+            if (entry.is_regular_file()) {
+                inputs.push_back(entry.path());
+            }
         }
     }
     return inputs;
