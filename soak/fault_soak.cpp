@@ -25,7 +25,7 @@ namespace {
 using Clock = std::chrono::steady_clock;
 
 constexpr int endLimit = 2000;   // milliseconds from a fault to the end
-constexpr int childLimit = 5000; // with an emulator that ignores all requests
+constexpr int childLimit = 6000; // with an emulator that ignores all requests
 constexpr const char* firstGame = "barnacle";
 
 std::minstd_rand randomNumbers(1);

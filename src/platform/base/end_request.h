@@ -20,6 +20,6 @@ inline bool endRequested() {
     return endRequest() != EndRequest::none;
 }
 
-// Clears the request. Called for the first window of a program, since tests run the front end several times
-// in one process.
+// Clears the request. Called for the first window of a program, which has no owner, since tests run the front
+// end several times in one process.
 void forgetEndRequest();

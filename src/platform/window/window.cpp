@@ -200,7 +200,8 @@ HCURSOR LoadCursorA(HINSTANCE, LPCSTR name) {
 
 HWND CreateWindowExA(DWORD, LPCSTR className, LPCSTR title, DWORD style, int x, int y, int width, int height,
                      HWND parent, HMENU, HINSTANCE, LPVOID creationData) {
-    if (windowOrder().empty()) {
+    // A popup whose owner has been destroyed by the request is not a first window.
+    if (!parent && windowOrder().empty()) {
         forgetEndRequest();
     }
     const WindowClass* windowClass = findClass(className);
