@@ -99,6 +99,8 @@ TEST_F(MessagesTest, CloseRequestsAndSignalsCloseTheMainWindow) {
     DefWindowProcA(window, WM_CLOSE, 0, 0);
     RECT rect{};
     EXPECT_FALSE(GetClientRect(window, &rect)) << "the default handling destroys the window";
+    EXPECT_EQ(makeRecordingWindow(0, 0, 10, 10, window), nullptr) << "its owner is gone";
+    EXPECT_TRUE(endRequested()) << "no popup clears the request";
 }
 
 TEST_F(MessagesTest, SendsFocusChangesOfTheDisplayAtTheNextPoll) {
