@@ -226,8 +226,9 @@ int main(int argc, char** argv) {
     const int first = isReal ? 2 : 1;
     const std::int64_t seconds = argc > first ? std::atoll(argv[first]) : isReal ? 1800 : thirtyDays;
     const auto seed = static_cast<unsigned>(argc > first + 1 ? std::atoi(argv[first + 1]) : 1);
-    if (seconds < 1) {
-        std::fputs("usage: play_soak [real] [SECONDS] [SEED]\n", stderr);
+    constexpr int shortest = 300; // half of it plays movies, information and games
+    if (seconds < shortest) {
+        std::fputs("usage: play_soak [real] [SECONDS] [SEED], at least 300 seconds\n", stderr);
         return 2;
     }
     return isReal ? RealPlay(static_cast<int>(seconds), seed).run() : VirtualPlay(seconds, seed).run();
