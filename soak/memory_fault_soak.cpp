@@ -27,7 +27,7 @@ int allocationsLeft = 0; // until one fails; 0: none fails
 
 using Frame = std::array<std::uint32_t, std::size_t{screenWidth} * screenHeight>;
 
-// What a child process tells about its run, in memory that both share.
+// What a child process reports about its run, in memory that both share.
 struct Frames {
     Frame faulty; // drawn while an allocation failed
     Frame next;   // the same game again

@@ -31,7 +31,7 @@ constexpr int savedFiles = 2;
 constexpr const char* temporaryFiles[] = {"kestravox.ini.new~", "favourites.dat.new~", "listinfo.dat.new~",
                                           "listinfo.xml.new~",  "listinfo.new.new~",   "listinfo.stamp.new~"};
 
-// What a child process tells about its run, in memory that both share.
+// What a child process reports about its run, in memory that both share.
 struct Report {
     const char* failedCall; // of the same program, so the address is valid in both
     bool marksDiffer;       // between the file and the records

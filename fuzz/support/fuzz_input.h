@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Divides the bytes of an execution into numbers and texts, and fails an execution whose result is wrong.
 // Used by all fuzz targets. Numbers and names are taken from the end of the input, so that the rest is an
-// ordinary file with a few bytes behind it, and files can be seeds.
+// ordinary file followed by a few bytes, and files can be seeds.
 #pragma once
 
 #include <algorithm>
