@@ -277,24 +277,7 @@ void registerPictureCounts() {
     }
 }
 
-} // namespace
-
-int main(int argc, char** argv) {
-    benchmark::Initialize(&argc, argv);
-    const std::string list = argc > 1 ? std::filesystem::absolute(argv[1]).string() : "";
-    const TemporaryFolder folder;
-    largeFolder = folder.pathOf("large");
-    artFolder = folder.pathOf("art");
-    writeLargeCabinet(list);
-    writeArtCabinet();
-    picturesFolder = folder.pathOf("pictures");
-    writePicturesCabinets();
-    std::string problem;
-    screen = VirtualScreen::start(screenWidth, screenHeight, problem);
-    if (!screen) {
-        std::cerr << problem << "\n";
-        return 1;
-    }
+void registerBenchmarks() {
     constexpr auto unit = benchmark::kMillisecond;
     benchmark::RegisterBenchmark("start", measureStart, largeFolder, plainSettings)
         ->UseManualTime()
@@ -340,6 +323,27 @@ int main(int argc, char** argv) {
         ->UseManualTime()
         ->Unit(unit)
         ->Iterations(12);
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    benchmark::Initialize(&argc, argv);
+    const std::string list = argc > 1 ? std::filesystem::absolute(argv[1]).string() : "";
+    const TemporaryFolder folder;
+    largeFolder = folder.pathOf("large");
+    artFolder = folder.pathOf("art");
+    writeLargeCabinet(list);
+    writeArtCabinet();
+    picturesFolder = folder.pathOf("pictures");
+    writePicturesCabinets();
+    std::string problem;
+    screen = VirtualScreen::start(screenWidth, screenHeight, problem);
+    if (!screen) {
+        std::cerr << problem << "\n";
+        return 1;
+    }
+    registerBenchmarks();
     registerPictureCounts();
     benchmark::RunSpecifiedBenchmarks();
     return 0;

@@ -136,6 +136,7 @@ std::vector<std::string> gamesByTitle(const std::filesystem::path& list) {
     }
     std::ranges::sort(games);
     std::vector<std::string> names;
+    names.reserve(games.size());
     for (auto& [title, game] : games) {
         names.push_back(std::move(game));
     }

@@ -68,7 +68,9 @@ int makeList() {
     std::size_t size = 0;
     for (int index = 0; size < generatedSize; ++index) {
         const std::string text = generatedMachine(random, index);
-        std::fwrite(text.data(), 1, text.size(), file);
+        if (std::fwrite(text.data(), 1, text.size(), file) != text.size()) {
+            std::abort();
+        }
         size += text.size();
     }
     std::fputs("</mame>\n", file);

@@ -152,7 +152,7 @@ std::vector<pid_t> SoakCabinet::otherProcesses() const {
 
 std::string SoakCabinet::leftover() const {
     for (const auto& entry : std::filesystem::directory_iterator(".")) {
-        const std::string name = entry.path().filename();
+        std::string name = entry.path().filename();
         if (name.ends_with("~") || name.starts_with("core") || name == "listinfo.new") {
             return name;
         }
