@@ -12,9 +12,10 @@ namespace {
 constexpr int endTimeout = 20000; // milliseconds
 constexpr double longestSecondsToPicture = 20;
 
-// The background of the list view, and a pixel where no message box covers it.
+// The background of the list view, and a pixel of it that no text, bar or picture covers on a screen of 1080
+// lines.
 constexpr std::uint32_t backgroundColour = 0x203040;
-constexpr PixelArea corner = {4, 4, 5, 5};
+constexpr PixelArea margin = {1, 1000, 2, 1001};
 
 } // namespace
 
@@ -30,7 +31,7 @@ RunningFrontEnd::RunningFrontEnd(VirtualScreen& screen, const std::string& cabin
                                  const char* settings)
     : screen_(screen),
       program_(ChildOptions{{KESTRAVOX_PATH, settings}, cabinetFolder, {screen.environment()}}) {
-    while (screen_.capture(corner).countColour({0, 0, 1, 1}, backgroundColour) != 1) {
+    while (screen_.capture(margin).countColour({0, 0, 1, 1}, backgroundColour) != 1) {
         if (secondsSince(start_) > longestSecondsToPicture) {
             std::cerr << "no picture\n";
             std::exit(1);

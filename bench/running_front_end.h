@@ -12,7 +12,8 @@
 double secondsSince(std::chrono::steady_clock::time_point start);
 void pauseFor(int milliseconds);
 
-// Its settings must have the background colour 0x403020, by which the first picture is recognised.
+// Its settings must have the background colour 0x403020, by which the first picture is recognised, and the
+// screen 1080 lines.
 class RunningFrontEnd {
 public:
     // Returns when the first picture is on the screen; ends this process when none comes.
