@@ -30,7 +30,7 @@ void fillStandardStreams() {
 } // namespace
 
 int main() {
-    useOneHeap();
+    limitHeaps();
     fillStandardStreams();
     replaceStandardStreams();
     // A diagnostic written to a closed pipe must not end the program. Children get the default action back.

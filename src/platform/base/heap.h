@@ -7,7 +7,7 @@
 #include <cstdint>
 
 // To be called once, before the first thread starts.
-void useOneHeap();
+void limitHeaps();
 
 // Returns all free memory to the kernel. The next use of each of its pages costs a page fault: about 1 ms for
 // a megabyte.

@@ -39,9 +39,10 @@ HGLOBAL GlobalFree(HGLOBAL block) {
 }
 
 // By default each thread gets a heap of its own, up to eight for each processor. Each one keeps up to 32 MiB
-// of what is freed in it, and the players start new threads with every file.
-void useOneHeap() {
-    mallopt(M_ARENA_MAX, 1);
+// of what is freed in it, and the players start new threads with every file. With a single one the thread
+// that reads the list and the main thread would wait for each other.
+void limitHeaps() {
+    mallopt(M_ARENA_MAX, 2);
 }
 
 void returnFreeMemory() {
