@@ -39,11 +39,13 @@ RECT rightQuarter(const RECT& area, Half half) {
                                                 : RECT{size.cx / 2, middle, size.cx, size.cy});
 }
 
-void drawMovieOrPicture(HDC dc, const RECT& place, int fallback) {
+void drawMovieOrPicture(HDC dc, const RECT& place, int fallback, const COLORREF* background) {
     const GameRecord* game = visibleGames[selectedIndex];
     closeAttractMovie();
     if (!playTurnedMovie(game, place)) {
-        drawPreviewInside(dc, game, &place, previewDirectory(), fallback);
+        drawPreviewInside(dc, game, &place, previewDirectory(), fallback, background);
+    } else if (background) {
+        fillRect(dc, place, *background);
     }
 }
 
@@ -72,9 +74,13 @@ void drawList(HDC dc, const RECT& area) {
     const std::int32_t page =
         std::max(linesThatFit(dc, area.right - area.left, area.bottom - area.top, 0) / 2, 1);
     bringSelectionToPage(page);
-    const RECT banner = turnedRect(area, {0, 0, size.cx, middle - bandBelowBanner});
-    drawMarqueeInside(dc, visibleGames[selectedIndex], &banner);
-    drawMovieOrPicture(dc, rightQuarter(area, Half::lower), 0);
+    const LONG bottom = middle - bandBelowBanner;
+    const COLORREF background = settings.backgroundColor;
+    const RECT banner = turnedRect(area, {0, 0, size.cx, bottom});
+    drawMarqueeInside(dc, visibleGames[selectedIndex], &banner, &background);
+    drawMovieOrPicture(dc, rightQuarter(area, Half::lower), 0, &background);
+    fillRect(dc, turnedRect(area, {0, bottom, size.cx, middle}), background);
+    fillRect(dc, turnedRect(area, {0, middle, size.cx / 2, size.cy}), background);
     for (std::int32_t line = 0; line < page && topIndex + line < visibleCount; ++line) {
         const LONG top = middle + line * lineHeight;
         drawTitle(dc, turnedRect(area, {0, top, size.cx / 2, top + lineHeight}), topIndex + line);
@@ -101,10 +107,12 @@ std::int32_t layOutTiles(const RECT& area) {
 }
 
 void drawBrowser(HDC dc, const RECT& area) {
-    drawTileColumn(dc, area, layOutTiles(area), drawMarqueeInside);
+    drawTileColumn(dc, area, layOutTiles(area), [](HDC page, const GameRecord* game, const RECT* tile) {
+        return drawMarqueeInside(page, game, tile, nullptr);
+    });
     const RECT upper = rightQuarter(area, Half::upper);
-    drawPreviewInside(dc, visibleGames[selectedIndex], &upper, settings.cabinetDir, 0);
-    drawMovieOrPicture(dc, rightQuarter(area, Half::lower), 1);
+    drawPreviewInside(dc, visibleGames[selectedIndex], &upper, settings.cabinetDir, 0, nullptr);
+    drawMovieOrPicture(dc, rightQuarter(area, Half::lower), 1, nullptr);
 }
 
 void drawFrame(HDC dc, SIZE frame) {
@@ -113,12 +121,9 @@ void drawFrame(HDC dc, SIZE frame) {
         drawEmptyFrame(dc, frame);
         return;
     }
-    const bool browser = settings.menuType == menuTypeImageBrowser;
-    fillRect(dc, {0, 0, frame.cx, frame.cy},
-             browser ? settings.previewBackgroundColor : settings.backgroundColor);
     drawStatusBar(dc, selectedIndex, frame.cx, frame.cy);
     const RECT area = areaWithoutStatusBar(frame.cx, frame.cy);
-    if (browser) {
+    if (settings.menuType == menuTypeImageBrowser) {
         drawBrowser(dc, area);
     } else {
         drawList(dc, area);

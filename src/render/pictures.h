@@ -19,12 +19,14 @@ int drawMarqueeBanner(HDC dc, const GameRecord* game, const RECT* area);
 // Fills the rectangle.
 int drawMarqueeTile(HDC dc, const GameRecord* game, const RECT* tile);
 
-// Draws the marquee with its proportions, as large as the rectangle allows and centred in it.
-int drawMarqueeInside(HDC dc, const GameRecord* game, const RECT* place);
+// Draws the marquee with its proportions, as large as the rectangle allows and centred in it. Fills the rest
+// of the rectangle, all of it without a picture, with the background unless that is null.
+int drawMarqueeInside(HDC dc, const GameRecord* game, const RECT* place, const COLORREF* background);
 
 // Draws the picture that drawPreviewPicture draws, with the scale that it has in a rectangle of an upright
-// frame, and whole inside the given one, which the player sees turned.
-int drawPreviewInside(HDC dc, const GameRecord* game, const RECT* place, const char* directory, int fallback);
+// frame, and whole inside the given one, which the player sees turned. Fills the rest likewise.
+int drawPreviewInside(HDC dc, const GameRecord* game, const RECT* place, const char* directory, int fallback,
+                      const COLORREF* background);
 
 // Draws the picture in the directory or, when there is none and fallback is 1, one from another art
 // directory. It is scaled to fit the area less 10 pixels of its width. It is placed in the area at rotation

@@ -54,12 +54,15 @@ protected:
         folder.write(path + std::string(".png"), pngBytes(form));
     }
 
-    // Draws a frame that has this size as read.
+    // Draws a frame that has this size as read over what an earlier one may have left.
     void drawAsRead(std::int32_t rotation, SIZE read) {
         settings.orientation = rotation;
         const SIZE size = sizeAsRead({0, 0, read.cx, read.cy});
         resizeFrame(size.cx, size.cy);
+        constexpr COLORREF leftOver = 0x51A3C7;
+        fillRect(dc, {0, 0, width, height}, leftOver);
         draw();
+        EXPECT_EQ(extentOf(leftOver).right, 0) << "at " << rotation;
     }
 
     RECT readExtent(COLORREF color) const { return rectAsRead({0, 0, width, height}, extentOf(color)); }

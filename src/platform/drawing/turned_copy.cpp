@@ -2,6 +2,8 @@
 #include "platform/drawing/turned_copy.h"
 
 #include <algorithm>
+#include <array>
+#include <cstring>
 
 namespace {
 
@@ -28,15 +30,101 @@ Turn turnOf(const PixelRows& picture, int rotation) {
     }
 }
 
+// The part of the surface, in pixels, that is copied at once.
+struct Block {
+    std::ptrdiff_t left;
+    std::ptrdiff_t top;
+    std::ptrdiff_t right;
+    std::ptrdiff_t bottom;
+};
+
+// The loops of neighbouring pixels are separate, because the compiler uses vector instructions for those
+// only.
+void copyRow(const std::uint32_t* source, std::ptrdiff_t step, std::uint32_t* target, std::ptrdiff_t count) {
+    if (step == 1) {
+        std::copy_n(source, count, target);
+    } else if (step == -1) {
+        std::reverse_copy(source - count + 1, source + 1, target);
+    } else {
+        for (std::ptrdiff_t i = 0; i < count; ++i, source += step) {
+            target[i] = *source;
+        }
+    }
+}
+
+using FourPixels = std::uint32_t __attribute__((vector_size(16)));
+constexpr std::ptrdiff_t tileSide = 4;
 constexpr std::ptrdiff_t rowsAhead = 8;
 
-// Makes the processor load pixels of a row, which are to be written, into its cache.
-void prefetch(const std::uint32_t* row, std::ptrdiff_t left, std::ptrdiff_t right) {
+FourPixels load(const std::uint32_t* pixels) {
+    FourPixels loaded;
+    std::memcpy(&loaded, pixels, sizeof(loaded));
+    return loaded;
+}
+
+// Copies a square of 4 by 4 pixels at a quarter turn. `targets` are the rows of its pixels, in the order of
+// the source's columns.
+void copyTile(const std::uint32_t* source, std::ptrdiff_t byColumn, std::uint32_t* const* targets,
+              std::ptrdiff_t left) {
+    const FourPixels first = load(source);
+    const FourPixels second = load(source + byColumn);
+    const FourPixels third = load(source + 2 * byColumn);
+    const FourPixels fourth = load(source + 3 * byColumn);
+    const FourPixels evenLow = __builtin_shufflevector(first, second, 0, 4, 1, 5);
+    const FourPixels oddLow = __builtin_shufflevector(third, fourth, 0, 4, 1, 5);
+    const FourPixels evenHigh = __builtin_shufflevector(first, second, 2, 6, 3, 7);
+    const FourPixels oddHigh = __builtin_shufflevector(third, fourth, 2, 6, 3, 7);
+    const std::array<FourPixels, tileSide> turned = {
+        __builtin_shufflevector(evenLow, oddLow, 0, 1, 4, 5),
+        __builtin_shufflevector(evenLow, oddLow, 2, 3, 6, 7),
+        __builtin_shufflevector(evenHigh, oddHigh, 0, 1, 4, 5),
+        __builtin_shufflevector(evenHigh, oddHigh, 2, 3, 6, 7),
+    };
+    for (std::size_t i = 0; i < turned.size(); ++i) {
+        std::memcpy(targets[i] + left, &turned[i], sizeof(FourPixels));
+    }
+}
+
+// Makes the processor load the pixels of a row, which are to be written, into its cache. It cannot foresee
+// that the next row of a block follows.
+void prefetch(const Surface& surface, std::ptrdiff_t row, std::ptrdiff_t left, std::ptrdiff_t right) {
     constexpr int forWriting = 1;
     constexpr std::ptrdiff_t pixelsPerLine = 16; // of the cache
-    for (std::ptrdiff_t column = left; column < right; column += pixelsPerLine) {
-        __builtin_prefetch(row + column, forWriting);
+    if (row < surface.height) {
+        for (std::ptrdiff_t column = left; column < right; column += pixelsPerLine) {
+            __builtin_prefetch(surface.row(static_cast<int>(row)) + column, forWriting);
+        }
     }
+}
+
+// Copies the block, whose first pixel comes from `source`.
+void copyRows(const std::uint32_t* source, const Turn& turn, Surface& surface, const Block& block) {
+    for (std::ptrdiff_t row = block.top; row < block.bottom; ++row, source += turn.byRow) {
+        copyRow(source, turn.byColumn, surface.row(static_cast<int>(row)) + block.left,
+                block.right - block.left);
+    }
+}
+
+// Likewise, for a quarter turn.
+void copyTiles(const std::uint32_t* source, const Turn& turn, Surface& surface, const Block& block) {
+    const std::ptrdiff_t tiledRight = block.right - (block.right - block.left) % tileSide;
+    std::ptrdiff_t row = block.top;
+    for (; row + tileSide <= block.bottom; row += tileSide, source += tileSide * turn.byRow) {
+        std::array<std::uint32_t*, tileSide> targets{};
+        for (std::ptrdiff_t i = 0; i < tileSide; ++i) {
+            const std::ptrdiff_t sourceOrder = turn.byRow > 0 ? i : tileSide - 1 - i;
+            targets[static_cast<std::size_t>(i)] = surface.row(static_cast<int>(row + sourceOrder));
+            prefetch(surface, row + i + rowsAhead, block.left, block.right);
+        }
+        const std::uint32_t* tile = turn.byRow > 0 ? source : source - (tileSide - 1);
+        for (std::ptrdiff_t left = block.left; left < tiledRight; left += tileSide) {
+            copyTile(tile, turn.byColumn, targets.data(), left);
+            tile += tileSide * turn.byColumn;
+        }
+        copyRows(source + (tiledRight - block.left) * turn.byColumn, turn, surface,
+                 {tiledRight, row, block.right, row + tileSide});
+    }
+    copyRows(source, turn, surface, {block.left, row, block.right, block.bottom});
 }
 
 } // namespace
@@ -53,23 +141,15 @@ void copyTurned(const PixelRows& picture, int rotation, Surface& surface, std::i
     const std::ptrdiff_t lastColumn = std::min<std::int64_t>(right, surface.width);
     const std::ptrdiff_t lastRow = std::min<std::int64_t>(bottom, surface.height);
     // A quarter turn goes through blocks, because the processor keeps track of only some dozens of rows at a
-    // time. It also cannot foresee that the next row of a block follows, which is thus requested early.
+    // time.
     const std::ptrdiff_t blockRows = swapped ? 32 : surface.height;
     const std::ptrdiff_t blockColumns = swapped ? 128 : surface.width;
     for (std::ptrdiff_t top = std::max<std::ptrdiff_t>(y, 0); top < lastRow; top += blockRows) {
         for (std::ptrdiff_t left = std::max<std::ptrdiff_t>(x, 0); left < lastColumn; left += blockColumns) {
-            const std::ptrdiff_t end = std::min(left + blockColumns, lastColumn);
-            for (std::ptrdiff_t row = top; row < std::min(top + blockRows, lastRow); ++row) {
-                const std::uint32_t* source =
-                    turn.origin + (row - y) * turn.byRow + (left - x) * turn.byColumn;
-                std::uint32_t* target = surface.row(static_cast<int>(row));
-                if (swapped && row + rowsAhead < lastRow) {
-                    prefetch(surface.row(static_cast<int>(row + rowsAhead)), left, end);
-                }
-                for (std::ptrdiff_t column = left; column < end; ++column, source += turn.byColumn) {
-                    target[column] = *source;
-                }
-            }
+            const std::uint32_t* source = turn.origin + (top - y) * turn.byRow + (left - x) * turn.byColumn;
+            const Block block = {left, top, std::min(left + blockColumns, lastColumn),
+                                 std::min(top + blockRows, lastRow)};
+            (swapped ? copyTiles : copyRows)(source, turn, surface, block);
         }
     }
     surface.changed = true;

@@ -86,7 +86,7 @@ TEST(Drawing, BitBltCopiesAsFromASnapshotInEveryDirection) {
 }
 
 TEST(Drawing, PlgBltTurnsTheCopyAndClipsIt) {
-    const SIZE size{5, 3};
+    const SIZE size{9, 6}; // whole squares of 4 pixels and a rest
     const struct {
         POINT across; // direction of the rows of the source in the target
         POINT down;
