@@ -11,9 +11,9 @@ BOOL QueryPerformanceFrequency(LARGE_INTEGER* frequency);
 BOOL QueryPerformanceCounter(LARGE_INTEGER* counter);
 
 // Pauses for at least the given time. A duration other than 0 is raised to at least 20 ms, or 10 ms while
-// pictures move. The display is kept alive meanwhile: changes are shown and its events are handled, but no
-// message is dispatched. Once the program has been asked to end, the pause ends after at most one such
-// interval.
+// pictures move, or 50 ms when no control is in use; in that case the first input ends it, as below. The
+// display is kept alive meanwhile: changes are shown and its events are handled, but no message is
+// dispatched. Once the program has been asked to end, the pause ends after at most one such interval.
 void Sleep(DWORD milliseconds);
 
 // With true, the minimum is 25 ms instead of 20, and a pause that was raised to it ends at the first key

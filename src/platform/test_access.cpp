@@ -16,7 +16,7 @@ ScreenPixels screenPixels() {
 }
 
 bool keepScreenAlive() {
-    return displayKeepAlive();
+    return displayKeepAlive() == Pace::moving;
 }
 
 std::uint32_t* pixelRow(HDC dc, int y) {

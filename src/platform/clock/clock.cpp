@@ -18,10 +18,22 @@ constexpr std::int64_t idleInterval = 20 * nanosecondsPerMillisecond;
 // While input ends a sleep: fewer sleeps make up for what the wait for input costs.
 constexpr std::int64_t wakingInterval = 25 * nanosecondsPerMillisecond;
 constexpr std::int64_t movingInterval = 10 * nanosecondsPerMillisecond;
+constexpr std::int64_t restingInterval = 50 * nanosecondsPerMillisecond;
 
-std::int64_t interval = idleInterval;
+Pace pace = Pace::waiting;
 
 bool wakesOnInput = false;
+
+std::int64_t intervalAt(Pace current) {
+    switch (current) {
+    case Pace::moving:
+        return movingInterval;
+    case Pace::resting:
+        return restingInterval;
+    default:
+        return wakesOnInput ? wakingInterval : idleInterval;
+    }
+}
 
 } // namespace
 
@@ -42,15 +54,14 @@ void setSleepWakesOnInput(bool wakes) {
 void Sleep(DWORD milliseconds) {
     const std::int64_t wanted = milliseconds * nanosecondsPerMillisecond;
     const std::int64_t wantedEnd = clockNow() + wanted;
-    std::int64_t end = wantedEnd + (wanted > 0 ? std::max(interval - wanted, std::int64_t{0}) : 0);
+    std::int64_t end = wantedEnd + (wanted > 0 ? std::max(intervalAt(pace) - wanted, std::int64_t{0}) : 0);
     do {
-        const std::int64_t wait = std::min(end - clockNow(), interval);
-        if (!wakesOnInput || end == wantedEnd) {
+        const std::int64_t wait = std::min(end - clockNow(), intervalAt(pace));
+        if (end == wantedEnd || (!wakesOnInput && pace != Pace::resting)) {
             clockWait(wait);
         } else if (waitForInput(wait)) {
             end = wantedEnd;
         }
-        const bool moving = keepAlive();
-        interval = moving ? movingInterval : wakesOnInput ? wakingInterval : idleInterval;
+        pace = keepAlive();
     } while (clockNow() < end && !endRequested());
 }

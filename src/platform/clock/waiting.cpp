@@ -6,12 +6,12 @@
 
 namespace {
 
-bool (*keepAliveFunction)() = nullptr;
+Pace (*keepAliveFunction)() = nullptr;
 bool (*inputWaitFunction)(std::int64_t) = nullptr;
 
 } // namespace
 
-void setKeepAlive(bool (*function)()) {
+void setKeepAlive(Pace (*function)()) {
     keepAliveFunction = function;
 }
 
@@ -27,12 +27,12 @@ bool waitForInput(std::int64_t nanoseconds) {
     return false;
 }
 
-bool keepAlive() {
+Pace keepAlive() {
     returnFreeMemoryAtRest(clockNow());
-    return keepAliveFunction && keepAliveFunction();
+    return keepAliveFunction ? keepAliveFunction() : Pace::waiting;
 }
 
-bool waitAndKeepAlive(std::int64_t nanoseconds) {
+Pace waitAndKeepAlive(std::int64_t nanoseconds) {
     clockWait(nanoseconds);
     return keepAlive();
 }

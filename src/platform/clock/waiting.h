@@ -5,9 +5,16 @@
 
 #include <cstdint>
 
-// Registers the function that shows changes and handles the display's events. It returns true while pictures
-// move. Until it is registered, waits only let time pass.
-void setKeepAlive(bool (*function)());
+// How soon the display wants to be kept alive again.
+enum class Pace {
+    moving,  // pictures move: after 10 ms
+    waiting, // after 20 ms
+    resting, // after 50 ms, or at the first input: no control is in use, and input ends waitForInput at once
+};
+
+// Registers the function that shows changes and handles the display's events. Until it is registered, waits
+// only let time pass.
+void setKeepAlive(Pace (*function)());
 
 // Registers the function with which a sleep waits for input: it returns true at the first input within the
 // given nanoseconds, at once when a message is queued, and handles the display's events meanwhile.
@@ -17,9 +24,8 @@ void setInputWait(bool (*function)(std::int64_t nanoseconds));
 bool waitForInput(std::int64_t nanoseconds);
 
 // Calls the function of setKeepAlive, for a wait whose end is not a moment in time, and returns free memory
-// when the program rests. Returns true while pictures move; it then has to be called every 10 ms, otherwise
-// every 20 to 50 ms.
-bool keepAlive();
+// when the program rests. A wait that has its own reason to may be 50 ms late.
+Pace keepAlive();
 
 // Waits for at least the given time, then keeps the screen alive. Returns the result of keepAlive().
-bool waitAndKeepAlive(std::int64_t nanoseconds);
+Pace waitAndKeepAlive(std::int64_t nanoseconds);

@@ -33,6 +33,9 @@ constexpr std::int64_t pumpInterval = 4 * nanosecondsPerMillisecond;
 // How often a wait for input looks at devices that cannot wake it.
 constexpr std::int64_t inputInterval = 5 * nanosecondsPerMillisecond;
 
+// How long no key has been used when the program rests.
+constexpr std::int64_t timeUntilRest = 1000 * nanosecondsPerMillisecond;
+
 // How often the display checks whether the keyboard focus is unassigned.
 constexpr std::int64_t focusInterval = 500 * nanosecondsPerMillisecond;
 
@@ -52,6 +55,7 @@ struct Display {
     int fixedWidth = 0;
     int fixedHeight = 0;
     std::int64_t lastPump = -pumpInterval;
+    std::int64_t lastKeyEvent = 0;
     std::int64_t lastFocusCheck = 0;
     std::string title;
     std::vector<std::uint32_t> converted; // picture for a screen with another pixel format
@@ -218,6 +222,7 @@ void handleWindowEvent(const SDL_WindowEvent& event) {
 void handleKeyEvent(const SDL_KeyboardEvent& event) {
     const int code = virtualKeyOf(event.keysym);
     const bool down = event.type == SDL_KEYDOWN;
+    display.lastKeyEvent = clockNow();
     if (code == 0) {
         return;
     }
@@ -299,6 +304,11 @@ void takeFreeFocus(std::int64_t now) {
     }
 }
 
+bool isAtRest(std::int64_t now) {
+    return watchedConnection() && SDL_NumJoysticks() == 0 && now - display.lastKeyEvent >= timeUntilRest &&
+           !anyKeyIsDown();
+}
+
 void serveDisplay(std::int64_t now) {
     display.lastPump = now;
     pumpEvents();
@@ -361,13 +371,14 @@ bool displayIsReal() {
     return startDisplay() && display.real;
 }
 
-bool displayKeepAlive() {
+Pace displayKeepAlive() {
     // Events are handled without a window too: a signal must reach a child that owns the console.
     const std::int64_t now = clockNow();
     if (now - display.lastPump >= pumpInterval) {
         serveDisplay(now);
     }
-    return display.window && display.listener.refresh && display.listener.refresh();
+    const bool moving = display.window && display.listener.refresh && display.listener.refresh();
+    return moving ? Pace::moving : isAtRest(now) ? Pace::resting : Pace::waiting;
 }
 
 bool displayWaitForInput(std::int64_t nanoseconds) {

@@ -6,6 +6,8 @@
 // not start it; displayTakeBack only reopens what displayGiveUp has closed.
 #pragma once
 
+#include "platform/clock/waiting.h"
+
 #include <cstdint>
 
 struct DisplayPixels {
@@ -47,10 +49,10 @@ void displayPresentPart(int left, int top, int width, int height);
 bool displayIsReal();
 
 // Handles pending events and has the listener show changes. Cheap enough to call often: the event queue is
-// polled at most once every few milliseconds. Returns true while pictures move: it then has to be called
-// every 10 ms, otherwise every 20 to 50 ms. On X11 without a window manager it also takes the keyboard focus
-// within half a second after the window that had the focus has gone, except while the display is given up.
-bool displayKeepAlive();
+// polled at most once every few milliseconds. Returns when it is to be called again. On X11 without a window
+// manager it also takes the keyboard focus within half a second after the window that had the focus has gone,
+// except while the display is given up.
+Pace displayKeepAlive();
 
 // Waits until a key is pressed, the joystick changes, a message is queued or the time is over, handling all
 // events meanwhile. Returns false when the time is over.

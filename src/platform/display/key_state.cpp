@@ -3,6 +3,7 @@
 
 #include "platform/key_codes.h"
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 
@@ -61,6 +62,10 @@ void allKeysUp() {
 
 bool keyIsDown(int code) {
     return isKeyCode(code) && recordOf(code).down;
+}
+
+bool anyKeyIsDown() {
+    return std::ranges::any_of(keyRecords, &KeyRecord::down);
 }
 
 bool takeKeyPress(int code) {

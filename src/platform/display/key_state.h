@@ -14,6 +14,8 @@ void allKeysUp();
 
 bool keyIsDown(int code);
 
+bool anyKeyIsDown();
+
 // Returns whether the key was pressed since the last call for this code.
 bool takeKeyPress(int code);
 
