@@ -5,6 +5,9 @@
 #include "catalogue/visible_games.h"
 
 #include <cstdlib>
+#include <span>
+#include <string_view>
+#include <unordered_map>
 
 GameRecord** allGames = nullptr;
 std::int32_t gameCount = 0;
@@ -64,6 +67,22 @@ void readRecords(FILE* stream) {
     }
 }
 
+// Finds the parents in a map, since the chains of the index are long. Both find the first of several records
+// with the same name.
+void linkClones() {
+    std::unordered_map<std::string_view, GameRecord*> records;
+    records.reserve(static_cast<std::size_t>(gameCount));
+    for (GameRecord* record : std::span(allGames, static_cast<std::size_t>(gameCount))) {
+        if (record->name) {
+            records.try_emplace(record->name, record);
+        }
+    }
+    for (GameRecord* record : std::span(allGames, static_cast<std::size_t>(gameCount))) {
+        const auto found = record->cloneOf ? records.find(record->cloneOf) : records.end();
+        record->parent = found != records.end() ? found->second : nullptr;
+    }
+}
+
 } // namespace
 
 void readGameList(FILE* stream) {
@@ -72,9 +91,7 @@ void readGameList(FILE* stream) {
     for (std::int32_t game = 0; game < gameCount; ++game) {
         hashInsert(allGames[game]->name, allGames[game], gameIndex);
     }
-    for (std::int32_t game = 0; game < gameCount; ++game) {
-        allGames[game]->parent = static_cast<GameRecord*>(hashFind(allGames[game]->cloneOf, gameIndex));
-    }
+    linkClones();
 }
 
 void freeGameList() {

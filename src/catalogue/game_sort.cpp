@@ -4,9 +4,13 @@
 #include "catalogue/game_catalogue.h"
 #include "config/settings.h"
 
+#include <algorithm>
+#include <cstdint>
 #include <cstdio>
-#include <cstdlib>
 #include <cstring>
+#include <span>
+#include <string>
+#include <vector>
 
 namespace {
 
@@ -52,6 +56,30 @@ int compareByKeys(const Comparison (&keys)[count], const GameRecord& first, cons
     return result;
 }
 
+// The first bytes of a text as a number that sorts like them.
+std::uint64_t firstBytes(const char* text) {
+    constexpr int byteCount = sizeof(std::uint64_t);
+    std::uint64_t bytes = 0;
+    for (int i = 0; i < byteCount; ++i) {
+        const auto byte = static_cast<unsigned char>(*text);
+        bytes = bytes << 8 | byte;
+        text += byte != 0 ? 1 : 0;
+    }
+    return bytes;
+}
+
+// The first bytes of the most significant key.
+std::uint64_t startOfKey(const GameRecord& record) {
+    switch (settings.sortBy) {
+    case sortByYear:
+        return firstBytes(std::to_string(record.year).c_str());
+    case sortByManufacturer:
+        return firstBytes(record.manufacturer);
+    default:
+        return firstBytes(record.description);
+    }
+}
+
 // Changes a year of 0 to unknownYear in the record.
 GameRecord& recordAt(const void* entry) {
     GameRecord& record = **static_cast<GameRecord* const*>(entry);
@@ -76,9 +104,25 @@ int compareGames(const void* first, const void* second) {
     }
 }
 
+// Most comparisons need only the first bytes, which are copied next to each other: the texts are spread over
+// megabytes.
 void sortGames() {
-    if (gameCount > 0) {
-        std::qsort(static_cast<void*>(allGames), static_cast<std::size_t>(gameCount), sizeof(GameRecord*),
-                   compareGames);
+    if (gameCount < 2) {
+        return;
     }
+    struct Entry {
+        std::uint64_t start;
+        GameRecord* game;
+    };
+    std::vector<Entry> entries;
+    entries.reserve(static_cast<std::size_t>(gameCount));
+    const std::span games(allGames, static_cast<std::size_t>(gameCount));
+    for (GameRecord* game : games) {
+        entries.push_back({startOfKey(recordAt(&game)), game});
+    }
+    std::ranges::stable_sort(entries, [](const Entry& first, const Entry& second) {
+        return first.start != second.start ? first.start < second.start
+                                           : compareGames(&first.game, &second.game) < 0;
+    });
+    std::ranges::transform(entries, games.begin(), &Entry::game);
 }

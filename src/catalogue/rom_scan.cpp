@@ -9,6 +9,7 @@
 
 #include <cstdio>
 #include <cstring>
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -23,7 +24,6 @@ std::int32_t isInRomsFolder(const std::string& fileName) {
 // a cold disk also costs one access per game. Returns an empty listing when the folder cannot be read.
 ZipListing listZips() {
     std::vector<std::string> names;
-    names.reserve(static_cast<std::size_t>(gameCount));
     const std::string pattern = std::string(settings.romsDir) + "\\*";
     WIN32_FIND_DATAA found;
     const HANDLE search = FindFirstFileA(pattern.c_str(), &found);
@@ -37,13 +37,15 @@ ZipListing listZips() {
     return makeZipListing(std::move(names), isInRomsFolder);
 }
 
+std::optional<ZipListing> preparedZips;
+
 // Returns 1 when the ROM folder contains the zip of a name, else 0. Names that are paths or patterns are
 // checked individually, as are all names when the listing is empty.
 std::int32_t zipExists(const ZipListing& zips, const char* name) {
     if (!staysInFolder(name)) {
         return 0;
     }
-    if (!zips.names.empty() && !std::strpbrk(name, "\\/*?")) {
+    if (!zips.places.empty() && !std::strpbrk(name, "\\/*?")) {
         return hasZip(zips, name) ? 1 : 0;
     }
     char path[512];
@@ -53,8 +55,15 @@ std::int32_t zipExists(const ZipListing& zips, const char* name) {
 
 } // namespace
 
+void prepareRomScan() {
+    preparedZips = listZips();
+}
+
 void scanRoms() {
-    const ZipListing zips = listZips();
+    if (!preparedZips) {
+        prepareRomScan();
+    }
+    const ZipListing zips = *std::exchange(preparedZips, std::nullopt);
     for (std::int32_t game = 0; game < gameCount; ++game) {
         GameRecord& record = *allGames[game];
         record.romPresent = zipExists(zips, record.name);

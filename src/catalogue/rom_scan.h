@@ -3,6 +3,10 @@
 // read. Checks only that the zip exists, not what it contains.
 #pragma once
 
+// Lists the ROM folder for the next scanRoms, which otherwise does so itself. Does not use the catalogue,
+// which may be read by another thread meanwhile.
+void prepareRomScan();
+
 // Sets romPresent of every record: 1 when the folder romsDir contains the zip of the game or of the game it
 // is a clone of, else 0.
 void scanRoms();

@@ -2,8 +2,8 @@
 #include "catalogue/zip_listing.h"
 
 #include <algorithm>
-#include <string_view>
-#include <utility>
+#include <bit>
+#include <functional>
 
 namespace {
 
@@ -31,15 +31,48 @@ std::string withCaseSwapped(std::string text) {
     return text;
 }
 
-bool isZip(std::string name) {
-    makeLowerCase(name);
-    return name.ends_with(zipSuffix);
+bool isZip(std::string_view name) {
+    std::string suffix(name.substr(name.size() - std::min(name.size(), zipSuffix.size())));
+    makeLowerCase(suffix);
+    return suffix == zipSuffix;
 }
 
-bool isCaseIgnored(const std::unordered_set<std::string>& names, FileExistsFunction exists) {
+// Returns the entry of `places` that has the name, or the free one where it belongs.
+std::size_t findEntry(const ZipListing& listing, std::string_view name) {
+    const std::size_t last = listing.places.size() - 1;
+    std::size_t entry = std::hash<std::string_view>()(name) & last;
+    while (listing.places[entry] != 0 && name != listing.text.c_str() + listing.places[entry]) {
+        entry = (entry + 1) & last;
+    }
+    return entry;
+}
+
+ZipListing listingOf(const std::vector<std::string>& names) {
+    ZipListing listing;
+    if (names.empty()) {
+        return listing;
+    }
+    listing.places.resize(std::bit_ceil(2 * names.size()));
+    listing.text.push_back('\0');
+    for (const std::string& name : names) {
+        std::uint32_t& place = listing.places[findEntry(listing, name)];
+        if (place == 0) {
+            place = static_cast<std::uint32_t>(listing.text.size());
+            listing.text.append(name.c_str(), name.size() + 1);
+        }
+    }
+    return listing;
+}
+
+bool contains(const ZipListing& listing, std::string_view name) {
+    return !listing.places.empty() && listing.places[findEntry(listing, name)] != 0;
+}
+
+bool isCaseIgnored(const std::vector<std::string>& names, const ZipListing& listing,
+                   FileExistsFunction exists) {
     for (const std::string& name : names) {
         const std::string other = withCaseSwapped(name);
-        if (!names.contains(other)) {
+        if (!contains(listing, other)) {
             return exists(other) != 0;
         }
     }
@@ -49,20 +82,12 @@ bool isCaseIgnored(const std::unordered_set<std::string>& names, FileExistsFunct
 } // namespace
 
 ZipListing makeZipListing(std::vector<std::string> fileNames, FileExistsFunction exists) {
-    ZipListing listing;
-    listing.names.reserve(fileNames.size());
-    for (std::string& name : fileNames) {
-        if (isZip(name)) {
-            listing.names.insert(std::move(name));
-        }
-    }
-    listing.ignoresCase = isCaseIgnored(listing.names, exists);
-    if (listing.ignoresCase) {
-        const auto originalNames = std::exchange(listing.names, {});
-        for (std::string name : originalNames) {
-            makeLowerCase(name);
-            listing.names.insert(std::move(name));
-        }
+    std::erase_if(fileNames, [](const std::string& name) { return !isZip(name); });
+    ZipListing listing = listingOf(fileNames);
+    if (isCaseIgnored(fileNames, listing, exists)) {
+        std::ranges::for_each(fileNames, makeLowerCase);
+        listing = listingOf(fileNames);
+        listing.ignoresCase = true;
     }
     return listing;
 }
@@ -72,5 +97,5 @@ bool hasZip(const ZipListing& listing, std::string name) {
     if (listing.ignoresCase) {
         makeLowerCase(name);
     }
-    return listing.names.contains(name);
+    return contains(listing, name);
 }

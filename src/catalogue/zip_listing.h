@@ -5,11 +5,14 @@
 
 #include <cstdint>
 #include <string>
-#include <unordered_set>
 #include <vector>
 
+// A hash table in two blocks that fit into the processor's cache: a set of 45,000 strings would take 20 ms to
+// search for as many games.
 struct ZipListing {
-    std::unordered_set<std::string> names; // in lower case when ignoresCase is set
+    std::string text; // the names, each with a zero at the end; lower case if ignoresCase is set
+    std::vector<std::uint32_t>
+        places; // where names begin in `text`; 0: free; a power of two, or none without zips
     bool ignoresCase = false;
 };
 

@@ -3,6 +3,7 @@
 
 #include "catalogue/game_catalogue.h"
 #include "catalogue/game_info.h"
+#include "catalogue/rom_scan.h"
 #include "config/settings.h"
 #include "extras/refresh_list.h"
 #include "launch/emulator_folder.h"
@@ -11,6 +12,7 @@
 #include "overlays/message_window.h"
 #include "platform/clock.h"
 #include "platform/diagnostics.h"
+#include "platform/memory.h"
 #include "platform/screen.h"
 #include "platform/text_file.h"
 
@@ -24,7 +26,7 @@ namespace {
 constexpr DWORD failureMessageTime = 7500; // milliseconds
 
 // Valid while a thread reads the list; the catalogue belongs to that thread until then.
-std::future<void> listReading;
+std::future<bool> listReading;
 
 bool shutdownRequested() {
     return GetSystemMetrics(SM_SHUTTINGDOWN) != 0;
@@ -91,28 +93,37 @@ bool readOrMakeList() {
 } // namespace
 
 void startReadingGameList() {
-    if (FILE* list = openTextFile(listFile)) {
-        // Without a thread to be had, it is read when loadGameList waits for it.
-        listReading = std::async(std::launch::async | std::launch::deferred, [list] {
-            readGameList(list);
-            std::fclose(list);
-        });
-    }
+    // Without a thread to be had, it is read when loadGameList waits for it.
+    listReading = std::async(std::launch::async | std::launch::deferred, [] {
+        FILE* list = openTextFile(listFile);
+        if (!list) {
+            return false;
+        }
+        constexpr std::size_t expectedBytes = 16 << 20; // for the 45,000 games of a full list
+        reserveHeap(expectedBytes);
+        readGameList(list);
+        std::fclose(list);
+        return true;
+    });
 }
 
 std::int32_t loadGameList() {
-    bool isRead = listReading.valid();
-    if (isRead) {
-        listReading.get();
+    bool isRead = false;
+    if (listReading.valid()) {
+        prepareRomScan(); // while the thread reads the list
+        isRead = listReading.get();
     }
     if (settings.refreshList != 0 && refreshGameList()) {
         isRead = false;
     }
-    if (!isRead && !readOrMakeList()) {
-        showMessage("No game information found.  Could not generate.");
-        Sleep(failureMessageTime);
-        hideMessage();
-        return 0;
+    if (!isRead) {
+        if (!readOrMakeList()) {
+            showMessage("No game information found.  Could not generate.");
+            Sleep(failureMessageTime);
+            hideMessage();
+            return 0;
+        }
+        prepareRomScan(); // files may have come meanwhile
     }
     return loadGameInfo(settings.mameInfoPath);
 }

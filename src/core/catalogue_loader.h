@@ -11,6 +11,6 @@
 void startReadingGameList();
 
 // Returns 1 when a list was read, even one without games. Returns 0, after showing a message, when there is
-// no list and none could be created.
-// A reading that was started before is waited for instead.
+// no list and none could be created. A reading that was started before is waited for instead, and the ROM
+// folder is listed meanwhile.
 std::int32_t loadGameList();

@@ -24,10 +24,14 @@ void keepFreedBlocks() {
     mallopt(M_TRIM_THRESHOLD, keptBytes);
 }
 
+void keepFreedBlocksOnce() {
+    [[maybe_unused]] static const bool once = (keepFreedBlocks(), true);
+}
+
 } // namespace
 
 HGLOBAL GlobalAlloc(UINT flags, std::size_t size) {
-    [[maybe_unused]] static const bool once = (keepFreedBlocks(), true);
+    keepFreedBlocksOnce();
     const std::size_t atLeastOne = std::max<std::size_t>(size, 1);
     return (flags & GPTR) != 0 ? std::calloc(1, atLeastOne) : std::malloc(atLeastOne);
 }
@@ -36,6 +40,12 @@ HGLOBAL GlobalFree(HGLOBAL block) {
     freedSinceLastCall = true;
     std::free(block);
     return nullptr;
+}
+
+void reserveHeap(std::size_t bytes) {
+    keepFreedBlocksOnce(); // or the block would not be in the heap, or not stay there
+    void* volatile block = std::malloc(bytes);
+    std::free(block);
 }
 
 // By default each thread gets a heap of its own, up to eight for each processor. Each one keeps up to 32 MiB

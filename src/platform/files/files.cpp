@@ -77,7 +77,8 @@ std::optional<bool> kindOf(DIR* folder, const dirent& entry) {
 bool findNext(const Search& search, WIN32_FIND_DATAA* found) {
     while (const dirent* entry = readdir(search.folder.get())) {
         const std::string_view name = entry->d_name;
-        if (name == "." || name == ".." || fnmatch(search.pattern.c_str(), entry->d_name, 0) != 0) {
+        const bool matches = search.pattern == "*" || fnmatch(search.pattern.c_str(), entry->d_name, 0) == 0;
+        if (name == "." || name == ".." || !matches) {
             continue;
         }
         if (const std::optional<bool> isFolder = kindOf(search.folder.get(), *entry)) {

@@ -10,6 +10,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cstdint>
 #include <cstring>
 #include <memory>
 #include <string>
@@ -20,12 +21,17 @@ namespace {
 constexpr std::size_t bufferSize = std::size_t{64} * 1024;
 constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
 
+// Bytes below 128 are the same in both encodings, so the first other one decides. In UTF-8 without a mark it
+// begins a valid character, which text in the code page almost never does.
+enum class Encoding { undecided, codePage, utf8 };
+
 struct TextFile {
     FileDescriptor descriptor;
     bool returnPending = false; // a final carriage return was read; the next byte is not known yet
-    bool isUtf8 = false;
-    std::string partialCharacter; // the first bytes of a UTF-8 character that is not complete yet
-    std::string converted;        // text for the reader, of which `delivered` bytes were passed on
+    Encoding encoding = Encoding::undecided;
+    std::string
+        partialCharacter;  // UTF-8 that was read but not converted: a character that is not complete yet
+    std::string converted; // text for the reader, of which `delivered` bytes were passed on
     std::size_t delivered = 0;
     std::array<char, bufferSize> streamBuffer; // buffer of the FILE; must exist as long as it
 };
@@ -108,10 +114,56 @@ bool convertMore(TextFile& file, bool& failed) {
     return length > 0 || !file.converted.empty();
 }
 
+// Number of bytes below 128 at the start of the text.
+std::size_t asciiLength(std::string_view text) {
+    std::size_t length = 0;
+    for (std::uint64_t bytes = 0; length + sizeof(bytes) <= text.size(); length += sizeof(bytes)) {
+        std::memcpy(&bytes, text.data() + length, sizeof(bytes));
+        if ((bytes & 0x8080808080808080) != 0) {
+            break;
+        }
+    }
+    while (length < text.size() && static_cast<unsigned char>(text[length]) < 0x80) {
+        ++length;
+    }
+    return length;
+}
+
+// Whether the text begins with a UTF-8 character, whose last bytes may not have been read yet.
+bool beginsUtf8(const TextFile& file, std::string_view text) {
+    std::array<utf8proc_uint8_t, 4> character{};
+    std::size_t length = std::min(text.size(), character.size());
+    std::memcpy(character.data(), text.data(), length);
+    if (length < character.size() && !file.returnPending) {
+        const int number = file.descriptor.number();
+        const ssize_t more =
+            pread(number, character.data() + length, character.size() - length, lseek(number, 0, SEEK_CUR));
+        length += static_cast<std::size_t>(std::max<ssize_t>(more, 0));
+    }
+    utf8proc_int32_t letter = 0;
+    return utf8proc_iterate(character.data(), static_cast<utf8proc_ssize_t>(length), &letter) > 0;
+}
+
+// Decides the encoding of the file if the text, the last that was read, has a byte that tells it.
+void decideEncoding(TextFile& file, std::string_view text) {
+    const std::size_t ascii = asciiLength(text);
+    if (ascii < text.size()) {
+        file.encoding = beginsUtf8(file, text.substr(ascii)) ? Encoding::utf8 : Encoding::codePage;
+    }
+}
+
 ssize_t readStream(void* cookie, char* buffer, std::size_t size) {
     TextFile& file = *static_cast<TextFile*>(cookie);
-    if (!file.isUtf8) {
-        return readJoined(file, buffer, size);
+    if (file.encoding != Encoding::utf8) {
+        const std::ptrdiff_t length = readJoined(file, buffer, size);
+        const std::string_view text(buffer, static_cast<std::size_t>(std::max<std::ptrdiff_t>(length, 0)));
+        if (file.encoding == Encoding::undecided) {
+            decideEncoding(file, text);
+        }
+        if (file.encoding != Encoding::utf8) {
+            return length;
+        }
+        file.partialCharacter = text; // is converted with what follows
     }
     while (file.delivered == file.converted.size()) {
         bool failed = false;
@@ -138,28 +190,6 @@ bool takeByteOrderMark(const FileDescriptor& file) {
            lseek(file.number(), static_cast<off_t>(head.size()), SEEK_SET) >= 0;
 }
 
-// Returns whether the first non-ASCII byte begins a valid UTF-8 character, as in UTF-8 without a mark. Text
-// in the code page almost never satisfies this.
-bool looksLikeUtf8(const FileDescriptor& file) {
-    std::array<unsigned char, bufferSize> block;
-    for (off_t offset = 0;;) {
-        const ssize_t length = pread(file.number(), block.data(), block.size(), offset);
-        if (length <= 0) {
-            return false;
-        }
-        const auto end = block.begin() + length;
-        const auto found =
-            std::find_if(block.begin(), end, [](unsigned char letter) { return letter >= 0x80; });
-        offset += found - block.begin();
-        if (found != end) {
-            std::array<unsigned char, 4> character{};
-            utf8proc_int32_t letter = 0;
-            const ssize_t read = pread(file.number(), character.data(), character.size(), offset);
-            return read > 0 && utf8proc_iterate(character.data(), read, &letter) > 0;
-        }
-    }
-}
-
 } // namespace
 
 FILE* openTextFile(LPCSTR path) {
@@ -168,7 +198,9 @@ FILE* openTextFile(LPCSTR path) {
     if (!file->descriptor.isOpen()) {
         return nullptr;
     }
-    file->isUtf8 = takeByteOrderMark(file->descriptor) || looksLikeUtf8(file->descriptor);
+    if (takeByteOrderMark(file->descriptor)) {
+        file->encoding = Encoding::utf8;
+    }
     cookie_io_functions_t functions{};
     functions.read = readStream;
     functions.close = closeStream;
