@@ -394,6 +394,7 @@ constexpr Misbehaviour misbehaviours[] = {
     {"kills its process group", "touch running; sleep 1.2; kill -KILL 0"},
     {"changes the video mode", "xrandr --output screen --off --fb 320x240; touch running; sleep 1.5; "
                                "xrandr --fb 640x480 --output screen --mode 640x480"},
+    {"leaves another video mode", "xrandr --output screen --off --fb 320x240; touch running; sleep 1.2"},
     {"changes the keyboard", "xset r off; setxkbmap fr; touch running; sleep 1.2; setxkbmap us"},
 };
 

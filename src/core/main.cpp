@@ -44,7 +44,8 @@
 
 namespace {
 
-// Starts loading the media player while the list is read, when there may be movies or an ambience track.
+// Starts loading the media player, when there may be movies or an ambience track. Not before the list is
+// read: that happens in another thread, and a small machine has no core for a third.
 void prepareMedia() {
     if (fileExists(settings.attractDir) || fileExists(settings.ambienceFile)) {
         mediaPrepare();
@@ -54,11 +55,11 @@ void prepareMedia() {
 // Returns 1 when the catalogue is ready; 0 after reporting the failure in a message box.
 int initGames() {
     showMessage("Loading Game Information...");
-    prepareMedia();
     if (!loadGameList()) {
         showError(mainWindow, "Error loading game list!");
         return 0;
     }
+    prepareMedia();
     startFavourites();
     showMessage("Filtering And Sorting...");
     scanRoms();

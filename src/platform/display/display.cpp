@@ -10,6 +10,7 @@
 #include "platform/display/key_map.h"
 #include "platform/display/key_state.h"
 #include "platform/display/synthesised_keys.h"
+#include "platform/display/video_mode.h"
 #include "platform/display/window_manager.h"
 #include "platform/display/x11_connection.h"
 
@@ -403,6 +404,7 @@ std::uint32_t displayInputCount() {
 
 void displayGiveUp() {
     display.givenUp = true;
+    noteVideoMode();
     if (display.window && display.ownsConsole) {
         SDL_DestroyWindow(display.window);
         display.window = nullptr;
@@ -419,6 +421,7 @@ void displayTakeBack() {
         return;
     }
     pumpEvents();
+    restoreVideoMode();
     SDL_RaiseWindow(display.window);
     SDL_SetWindowInputFocus(display.window);
     if (display.listener.pictureLost) {
