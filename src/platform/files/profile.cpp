@@ -117,6 +117,7 @@ DWORD GetPrivateProfileStringA(LPCSTR section, LPCSTR key, LPCSTR defaultText, L
     const std::string_view value = readValue(section, key, file).value_or(defaultText ? defaultText : "");
     const std::size_t copied = std::min<std::size_t>(value.size(), size - 1);
     std::memcpy(buffer, value.data(), copied);
+    std::replace(buffer, buffer + copied, '\r', ' '); // as it is written
     buffer[copied] = '\0';
     return static_cast<DWORD>(copied);
 }

@@ -60,6 +60,7 @@ TEST_F(ProfileTest, FindsValues) {
         {"[S]\nK=\"", "\""},
         {"[S]\nK=a\0b\nL=c"sv, "a"},
         {"[S]\rK=v\r", "-"},
+        {"[S]\nK=a\rb\r\n", "a b"},
         {"[\n[]\n]\n[S]\nK=\xE9\xFF", "\xE9\xFF"},
         {"\xFF\xFE[\0S\0]\0"sv, "-"},
     };
