@@ -12,7 +12,6 @@
 #include "overlays/message_window.h"
 #include "platform/clock.h"
 #include "platform/diagnostics.h"
-#include "platform/memory.h"
 #include "platform/screen.h"
 #include "platform/text_file.h"
 
@@ -99,8 +98,6 @@ void startReadingGameList() {
         if (!list) {
             return false;
         }
-        constexpr std::size_t expectedBytes = 16 << 20; // for the 45,000 games of a full list
-        reserveHeap(expectedBytes);
         readGameList(list);
         std::fclose(list);
         return true;

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Plain blocks of memory for pictures. Called by the PNG reader and by the drawing of pictures, which check
 // every allocation because the size of a picture comes from a file. All other code uses ordinary C++
-// allocation, for which a thread that makes very many small blocks can reserve room.
+// allocation.
 #pragma once
 
 #include "platform/types.h"
@@ -17,7 +17,3 @@ HGLOBAL GlobalAlloc(UINT flags, std::size_t size);
 
 // Releases a block; null is allowed. Always returns null.
 HGLOBAL GlobalFree(HGLOBAL block);
-
-// Enlarges the heap of the calling thread, not the main one, to at least `bytes`, at most 32 MiB. Otherwise
-// it grows by a page at a time, each with a system call that the page faults of all threads wait for.
-void reserveHeap(std::size_t bytes);

@@ -24,14 +24,10 @@ void keepFreedBlocks() {
     mallopt(M_TRIM_THRESHOLD, keptBytes);
 }
 
-void keepFreedBlocksOnce() {
-    [[maybe_unused]] static const bool once = (keepFreedBlocks(), true);
-}
-
 } // namespace
 
 HGLOBAL GlobalAlloc(UINT flags, std::size_t size) {
-    keepFreedBlocksOnce();
+    [[maybe_unused]] static const bool once = (keepFreedBlocks(), true);
     const std::size_t atLeastOne = std::max<std::size_t>(size, 1);
     return (flags & GPTR) != 0 ? std::calloc(1, atLeastOne) : std::malloc(atLeastOne);
 }
@@ -42,17 +38,11 @@ HGLOBAL GlobalFree(HGLOBAL block) {
     return nullptr;
 }
 
-void reserveHeap(std::size_t bytes) {
-    keepFreedBlocksOnce(); // or the block would not be in the heap, or not stay there
-    void* volatile block = std::malloc(bytes);
-    std::free(block);
-}
-
 // By default each thread gets a heap of its own, up to eight for each processor. Each one keeps up to 32 MiB
-// of what is freed in it, and the players start new threads with every file. With a single one the thread
-// that reads the list and the main thread would wait for each other.
+// of what is freed in it, and the players start new threads with every file. A second one costs 10 MiB, and
+// its growth is slow: a system call for each page.
 void limitHeaps() {
-    mallopt(M_ARENA_MAX, 2);
+    mallopt(M_ARENA_MAX, 1);
 }
 
 void returnFreeMemory() {
