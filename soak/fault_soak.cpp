@@ -432,6 +432,7 @@ void tryMisbehaviour(SoakCabinet& cabinet, const Misbehaviour& emulator, Outcome
 
 int main(int argc, char** argv) {
     const int moments = argc > 1 ? std::atoi(argv[1]) : 500;
+    std::signal(SIGHUP, SIG_DFL); // a program started with nohup would pass on that it is ignored
     randomNumbers.seed(argc > 2 ? static_cast<unsigned>(std::atoi(argv[2])) : 1);
     SoakCabinet cabinet;
     cabinet.writeList();

@@ -11,8 +11,8 @@
 // search for as many games.
 struct ZipListing {
     std::string text; // the names, each with a zero at the end; lower case if ignoresCase is set
-    std::vector<std::uint32_t>
-        places; // where names begin in `text`; 0: free; a power of two, or none without zips
+    // Where names begin in `text`, 0 for none. Its size is a power of two, or 0 without zips.
+    std::vector<std::uint32_t> places;
     bool ignoresCase = false;
 };
 
