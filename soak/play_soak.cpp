@@ -191,21 +191,27 @@ private:
         }
     }
 
-    // Moves by one game: down, or up at the end of the list.
+    // Moves by one game: down, or up at the end of the list. A late move down must not be mistaken for that,
+    // since the move up would undo it unseen.
     void probe(const std::string& action) {
-        std::optional<int> time = frontEnd_.reaction("Down", reactionLimit);
+        constexpr int patience = 5 * reactionLimit;
+        std::optional<int> time = frontEnd_.reaction("Down", patience);
         if (!time) {
-            time = frontEnd_.reaction("Up", reactionLimit);
+            time = frontEnd_.reaction("Up", patience);
         }
+        slowest_ = std::max(slowest_, time.value_or(patience));
+        if (time && *time <= reactionLimit) {
+            return;
+        }
+        ++faults_;
+        std::printf("%.1f s: reaction after %d ms, after: %s\n", elapsed(), time.value_or(-1),
+                    action.c_str());
         if (!time) {
-            ++faults_;
-            std::printf("%.1f s: no reaction after: %s\n", elapsed(), action.c_str());
             frontEnd_.printStacks();
             const std::optional<int> late = frontEnd_.reaction("Up", longestReaction);
             std::printf("reaction after %d ms more\n", late.value_or(-1));
-            std::fflush(stdout);
         }
-        slowest_ = std::max(slowest_, time.value_or(reactionLimit));
+        std::fflush(stdout);
     }
 
     double seconds_;
