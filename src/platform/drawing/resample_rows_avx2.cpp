@@ -62,7 +62,7 @@ void mixBytes(const std::uint8_t* const* rows, const std::int16_t* weights, int 
 }
 
 // Here and in mixAllColumns, a tap count known at compile time lets the compiler unroll the loop over the
-// taps. Every enlargement has 4 taps, a reduction by less than 1.25 has 6.
+// taps. Every enlargement has 4 taps, a reduction by up to 1.25 has 6, by up to 1.75 it has 8.
 template <int knownCount>
 void mixAllRows(const std::uint8_t* const* rows, const std::int16_t* weights, int anyCount,
                 std::int16_t* mixed, int length) {
@@ -131,6 +131,7 @@ void mixRowsAvx2(const std::uint8_t* const* rows, const std::int16_t* weights, i
                  int length) {
     (count == 4   ? mixAllRows<4>
      : count == 6 ? mixAllRows<6>
+     : count == 8 ? mixAllRows<8>
                   : mixAllRows<0>)(rows, weights, count, mixed, length);
 }
 
@@ -138,5 +139,6 @@ void mixColumnsAvx2(const std::int16_t* mixed, const std::int32_t* starts, const
                     int taps, std::uint32_t* pixels, int count) {
     (taps == 4   ? mixAllColumns<4>
      : taps == 6 ? mixAllColumns<6>
+     : taps == 8 ? mixAllColumns<8>
                  : mixAllColumns<0>)(mixed, starts, weights, taps, pixels, count);
 }
