@@ -59,6 +59,10 @@ void prepareRomScan() {
     preparedZips = listZips();
 }
 
+void discardRomListing() {
+    preparedZips.reset();
+}
+
 void scanRoms() {
     if (!preparedZips) {
         prepareRomScan();

@@ -7,6 +7,9 @@
 // which may be read by another thread meanwhile.
 void prepareRomScan();
 
+// Makes the next scanRoms list the folder itself again.
+void discardRomListing();
+
 // Sets romPresent of every record: 1 when the folder romsDir contains the zip of the game or of the game it
 // is a clone of, else 0.
 void scanRoms();

@@ -120,7 +120,7 @@ std::int32_t loadGameList() {
             hideMessage();
             return 0;
         }
-        prepareRomScan(); // files may have come meanwhile
+        discardRomListing(); // files may have come meanwhile
     }
     return loadGameInfo(settings.mameInfoPath);
 }

@@ -24,8 +24,6 @@ protected:
         static char face[] = "Arial";
         settings.fontFace = face;
         settings.fontSize = 12;
-        static char roms[] = "roms";
-        settings.romsDir = roms;
         settings.mameExe = emulator.data();
     }
     ~CatalogueLoaderTest() override {
