@@ -37,7 +37,7 @@ ZipListing listZips() {
     return makeZipListing(std::move(names), isInRomsFolder);
 }
 
-std::optional<ZipListing> preparedZips;
+std::optional<ZipListing> preparedZips; // by prepareRomScan
 
 // Returns 1 when the ROM folder contains the zip of a name, else 0. Names that are paths or patterns are
 // checked individually, as are all names when the listing is empty.
@@ -59,15 +59,13 @@ void prepareRomScan() {
     preparedZips = listZips();
 }
 
-void discardRomListing() {
+void discardRomScan() {
     preparedZips.reset();
 }
 
 void scanRoms() {
-    if (!preparedZips) {
-        prepareRomScan();
-    }
-    const ZipListing zips = *std::exchange(preparedZips, std::nullopt);
+    const ZipListing zips = preparedZips ? std::move(*preparedZips) : listZips();
+    preparedZips.reset();
     for (std::int32_t game = 0; game < gameCount; ++game) {
         GameRecord& record = *allGames[game];
         record.romPresent = zipExists(zips, record.name);

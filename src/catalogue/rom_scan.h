@@ -7,8 +7,8 @@
 // which may be read by another thread meanwhile.
 void prepareRomScan();
 
-// Makes the next scanRoms list the folder itself again.
-void discardRomListing();
+// Makes the next scanRoms list the folder itself after all.
+void discardRomScan();
 
 // Sets romPresent of every record: 1 when the folder romsDir contains the zip of the game or of the game it
 // is a clone of, else 0.

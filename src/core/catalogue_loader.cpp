@@ -120,7 +120,7 @@ std::int32_t loadGameList() {
             hideMessage();
             return 0;
         }
-        discardRomListing(); // files may have come meanwhile
+        discardRomScan(); // files may have come meanwhile
     }
     return loadGameInfo(settings.mameInfoPath);
 }

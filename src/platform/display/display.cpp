@@ -10,6 +10,7 @@
 #include "platform/display/key_map.h"
 #include "platform/display/key_state.h"
 #include "platform/display/synthesised_keys.h"
+#include "platform/display/temporary_variable.h"
 #include "platform/display/video_mode.h"
 #include "platform/display/window_manager.h"
 #include "platform/display/x11_connection.h"
@@ -80,26 +81,6 @@ void setHints() {
     SDL_SetHint(SDL_HINT_VIDEO_ALLOW_SCREENSAVER, "1");
     SDL_SetHint(SDL_HINT_NO_SIGNAL_HANDLERS, "1");
 }
-
-// Sets an environment variable that has no value, until the end of its scope, so that no child inherits it.
-class TemporaryVariable {
-public:
-    TemporaryVariable(const char* name, const char* value) : name_(std::getenv(name) ? nullptr : name) {
-        if (name_) {
-            setenv(name_, value, 1);
-        }
-    }
-    ~TemporaryVariable() {
-        if (name_) {
-            unsetenv(name_);
-        }
-    }
-    TemporaryVariable(const TemporaryVariable&) = delete;
-    TemporaryVariable& operator=(const TemporaryVariable&) = delete;
-
-private:
-    const char* name_; // null when the variable had a value
-};
 
 bool initVideo() {
     setHints();

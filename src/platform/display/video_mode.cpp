@@ -29,12 +29,9 @@ struct ShownMode {
     bool operator==(const ShownMode&) const = default;
 };
 
-// All sizes are in pixels, except the two in millimetres.
 struct ScreenState {
-    int width = 0;
-    int height = 0;
-    int widthInMillimetres = 0;
-    int heightInMillimetres = 0;
+    unsigned width = 0; // pixels
+    unsigned height = 0;
     std::vector<ShownMode> modes;
     bool operator==(const ScreenState&) const = default;
 };
@@ -53,19 +50,12 @@ std::optional<ScreenState> readScreen(Display* connection, const Resources& reso
     ScreenState screen;
     // Asks the server: Xlib's own values are those of the start.
     Window root = None;
-    int x = 0;
-    unsigned width = 0;
-    unsigned height = 0;
+    int place = 0;
     unsigned unused = 0;
-    if (!resources || XGetGeometry(connection, DefaultRootWindow(connection), &root, &x, &x, &width, &height,
-                                   &unused, &unused) == 0) {
+    if (!resources || XGetGeometry(connection, DefaultRootWindow(connection), &root, &place, &place,
+                                   &screen.width, &screen.height, &unused, &unused) == 0) {
         return std::nullopt;
     }
-    screen.width = static_cast<int>(width);
-    screen.height = static_cast<int>(height);
-    const int number = DefaultScreen(connection);
-    screen.widthInMillimetres = DisplayWidthMM(connection, number);
-    screen.heightInMillimetres = DisplayHeightMM(connection, number);
     for (int i = 0; i < resources->ncrtc; ++i) {
         const RRCrtc controller = resources->crtcs[i];
         XRRCrtcInfo* const info = XRRGetCrtcInfo(connection, resources.get(), controller);
@@ -104,8 +94,10 @@ void restoreVideoMode() {
             show(connection, resources, {mode.controller, 0, 0, None, RR_Rotate_0, {}});
         }
     }
-    XRRSetScreenSize(connection, DefaultRootWindow(connection), noted->width, noted->height,
-                     noted->widthInMillimetres, noted->heightInMillimetres);
+    const int number = DefaultScreen(connection);
+    XRRSetScreenSize(connection, RootWindow(connection, number), static_cast<int>(noted->width),
+                     static_cast<int>(noted->height), DisplayWidthMM(connection, number),
+                     DisplayHeightMM(connection, number));
     for (const ShownMode& mode : noted->modes) {
         if (std::ranges::find(found->modes, mode) == found->modes.end() && mode.mode != None) {
             show(connection, resources, mode);

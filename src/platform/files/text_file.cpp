@@ -144,7 +144,7 @@ bool beginsUtf8(const TextFile& file, std::string_view text) {
     return utf8proc_iterate(character.data(), static_cast<utf8proc_ssize_t>(length), &letter) > 0;
 }
 
-// Decides the encoding of the file if the text, the last that was read, has a byte that tells it.
+// Sets the encoding of the file when the text, which has just been read, contains a byte of 128 or more.
 void decideEncoding(TextFile& file, std::string_view text) {
     const std::size_t ascii = asciiLength(text);
     if (ascii < text.size()) {
