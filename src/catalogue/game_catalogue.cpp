@@ -5,6 +5,8 @@
 #include "catalogue/visible_games.h"
 
 #include <cstdlib>
+#include <memory_resource>
+#include <optional>
 #include <span>
 #include <string_view>
 #include <unordered_map>
@@ -14,6 +16,10 @@ std::int32_t gameCount = 0;
 HashTable* gameIndex = nullptr;
 
 namespace {
+
+// All records. The list is read in a thread, which would wait for the main thread, and that for it, if every
+// record were allocated by itself.
+std::optional<std::pmr::monotonic_buffer_resource> recordMemory;
 
 // Defaults for data that is missing in a block. Shared by all records and never modified.
 char emptyText[] = "";
@@ -50,12 +56,13 @@ bool resizeCatalogue(std::size_t capacity) {
 
 // Grows the array by half each time, so that the copying stays linear.
 void readRecords(FILE* stream) {
+    constexpr std::size_t firstBlockSize = 1 << 20;
+    recordMemory.emplace(firstBlockSize);
     std::size_t capacity = 0;
-    while (GameRecord* record = parseGameRecord(stream)) {
+    while (GameRecord* record = parseGameRecord(stream, *recordMemory)) {
         if (static_cast<std::size_t>(gameCount) == capacity) {
             capacity = capacity + capacity / 2 + 1024;
             if (!resizeCatalogue(capacity)) {
-                freeGameRecord(record);
                 break;
             }
         }
@@ -70,7 +77,8 @@ void readRecords(FILE* stream) {
 // Finds the parents in a map, since the chains of the index are long. Both find the first of several records
 // with the same name.
 void linkClones() {
-    std::unordered_map<std::string_view, GameRecord*> records;
+    std::pmr::monotonic_buffer_resource memory;
+    std::pmr::unordered_map<std::string_view, GameRecord*> records(&memory);
     records.reserve(static_cast<std::size_t>(gameCount));
     for (GameRecord* record : std::span(allGames, static_cast<std::size_t>(gameCount))) {
         if (record->name) {
@@ -101,6 +109,7 @@ void freeGameList() {
     for (std::int32_t game = 0; game < gameCount; ++game) {
         freeGameRecord(allGames[game]);
     }
+    recordMemory.reset();
     std::free(static_cast<void*>(allGames));
     allGames = nullptr;
     gameCount = 0;

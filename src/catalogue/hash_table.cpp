@@ -2,9 +2,10 @@
 #include "catalogue/hash_table.h"
 
 #include <cstring>
+#include <new>
 
-ListNode* listInsertAfter(void* data, ListNode* after) {
-    auto* node = new ListNode{data, nullptr};
+ListNode* listInsertAfter(void* data, ListNode* after, std::pmr::memory_resource& memory) {
+    auto* node = new (memory.allocate(sizeof(ListNode), alignof(ListNode))) ListNode{data, nullptr};
     if (after) {
         node->next = after->next;
         after->next = node;
@@ -12,31 +13,24 @@ ListNode* listInsertAfter(void* data, ListNode* after) {
     return node;
 }
 
-void listFree(ListNode* node) {
-    while (node) {
-        ListNode* next = node->next;
-        delete node;
-        node = next;
-    }
-}
-
 HashTable* hashCreate(std::uint32_t size, std::uint32_t (*hash)(const void* key, std::uint32_t size),
                       int (*equals)(const void* entryKey, const void* soughtKey)) {
     if (size == 0) {
         return nullptr;
     }
-    return new HashTable{new ListNode* [size] {}, new ListNode* [size] {}, size, hash, equals};
+    // As many entries as buckets are expected, in one block.
+    constexpr std::size_t entrySize = sizeof(ListNode) + sizeof(HashEntry);
+    return new HashTable{new ListNode* [size] {},
+                         new ListNode* [size] {},
+                         size,
+                         hash,
+                         equals,
+                         std::pmr::monotonic_buffer_resource(size * entrySize)};
 }
 
 void hashDestroy(HashTable* table) {
     if (!table) {
         return;
-    }
-    for (std::uint32_t bucket = 0; bucket < table->size; ++bucket) {
-        for (const ListNode* node = table->buckets[bucket]; node; node = node->next) {
-            delete static_cast<HashEntry*>(node->data);
-        }
-        listFree(table->buckets[bucket]);
     }
     delete[] table->buckets;
     delete[] table->tails;
@@ -48,7 +42,8 @@ void hashInsert(const void* key, void* value, HashTable* table) {
         return;
     }
     const std::uint32_t bucket = table->hash(key, table->size);
-    ListNode* node = listInsertAfter(new HashEntry{key, value}, table->tails[bucket]);
+    void* place = table->memory.allocate(sizeof(HashEntry), alignof(HashEntry));
+    ListNode* node = listInsertAfter(new (place) HashEntry{key, value}, table->tails[bucket], table->memory);
     if (!table->buckets[bucket]) {
         table->buckets[bucket] = node;
     }

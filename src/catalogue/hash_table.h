@@ -5,6 +5,7 @@
 #pragma once
 
 #include <cstdint>
+#include <memory_resource>
 
 struct ListNode {
     void* data; // borrowed
@@ -22,14 +23,12 @@ struct HashTable {
     std::uint32_t size;
     std::uint32_t (*hash)(const void* key, std::uint32_t size); // returns the bucket, 0 to size - 1
     int (*equals)(const void* entryKey, const void* soughtKey); // returns non-zero for equal keys
+    std::pmr::monotonic_buffer_resource memory;                 // holds all nodes and entries
 };
 
 // Inserts a new node for data directly after `after` and returns it. With a null `after`, the node starts a
-// new list.
-ListNode* listInsertAfter(void* data, ListNode* after);
-
-// Frees the node and all that follow it, but not their data. Null is ignored.
-void listFree(ListNode* node);
+// new list. The node lives as long as `memory`.
+ListNode* listInsertAfter(void* data, ListNode* after, std::pmr::memory_resource& memory);
 
 // Returns a new empty table with `size` buckets, or null when size is 0.
 HashTable* hashCreate(std::uint32_t size, std::uint32_t (*hash)(const void* key, std::uint32_t size),

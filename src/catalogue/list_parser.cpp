@@ -225,7 +225,7 @@ char* placeText(const DraftText& text, char*& place) {
     return copy;
 }
 
-GameRecord* makeRecord(const Draft& draft) {
+GameRecord* makeRecord(const Draft& draft, std::pmr::memory_resource& memory) {
     std::size_t size = sizeof(GameRecord);
     size += draft.hasVideo ? sizeof(VideoInfo) : 0;
     size += draft.hasInput ? sizeof(InputInfo) : 0;
@@ -233,10 +233,7 @@ GameRecord* makeRecord(const Draft& draft) {
                                   &draft.romOf, &draft.screen}) {
         size += text->present ? text->length + 1 : 0;
     }
-    char* place = static_cast<char*>(std::malloc(size));
-    if (!place) {
-        return nullptr;
-    }
+    char* place = static_cast<char*>(memory.allocate(size, alignof(GameRecord)));
     GameRecord* const record = new (place) GameRecord{};
     place += sizeof(GameRecord);
     if (draft.hasVideo) {
@@ -264,7 +261,7 @@ GameRecord* makeRecord(const Draft& draft) {
 
 } // namespace
 
-GameRecord* parseGameRecord(FILE* stream) {
+GameRecord* parseGameRecord(FILE* stream, std::pmr::memory_resource& memory) {
     Draft draft;
     char buffer[lineBufferSize];
     while (!draft.complete && std::fgets(buffer, lineBufferSize, stream)) {
@@ -278,7 +275,7 @@ GameRecord* parseGameRecord(FILE* stream) {
             readStatement(draft, line);
         }
     }
-    return draft.started ? makeRecord(draft) : nullptr;
+    return draft.started ? makeRecord(draft, memory) : nullptr;
 }
 
 const char* skipWhitespace(const char* text) {
@@ -296,5 +293,4 @@ void freeGameRecord(GameRecord* record) {
         std::free(record->infoLines[line]);
     }
     std::free(static_cast<void*>(record->infoLines));
-    std::free(record);
 }

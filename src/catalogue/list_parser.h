@@ -6,18 +6,17 @@
 #include "catalogue/game_record.h"
 
 #include <cstdio>
+#include <memory_resource>
 
 // Reads one block from a stream opened with openTextFile and positioned at the start of a line. Returns a
-// record for the caller to free with freeGameRecord, incomplete when the file ends inside the block, or null
-// when only blank lines are left or memory runs out.
+// record, incomplete when the file ends inside the block, or null when only blank lines are left.
 //
-// The record, its sub-records and its texts share one allocation, which saves eight allocations per game. Do
-// not free any of them separately; replacing a pointer with one to longer-lived data is fine.
-GameRecord* parseGameRecord(FILE* stream);
+// The record, its sub-records and its texts are one block of `memory`, which the caller releases after
+// freeGameRecord. Replacing a pointer with one to longer-lived data is fine.
+GameRecord* parseGameRecord(FILE* stream, std::pmr::memory_resource& memory);
 
 // Returns the first character of text that is not white space, or the terminator.
 const char* skipWhitespace(const char* text);
 
-// Frees a record from parseGameRecord and its infoLines, an array of strings that were all allocated with
-// malloc. Null is ignored.
+// Frees the infoLines of a record, an array of strings that were all allocated with malloc. Null is ignored.
 void freeGameRecord(GameRecord* record);

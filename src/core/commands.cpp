@@ -21,6 +21,7 @@
 #include "platform/painting.h"
 #include "platform/sound.h"
 #include "platform/window.h"
+#include "render/attract_movie.h"
 #include "render/composition.h"
 #include "render/primitives.h"
 #include "render/status_bar.h"
@@ -194,6 +195,9 @@ void handleTick(HWND window) {
         runOptionsMenu(window);
     }
     serveFavourites(window);
+    if (awaitedMovieIsReady()) {
+        redraw(window);
+    }
     startAttractPlayWhenIdle(window);
     // A popup consumes WM_QUIT when it closes, so post it again for the main loop.
     RECT client{};

@@ -34,10 +34,15 @@ constexpr UINT MCIWNDM_SENDSTRINGA = 0x0465;
 constexpr UINT MCIWNDM_GET_DEST = 0x048E;
 
 // Starts to load the playback library on a separate thread, so that the first window need not wait for it.
-// Call it when a window is likely to be created; otherwise the first window starts the load.
+// Call it when a window is likely to be created; otherwise the load starts when the thread waits for messages
+// or for the size of a movie. While it lasts, whatever else loads libraries is delayed by up to 80 ms.
 void mediaPrepare();
 
-// Creates a media window on `parent` and starts to open the file, which must be a plain file. The window
-// appears with its first picture. It never has controls, a menu or error boxes; `style` is ignored. Null when
-// `parent` is not a window.
+// Whether loading the library has ended, successfully or not. A movie opened before would make the thread
+// wait for it.
+bool mediaReady();
+
+// Creates a media window on `parent` for the file, which must be a plain file. It is opened as soon as the
+// playback library is loaded. The window appears with its first picture. It never has controls, a menu or
+// error boxes; `style` is ignored. Null when `parent` is not a window.
 HWND MCIWndCreateA(HWND parent, HINSTANCE instance, DWORD style, LPCSTR file);

@@ -32,13 +32,18 @@ std::string findMovie(const GameRecord& game) {
     return {};
 }
 
-// Returns whether there is a movie, which is then open.
+// Whether the frame has a picture instead of a movie because the player is being loaded.
+bool isMovieAwaited = false;
+
+// Returns whether there is a movie and the player is loaded. It is then open.
 bool openMovie(const GameRecord& game) {
     const std::string path = findMovie(game);
-    if (!path.empty()) {
-        movieWindow = openMediaWindow(path.c_str());
+    isMovieAwaited = !path.empty() && !mediaReady();
+    if (path.empty() || isMovieAwaited) {
+        return false;
     }
-    return !path.empty();
+    movieWindow = openMediaWindow(path.c_str());
+    return true;
 }
 
 RECT naturalSize() {
@@ -103,4 +108,13 @@ void closeAttractMovie() {
         SendMessageA(movieWindow, WM_CLOSE, 0, 0);
         movieWindow = nullptr;
     }
+}
+
+int awaitedMovieIsReady() {
+    if (!isMovieAwaited) {
+        return 0;
+    }
+    mediaPrepare();
+    isMovieAwaited = !mediaReady();
+    return isMovieAwaited ? 0 : 1;
 }

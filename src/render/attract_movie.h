@@ -10,7 +10,7 @@
 extern HWND movieWindow;
 
 // Plays the movie of the game or, if it has none, of its parent. Returns 1 when the movie plays and 0 when
-// the caller should draw a picture instead. If a movie was opened, sets left and top of the area to the
+// the caller should draw a picture instead, also while the player is being loaded. If a movie was opened, sets left and top of the area to the
 // position of its window, even when it cannot be played.
 int playAttractMovie(const GameRecord* game, RECT* area);
 
@@ -20,3 +20,7 @@ int playTurnedMovie(const GameRecord* game, const RECT& place);
 
 // Closes the movie window, if any.
 void closeAttractMovie();
+
+// Returns 1 once when the last frame has no movie because the player was not loaded, which it is now: the
+// caller should redraw. Otherwise 0.
+int awaitedMovieIsReady();

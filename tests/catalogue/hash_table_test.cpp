@@ -25,7 +25,6 @@ TEST(HashTable, IgnoresMissingTablesKeysAndValues) {
     hashInsert("key", &value, nullptr);
     EXPECT_EQ(hashFind("key", nullptr), nullptr);
     hashDestroy(nullptr);
-    listFree(nullptr);
 
     HashTable* table = hashCreate(3, hashGameName, gameNameEquals);
     hashInsert(nullptr, &value, table);
@@ -60,15 +59,15 @@ TEST(HashTable, KeepsInsertionOrderAndFindsTheFirstOfEqualKeys) {
 }
 
 TEST(HashTable, InsertsNodesDirectlyAfterAnother) {
+    std::pmr::monotonic_buffer_resource memory;
     int data[3] = {};
-    ListNode* head = listInsertAfter(&data[0], nullptr);
-    ListNode* last = listInsertAfter(&data[2], head);
-    ListNode* middle = listInsertAfter(&data[1], head);
+    ListNode* head = listInsertAfter(&data[0], nullptr, memory);
+    ListNode* last = listInsertAfter(&data[2], head, memory);
+    ListNode* middle = listInsertAfter(&data[1], head, memory);
     EXPECT_EQ(head->next, middle);
     EXPECT_EQ(middle->next, last);
     EXPECT_EQ(last->next, nullptr);
     EXPECT_EQ(middle->data, &data[1]);
-    listFree(head);
 }
 
 TEST(HashTable, HashesNamesToTheSumOfTheirSignedBytes) {

@@ -13,7 +13,7 @@
 
 namespace {
 
-class AttractMovieTest : public ::testing::Test {
+class AttractMovieAtStart : public ::testing::Test {
 protected:
     void SetUp() override {
         mainWindow = openFrame();
@@ -35,6 +35,27 @@ protected:
     char parent[7] = "parent";
     GameRecord game{};
 };
+
+class AttractMovieTest : public AttractMovieAtStart {
+protected:
+    void SetUp() override {
+        AttractMovieAtStart::SetUp();
+        waitForPlayer();
+    }
+};
+
+// Runs in a process of its own or first, while the player is not loaded.
+TEST_F(AttractMovieAtStart, IsLeftOutUntilThePlayerIsLoaded) {
+    ASSERT_FALSE(mediaReady());
+    write("clone", 100, 50);
+    RECT area{0, 0, 300, 200};
+    EXPECT_EQ(awaitedMovieIsReady(), 0);
+    EXPECT_EQ(playAttractMovie(&game, &area), 0);
+    EXPECT_EQ(movieWindow, nullptr);
+    EXPECT_TRUE(keepAliveUntil([] { return awaitedMovieIsReady() == 1; }));
+    EXPECT_EQ(awaitedMovieIsReady(), 0);
+    EXPECT_EQ(playAttractMovie(&game, &area), 1);
+}
 
 TEST_F(AttractMovieTest, FitsTheMovieWithoutEnlargingIt) {
     struct Case {

@@ -121,6 +121,7 @@ TEST_F(CompositionTest, KeepsTheBannerInPlaceUnderTheStatusBar) {
 
 TEST_F(CompositionTest, PutsMoviesInTheLowerRightQuarterAtEveryRotation) {
     mainWindow = openFrame();
+    waitForPlayer();
     std::free(settings.attractDir);
     settings.attractDir = strdup(".");
     AviWriter writer({800, 600, 10, 0}); // 4:3, which is assumed while the size of a movie is unknown

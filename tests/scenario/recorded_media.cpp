@@ -56,6 +56,10 @@ void mediaPrepare() {
     note("prepare");
 }
 
+bool mediaReady() {
+    return true;
+}
+
 HWND MCIWndCreateA(HWND parent, HINSTANCE instance, DWORD style, LPCSTR file) {
     note(std::string("open ") + file + (style == 0xC00A ? "" : " in a wrong style"));
     WNDCLASSA windowClass{};

@@ -59,7 +59,7 @@ TEST_F(SoundsTest, EachCommandPlaysItsSound) {
     frontEnd.tap(450, SDL_SCANCODE_R);    // moves up, for player 2
     frontEnd.tap(550, SDL_SCANCODE_F);    // moves down, for player 2
     EXPECT_EQ(frontEnd.run(950), 0);
-    EXPECT_EQ(requests(), (Words{"prepare", "Startup", "open track.mp3", "play repeat", "Error", "Select",
+    EXPECT_EQ(requests(), (Words{"Startup", "open track.mp3", "play repeat", "prepare", "Error", "Select",
                                  "Error", "Select", "Select", "Shutdown waited for", "end"}));
     EXPECT_GE(frontEnd.elapsed(), 1000 + recordedSoundLength);
 }
@@ -74,7 +74,7 @@ TEST_F(SoundsTest, TheAmbiencePausesDuringAGame) {
             frontEnd.tap(150, SDL_SCANCODE_1);
             EXPECT_EQ(frontEnd.run(9000), 0);
             const bool pauses = *whilePlaying == '0';
-            Words wanted = {"prepare", "Startup", "open track.mp3", "play repeat"};
+            Words wanted = {"Startup", "open track.mp3", "play repeat", "prepare"};
             for (const auto& [word, expected] : {std::pair("pause", pauses),
                                                  {"StartGame waited for", true},
                                                  {"give up", true},

@@ -4,6 +4,7 @@
 #pragma once
 
 #include "avi_writer.h"
+#include "platform/media.h"
 #include "platform/messages.h"
 #include "platform/painting.h"
 #include "platform/test_access.h"
@@ -75,4 +76,10 @@ inline bool keepAliveUntil(const std::function<bool()>& condition, int milliseco
         std::this_thread::sleep_for(std::chrono::milliseconds(1));
     }
     return true;
+}
+
+// Loads the playback library.
+inline void waitForPlayer() {
+    mediaPrepare();
+    keepAliveUntil(mediaReady);
 }

@@ -30,8 +30,8 @@ constexpr LPCSTR mediaClass = "MCIWndClass";
 // Opening a movie may delay a tick by 40 ms; the other 15 ms are for drawing.
 constexpr int longestWait = 25; // milliseconds
 
-// The first movie also loads the library and creates a core. Without this longer wait, the picture would show
-// no movie, or one of a wrong size, until the next move.
+// The first movie also creates a core and, without mediaPrepare, loads the library. Without this longer wait,
+// the picture would show no movie, or one of a wrong size, until the next move.
 constexpr int longestFirstWait = 1000;
 
 constexpr std::chrono::milliseconds longestShutdown(1000);
@@ -173,6 +173,9 @@ void fitIntoPlace(MediaWindow& media) {
 }
 
 void updateMedia(MediaWindow& media) {
+    if (!media.path.empty()) {
+        mpvLibraryLoad();
+    }
     openMedia(media);
     if (!media.player) {
         return;
@@ -310,7 +313,11 @@ void registerMediaClass() {
 } // namespace
 
 void mediaPrepare() {
-    mpvLibraryState();
+    mpvLibraryLoad();
+}
+
+bool mediaReady() {
+    return mpvLibraryState() != MpvState::loading;
 }
 
 HWND MCIWndCreateA(HWND parent, HINSTANCE instance, DWORD, LPCSTR file) {

@@ -63,23 +63,26 @@ Loading& loading() {
 
 } // namespace
 
-MpvState mpvLibraryState() {
+void mpvLibraryLoad() {
     Loading& current = loading();
     if (!current.result.valid()) {
         current.result = std::async(std::launch::async, loadLibrary, std::ref(current.library)).share();
         // The process must not exit while the library is being loaded.
         std::atexit([] { loading().result.wait(); });
     }
-    if (current.result.wait_for(std::chrono::seconds(0)) != std::future_status::ready) {
+}
+
+MpvState mpvLibraryState() {
+    const std::shared_future<bool>& result = loading().result;
+    if (!result.valid() || result.wait_for(std::chrono::seconds(0)) != std::future_status::ready) {
         return MpvState::loading;
     }
-    return current.result.get() ? MpvState::ready : MpvState::absent;
+    return result.get() ? MpvState::ready : MpvState::absent;
 }
 
 void mpvLibraryWait(int milliseconds) {
-    if (mpvLibraryState() == MpvState::loading) {
-        loading().result.wait_for(std::chrono::milliseconds(milliseconds));
-    }
+    mpvLibraryLoad();
+    loading().result.wait_for(std::chrono::milliseconds(milliseconds));
 }
 
 const MpvLibrary& mpvLibrary() {

@@ -25,12 +25,16 @@ struct MpvLibrary {
     decltype(&mpv_render_context_free) renderContextFree;
 };
 
+// `loading` also before loading has started.
 enum class MpvState { loading, ready, absent };
 
-// Returns the state without waiting. The first call starts loading.
+// Starts loading. Does nothing after the first call.
+void mpvLibraryLoad();
+
+// Returns the state without waiting.
 MpvState mpvLibraryState();
 
-// Waits until loading has finished or `milliseconds` have passed.
+// Starts loading and waits until it has finished or `milliseconds` have passed.
 void mpvLibraryWait(int milliseconds);
 
 // The library. Valid only in the state ready.
