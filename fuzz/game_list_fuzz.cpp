@@ -4,11 +4,13 @@
 #include "catalogue/game_catalogue.h"
 #include "catalogue/game_filter.h"
 #include "catalogue/game_sort.h"
+#include "catalogue/list_parser.h"
 #include "catalogue/visible_games.h"
 #include "platform/text_file.h"
 #include "support/default_settings.h"
 #include "support/fuzz_input.h"
 #include "support/scratch_folder.h"
+#include "support/separate_blocks.h"
 
 #include <cstring>
 
@@ -40,6 +42,11 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     readSettings(input);
     writeScratchFile("listinfo.dat", input.rest());
     FILE* file = openTextFile("listinfo.dat");
+    SeparateBlocks records;
+    while (parseGameRecord(file, records)) {
+    }
+    std::fclose(file);
+    file = openTextFile("listinfo.dat");
     readGameList(file);
     std::fclose(file);
     for (std::int32_t game = 0; game < gameCount; ++game) {

@@ -2,10 +2,10 @@
 #include "catalogue/list_parser.h"
 
 #include "support/game_list.h"
+#include "support/separate_blocks.h"
 
 #include <gtest/gtest.h>
 
-#include <memory_resource>
 #include <vector>
 
 namespace {
@@ -29,9 +29,7 @@ protected:
     }
 
 private:
-    // Allocates each record by itself, so that the sanitizer finds accesses beyond its end.
-    std::pmr::unsynchronized_pool_resource memory{
-        {.max_blocks_per_chunk = 1, .largest_required_pool_block = 1}};
+    SeparateBlocks memory;
 };
 
 TEST_F(ListParser, ReadsWholeBlocks) {

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/media/mpv_library.h"
 
+#include "platform/base/library_pages.h"
+
 #include <dlfcn.h>
 
 #include <chrono>
@@ -29,7 +31,9 @@ void limitBlocks(void* handle) {
 }
 
 bool loadLibrary(MpvLibrary& library) {
+    const int othersCount = libraryCount();
     void* const handle = dlopen(libraryName, RTLD_LAZY | RTLD_LOCAL);
+    dropLibraryPages(othersCount);
     if (handle) {
         limitBlocks(handle);
     }
