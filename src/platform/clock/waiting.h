@@ -24,8 +24,7 @@ void setInputWait(bool (*function)(std::int64_t nanoseconds));
 bool waitForInput(std::int64_t nanoseconds);
 
 // Calls the function of setKeepAlive, for a wait whose end is not a moment in time, and returns free memory
-// when the program rests. A wait with an interval of its own, of at most 50 ms,
-// may ignore the result.
+// when the program rests. A wait with an interval of its own, of at most 50 ms, may ignore the result.
 Pace keepAlive();
 
 // Waits for at least the given time, then keeps the screen alive. Returns the result of keepAlive().
