@@ -73,6 +73,7 @@ int initGames() {
     playSoundFile(settings.soundStartup, SND_ASYNC);
     startAmbience();
     if (gameCount == 0) {
+        prepareMedia();
         showError(mainWindow, "No games found!");
         return 0;
     }

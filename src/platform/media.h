@@ -33,9 +33,9 @@ constexpr UINT MCIWNDM_SENDSTRINGA = 0x0465;
 // the movie's shape inside the rectangle where it was placed.
 constexpr UINT MCIWNDM_GET_DEST = 0x048E;
 
-// Starts to load the playback library on a separate thread, so that the first window need not wait for it.
-// Call it when a window is likely to be created; otherwise the load starts when the thread waits for messages
-// or for the size of a movie. While it lasts, whatever else loads libraries is delayed by up to 80 ms.
+// Starts to load the playback library on a separate thread. To be called when there may be media windows,
+// before or after they are created; a request for a movie's size does it too. For about 80 ms, whatever else
+// loads libraries is delayed.
 void mediaPrepare();
 
 // Whether loading the library has ended, successfully or not. A movie opened before would make the thread

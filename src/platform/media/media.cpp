@@ -173,9 +173,6 @@ void fitIntoPlace(MediaWindow& media) {
 }
 
 void updateMedia(MediaWindow& media) {
-    if (!media.path.empty()) {
-        mpvLibraryLoad();
-    }
     openMedia(media);
     if (!media.player) {
         return;

@@ -118,6 +118,7 @@ TEST_F(MediaTest, AFilePausedBeforeItIsOpenStaysHidden) {
     SetWindowPos(movie, nullptr, movieX, movieY, numberedWidth, numberedHeight, 0);
     SendMessageA(movie, MCI_PLAY, 0, 0);
     SendMessageA(movie, MCI_PAUSE, 0, 0);
+    mediaPrepare();
     EXPECT_FALSE(keepAliveUntil([] { return shown() >= 0; }, 500));
     SendMessageA(movie, MCI_RESUME, 0, 0);
     EXPECT_TRUE(keepAliveUntil([] { return shown() >= 0; }));
