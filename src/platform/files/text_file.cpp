@@ -5,7 +5,6 @@
 #include "platform/files/file_io.h"
 #include "platform/files/paths.h"
 
-#include <stdio_ext.h>
 #include <unistd.h>
 #include <utf8proc.h>
 
@@ -207,7 +206,6 @@ FILE* openTextFile(LPCSTR path) {
     functions.close = closeStream;
     FILE* const stream = fopencookie(file.get(), "r", functions);
     if (stream) {
-        __fsetlocking(stream, FSETLOCKING_BYCALLER); // a lock for each line would cost a tenth of reading it
         setvbuf(stream, file->streamBuffer.data(), _IOFBF, file->streamBuffer.size());
         static_cast<void>(file.release()); // closeStream deletes it
     }
