@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Interrupts the real front end on a virtual screen: a signal or the loss of the display in every state that
-// it can be in, and at random moments; kills it while favourites are marked; and lets emulators misbehave.
-// Each time the front end must end within the limit, or go on, with the settings saved and no process or file
-// left. Usage: `fault_soak [MOMENTS [SEED]]`: the number of random moments, 500 by default; below 100 each
-// state gets one of the faults.
+// it can be in, and at random moments; kills it while favourites are marked; and lets emulators and the clock
+// misbehave. Each time the front end must end within the limit, or go on, with the settings saved and no
+// process or file left. Usage: `fault_soak [MOMENTS [SEED]]`: the number of random moments, 500 by default;
+// below 100 each state gets one of the faults.
 //
 // In order: the states and how they are reached, the faults and what must be true afterwards, random moments,
-// kills while marks are written, emulators.
+// kills while marks are written, emulators, the clock.
 #include "soak_cabinet.h"
 
 #include <algorithm>
@@ -72,6 +72,10 @@ bool startGame(SoakCabinet& cabinet) {
     return cabinet.waitForFile("running");
 }
 
+bool showsMovie(const Screenshot& shot) {
+    return shot.countColour(shot.whole(), 0xFFFFFF) > 3000;
+}
+
 bool owedTicks(SoakCabinet& cabinet) {
     if (!startGame(cabinet)) {
         return false;
@@ -97,11 +101,7 @@ const std::vector<State>& states() {
          {{"IdleSeconds", "1", "Extras"}, {"IdleStep", "1", "Extras"}}},
         {"movie",
          nullptr,
-         [](SoakCabinet& cabinet) {
-             return cabinet.screen().waitFor(
-                 [](const Screenshot& shot) { return shot.countColour(shot.whole(), 0xFFFFFF) > 3000; },
-                 8000);
-         },
+         [](SoakCabinet& cabinet) { return cabinet.screen().waitFor(showsMovie, 8000); },
          {{"Attract.dir", "attracts"}, {"AmbienceFile", "sounds/ambience.wav"}}},
         {"sound at the exit",
          nullptr,
@@ -428,6 +428,88 @@ void tryMisbehaviour(SoakCabinet& cabinet, const Misbehaviour& emulator, Outcome
     cabinet.endScreen();
 }
 
+// --- The clock ---
+
+void startWithSteppingClock(SoakCabinet& cabinet, const std::vector<SettingChange>& more, Outcome& outcome) {
+    cabinet.startScreen();
+    std::vector<SettingChange> settings = {{"Mame.exe", cabinet.path("emulator")},
+                                           {"SelectedGame", firstGame},
+                                           {"AmbienceFile", "sounds/ambience.wav"}};
+    settings.insert(settings.end(), more.begin(), more.end());
+    cabinet.writeSettings(settings);
+    cabinet.writeEmulator("touch running; sleep 1");
+    cabinet.startFrontEnd(STEPPING_CLOCK_PATH);
+    ++outcome.runs;
+}
+
+void endWithSteppingClock(SoakCabinet& cabinet, const char* where, Outcome& outcome) {
+    cabinet.frontEnd().signal(SIGTERM);
+    if (measureEnd(cabinet, endLimit, outcome) != 0) {
+        outcome.fail(where, "does not end");
+    }
+    cabinet.clear();
+    cabinet.endScreen();
+}
+
+bool stepsAreShownSoon(SoakCabinet& cabinet) {
+    constexpr int steps = 20;
+    constexpr int limit = 1000; // milliseconds
+    for (int step = 0; step < steps; ++step) {
+        const auto start = Clock::now();
+        if (!pressAndWait(cabinet, step % 4 == 3 ? "Up" : "Down") || millisecondsSince(start) > limit) {
+            return false;
+        }
+    }
+    return true;
+}
+
+// The list, saving, a game, and attract play after some seconds without a key.
+void tryKeysWithSteppingClock(SoakCabinet& cabinet, Outcome& outcome) {
+    constexpr const char* where = "keys";
+    constexpr int idleTime = 4000;
+    startWithSteppingClock(cabinet,
+                           {{"Attract.dir", ""},
+                            {"SaveOnChange", "1", "Extras"},
+                            {"IdleSeconds", std::to_string(idleTime / 1000), "Extras"}},
+                           outcome);
+    if (!cabinet.waitForGames() || !stepsAreShownSoon(cabinet)) {
+        outcome.fail(where, "no effect");
+    }
+    pauseFor(2000);
+    if (cabinet.setting("SelectedGame") == firstGame) {
+        outcome.fail(where, "the settings are not saved");
+    }
+    if (!startGame(cabinet) || !cabinet.screen().waitForFocus("KESTRAVOX", 8000)) {
+        outcome.fail(where, "the game is not started, or the focus is not back");
+    }
+    pauseFor(1500);
+    const Screenshot list = cabinet.screen().settled();
+    const auto start = Clock::now();
+    if (!cabinet.waitForChange(list) || millisecondsSince(start) > idleTime) {
+        outcome.fail(where, "attract play does not start in time");
+    }
+    endWithSteppingClock(cabinet, where, outcome);
+}
+
+// A movie goes on through all the steps.
+void tryMovieWithSteppingClock(SoakCabinet& cabinet, Outcome& outcome) {
+    constexpr const char* where = "movie";
+    startWithSteppingClock(cabinet, {{"Attract.dir", "attracts"}}, outcome);
+    if (!cabinet.waitForGames() || !cabinet.screen().waitFor(showsMovie, 8000)) {
+        outcome.fail(where, "it is not shown");
+    }
+    const auto start = Clock::now();
+    bool moves = true;
+    while (moves && millisecondsSince(start) < 8000) {
+        const Screenshot former = cabinet.screen().capture();
+        moves = cabinet.screen().waitFor([&](const Screenshot& shot) { return shot != former; }, 1000);
+    }
+    if (!moves) {
+        outcome.fail(where, "it stands still");
+    }
+    endWithSteppingClock(cabinet, where, outcome);
+}
+
 } // namespace
 
 int main(int argc, char** argv) {
@@ -450,5 +532,9 @@ int main(int argc, char** argv) {
     for (const Misbehaviour& emulator : misbehaviours) {
         tryMisbehaviour(cabinet, emulator, withEmulators);
     }
-    return report("misbehaving emulators", withEmulators) && good ? 0 : 1;
+    good = report("misbehaving emulators", withEmulators) && good;
+    Outcome withClock;
+    tryKeysWithSteppingClock(cabinet, withClock);
+    tryMovieWithSteppingClock(cabinet, withClock);
+    return report("stepping clock", withClock) && good ? 0 : 1;
 }

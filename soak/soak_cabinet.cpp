@@ -7,6 +7,7 @@
 
 #include <unistd.h>
 
+#include <algorithm>
 #include <chrono>
 #include <csignal>
 #include <cstdlib>
@@ -20,13 +21,16 @@ constexpr int screenWidth = 640;
 constexpr int screenHeight = 480;
 constexpr std::uint32_t listBackground = 0x0E0C22;
 
+// White, with a dark line that moves.
 std::string movie() {
     constexpr int size = 64;
     constexpr int framesPerSecond = 25;
     constexpr int seconds = 4;
     AviWriter writer({size, size, framesPerSecond, soundRate});
     for (int frame = 0; frame < seconds * framesPerSecond; ++frame) {
-        writer.addPicture(std::vector<std::uint32_t>(size * size, 0xFFFFFF));
+        std::vector<std::uint32_t> picture(size * size, 0xFFFFFF);
+        std::fill_n(picture.begin() + frame % size * size, size, 0x404040);
+        writer.addPicture(picture);
         writer.addSound(Samples(soundRate / framesPerSecond));
     }
     return writer.content();
@@ -91,11 +95,14 @@ void SoakCabinet::startScreen() {
     }
 }
 
-void SoakCabinet::startFrontEnd() {
+void SoakCabinet::startFrontEnd(const char* library) {
     ChildOptions options;
     options.words = {KESTRAVOX_PATH};
     options.environment = {screen_->environment(), "SDL_VIDEODRIVER=x11", "SDL_AUDIODRIVER=dummy",
                            "SOAK_CABINET=" + path("")};
+    if (library) {
+        options.environment.push_back(std::string("LD_PRELOAD=") + library);
+    }
     options.outputPath = path("output");
     frontEnd_ = std::make_unique<ChildProgram>(options);
 }

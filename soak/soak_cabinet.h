@@ -28,7 +28,8 @@ public:
 
     // Starts a new screen when the last one was ended.
     void startScreen();
-    void startFrontEnd();
+    // With the library loaded into it, if any.
+    void startFrontEnd(const char* library = nullptr);
     // Ends the front end and its children, releases a held key and removes temporary files.
     void clear();
     VirtualScreen& screen() { return *screen_; }
