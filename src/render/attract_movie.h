@@ -10,8 +10,8 @@
 extern HWND movieWindow;
 
 // Plays the movie of the game or, if it has none, of its parent. Returns 1 when the movie plays and 0 when
-// the caller should draw a picture instead, also while the player is being loaded. If a movie was opened, sets left and top of the area to the
-// position of its window, even when it cannot be played.
+// the caller should draw a picture instead, also while the player is being loaded. If a movie was opened,
+// sets left and top of the area to the position of its window, even when it cannot be played.
 int playAttractMovie(const GameRecord* game, RECT* area);
 
 // Plays the movie at the current rotation, as large as the rectangle of the frame allows. Finds the movie and

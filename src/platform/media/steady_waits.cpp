@@ -27,8 +27,8 @@ std::int64_t read(clockid_t clock) {
 }
 
 // Whether the condition's waits end at a time of CLOCK_MONOTONIC. glibc notes that here.
-bool isSteady(const pthread_cond_t& condition) {
-    return (condition.__data.__wrefs & 2U) != 0;
+bool isSteady(const pthread_cond_t* condition) {
+    return (condition->__data.__wrefs & 2U) != 0;
 }
 
 } // namespace
@@ -36,7 +36,7 @@ bool isSteady(const pthread_cond_t& condition) {
 // Converts the end, so that only a step before this line matters.
 extern "C" int pthread_cond_timedwait(pthread_cond_t* condition, pthread_mutex_t* mutex,
                                       const timespec* end) {
-    if (isSteady(*condition)) {
+    if (isSteady(condition)) {
         return pthread_cond_clockwait(condition, mutex, CLOCK_MONOTONIC, end);
     }
     const std::int64_t left = std::min(nanosecondsOf(*end) - read(CLOCK_REALTIME), longestWait);
