@@ -6,7 +6,6 @@
 
 #include <cstdlib>
 #include <memory_resource>
-#include <optional>
 #include <span>
 #include <string_view>
 #include <unordered_map>
@@ -18,8 +17,8 @@ HashTable* gameIndex = nullptr;
 namespace {
 
 // All records. The list is read in a thread, which would wait for the main thread, and that for it, if every
-// record were allocated by itself.
-std::optional<std::pmr::monotonic_buffer_resource> recordMemory;
+// record were allocated by itself. Not destroyed at exit, when that thread may still run.
+std::pmr::monotonic_buffer_resource* recordMemory = nullptr;
 
 // Defaults for data that is missing in a block. Shared by all records and never modified.
 char emptyText[] = "";
@@ -57,7 +56,9 @@ bool resizeCatalogue(std::size_t capacity) {
 // Grows the array by half each time, so that the copying stays linear.
 void readRecords(FILE* stream) {
     constexpr std::size_t firstBlockSize = 1 << 20;
-    recordMemory.emplace(firstBlockSize);
+    if (!recordMemory) {
+        recordMemory = new std::pmr::monotonic_buffer_resource(firstBlockSize);
+    }
     std::size_t capacity = 0;
     while (GameRecord* record = parseGameRecord(stream, *recordMemory)) {
         if (static_cast<std::size_t>(gameCount) == capacity) {
@@ -109,7 +110,8 @@ void freeGameList() {
     for (std::int32_t game = 0; game < gameCount; ++game) {
         freeGameRecord(allGames[game]);
     }
-    recordMemory.reset();
+    delete recordMemory;
+    recordMemory = nullptr;
     std::free(static_cast<void*>(allGames));
     allGames = nullptr;
     gameCount = 0;
